@@ -1,0 +1,105 @@
+// Handles, loading, messages and version.
+#include "api/measdata.h"
+#include "api/parse.h"
+#include "api/parser_state.h"
+#include "dataset/build.h"
+#include "dataset/fill.h"
+#include "measdata/meas_file_parser.h"
+
+#include <exception>
+#include <new>
+#include <string>
+#include <string_view>
+#include <utility>
+
+using vantor::Api::ParserState;
+using vantor::Api::state_of;
+using vantor::DataSet::PatchDataSet;
+using vantor::MeasData::MeasFileParser;
+
+namespace {
+
+// Short enough for every standard library to keep it without an allocation.
+constexpr const char* kOutOfMemory = "Out of memory\n";
+
+// What a failed load leaves: no patches, and the messages that tell why.
+void clear_after_failure(ParserState& state) {
+  std::string messages = std::move(state.chart.all_patches.messages);
+  state.chart.all_patches.reset();
+  state.chart.all_patches.messages = std::move(messages);
+}
+
+// `read` fills all_patches by way of a reader. The name is copied first, since the caller may have
+// got it from this handle.
+template <typename Read>
+int load(void* handle, const char* name, Read read) noexcept {
+  if (handle == nullptr) return 0;
+  ParserState& state = *state_of(handle);
+  try {
+    const std::string name_copy(name == nullptr ? "" : name);
+    MeasFileParser reader(state.parse_mode + 1);
+    if (read(state.chart.all_patches, reader, name_copy)) {
+      return parse(handle, &reader, name == nullptr ? nullptr : name_copy.c_str());
+    }
+  } catch (const std::exception&) {  // no memory, or more than a container can hold
+    state.chart.all_patches.messages = kOutOfMemory;
+  }
+  clear_after_failure(state);
+  return 0;
+}
+
+}  // namespace
+
+void* init_parser() noexcept { return new (std::nothrow) ParserState; }
+
+void cleanup_parser(void** handle) noexcept {
+  if (handle == nullptr) return;
+  delete state_of(*handle);
+  *handle = nullptr;
+}
+
+int parse_file(void* handle, const char* path) noexcept {
+  const auto read = [](PatchDataSet& patches, MeasFileParser& reader, const std::string& name) {
+    return vantor::DataSet::read_file(patches, name.c_str(), reader);
+  };
+  return load(handle, path == nullptr ? "" : path, read);
+}
+
+int parse_mem(void* handle, size_t length, const char* block, const char* name) noexcept {
+  const std::string_view text(block, block == nullptr ? 0 : length);
+  const auto read = [text](PatchDataSet& patches, MeasFileParser& reader, const std::string&) {
+    return vantor::DataSet::read_memory(patches, text, reader);
+  };
+  return load(handle, name, read);
+}
+
+int parse(void* handle, MeasFileParser* reader, const char* name) noexcept {
+  if (handle == nullptr || reader == nullptr) return 0;
+  static_cast<void>(name);
+  ParserState& state = *state_of(handle);
+  try {
+    vantor::DataSet::build_chart(state.chart, *reader);
+    return 1;
+  } catch (const std::exception&) {
+    state.chart.all_patches.messages = kOutOfMemory;
+    clear_after_failure(state);
+    return 0;
+  }
+}
+
+void set_parse_mode(void* handle, int mode) noexcept {
+  if (handle != nullptr && (mode == 0 || mode == 1)) state_of(handle)->parse_mode = mode;
+}
+
+int get_parse_mode(void* handle) noexcept {
+  return handle == nullptr ? 0 : state_of(handle)->parse_mode;
+}
+
+const char* parse_messages(void* handle) noexcept {
+  return handle == nullptr ? nullptr : state_of(handle)->chart.all_patches.messages.c_str();
+}
+
+const char* parser_version() noexcept { return "1.9.7"; }
+int parser_version_major() noexcept { return 1; }
+int parser_version_minor() noexcept { return 9; }
+int parser_version_bugfix() noexcept { return 7; }

@@ -1,0 +1,14 @@
+// The one export that is C++: the build after a successful read.
+#ifndef MEASDATA_API_PARSE_H
+#define MEASDATA_API_PARSE_H
+
+#include "api/measdata.h"
+#include "measdata/meas_file_parser.h"
+
+/// Builds everything that depends on the whole file, once all_patches of the handle is filled from
+/// `reader`. `name` is the path or name of the file and may be null. 1 when it completes, 0 when it
+/// cannot or when the handle or the reader is null.
+MEASDATA_API int parse(void* handle, vantor::MeasData::MeasFileParser* reader,
+                       const char* name) noexcept;
+
+#endif  // MEASDATA_API_PARSE_H

@@ -1,0 +1,193 @@
+#include "dataset/fill.h"
+
+#include "dataset/column_classification.h"
+#include "dataset/device_channels.h"
+#include "dataset/field_kinds.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace vantor::DataSet {
+namespace {
+
+using MeasData::MeasFileParser;
+
+// The cells of one row at a time.
+class RowCells {
+ public:
+  explicit RowCells(const MeasFileParser& reader) : reader_(reader) {}
+
+  void move_to(int row) { reader_.cells_of_row(row, cells_); }
+
+  double number(std::int32_t field) const {
+    return is_cell(field) ? reader_.number_of(cells_[static_cast<std::size_t>(field)], field) : 0.0;
+  }
+  void numbers(std::span<const std::int32_t> fields, std::span<double> values) const {
+    for (std::size_t i = 0; i < fields.size(); ++i) values[i] = number(fields[i]);
+  }
+  void append_text(std::int32_t field, TextColumn& column) const {
+    if (!is_cell(field)) {
+      column.append({});
+    } else if (const std::string_view cell = cells_[static_cast<std::size_t>(field)];
+               reader_.is_numeric(field)) {
+      column.append(reader_.text_of(cell, field));
+    } else {
+      column.append(cell);
+    }
+  }
+
+ private:
+  bool is_cell(std::int32_t field) const {
+    return field >= 0 && static_cast<std::size_t>(field) < cells_.size();
+  }
+
+  const MeasFileParser& reader_;
+  std::vector<std::string_view> cells_;
+};
+
+std::int32_t count_decimals(const std::string& number) {
+  const std::size_t point = number.find('.');
+  if (point == std::string::npos) return 0;
+  const std::size_t end = number.find_first_not_of("0123456789", point + 1);
+  return static_cast<std::int32_t>(std::min(end, number.size()) - point - 1);
+}
+
+void reserve_rows(ColorTypes::ValueTable& table, bool is_wanted, std::size_t width,
+                  std::size_t rows) {
+  table.reset(width);
+  if (is_wanted) table.reserve(rows);
+}
+
+void make_room(PatchDataSet& data_set) {
+  const auto rows = static_cast<std::size_t>(data_set.num_patches);
+  if (data_set.sample_id_field != -1) data_set.sample_ids.reserve(rows);
+  if (data_set.sample_loc_field != -1) data_set.sample_locations.reserve(rows);
+  if (data_set.sample_name_field != -1) data_set.sample_names.reserve(rows);
+  if (data_set.scw_index_field != -1) data_set.scw_indices.reserve(rows);
+  reserve_rows(data_set.device_values, true, data_set.device_fields.size(), rows);
+  reserve_rows(data_set.lab_values, data_set.has_lab, 3, rows);
+  reserve_rows(data_set.lch_values, data_set.has_lch, 3, rows);
+  reserve_rows(data_set.xyz_values, data_set.has_xyz, 3, rows);
+  reserve_rows(data_set.density_values, data_set.has_density, data_set.density_fields.size(), rows);
+}
+
+void fill_patch(const RowCells& cells, PatchDataSet& data_set) {
+  cells.numbers(data_set.device_fields, data_set.device_values.append_row());
+  if (data_set.has_lab) cells.numbers(data_set.lab_fields, data_set.lab_values.append_row());
+  if (data_set.has_lch) cells.numbers(data_set.lch_fields, data_set.lch_values.append_row());
+  if (data_set.has_xyz) cells.numbers(data_set.xyz_fields, data_set.xyz_values.append_row());
+  if (data_set.has_density) {
+    cells.numbers(data_set.density_fields, data_set.density_values.append_row());
+  }
+  if (data_set.sample_id_field != -1) {
+    cells.append_text(data_set.sample_id_field, data_set.sample_ids);
+  }
+  if (data_set.sample_loc_field != -1) {
+    cells.append_text(data_set.sample_loc_field, data_set.sample_locations);
+  }
+  if (data_set.sample_name_field != -1) {
+    cells.append_text(data_set.sample_name_field, data_set.sample_names);
+  }
+  if (data_set.scw_index_field != -1) {
+    data_set.scw_indices.push_back(cells.number(data_set.scw_index_field));
+  }
+}
+
+void fill_patches(const MeasFileParser& reader, const MeasuredGrid& measured,
+                  PatchDataSet& data_set) {
+  const std::size_t grid_count = measured.adjust ? static_cast<std::size_t>(data_set.spectral_count)
+                                                 : data_set.spectral_fields.size();
+  reserve_rows(data_set.spectra, data_set.has_spectral, grid_count,
+               static_cast<std::size_t>(data_set.num_patches));
+  RowCells cells(reader);
+  std::vector<double> spectrum(measured.adjust ? data_set.spectral_fields.size() : 0);
+  for (int row = 0; row < data_set.num_patches; ++row) {
+    cells.move_to(row);
+    fill_patch(cells, data_set);
+    if (measured.adjust) {
+      cells.numbers(data_set.spectral_fields, spectrum);
+      resample(measured, spectrum, data_set, data_set.spectra.append_row());
+    } else if (data_set.has_spectral) {
+      cells.numbers(data_set.spectral_fields, data_set.spectra.append_row());
+    }
+  }
+}
+
+// Resampled spectra belong to no field of the file.
+void adopt_grid(PatchDataSet& data_set) {
+  data_set.spectral_fields.clear();
+  data_set.wavelengths.clear();
+  for (std::int32_t k = 0; k < data_set.spectral_count; ++k) {
+    data_set.wavelengths.push_back(data_set.spectral_start_nm +
+                                   static_cast<double>(k) * data_set.spectral_step_nm);
+  }
+}
+
+void copy_texts(const std::vector<std::string_view>& views, std::vector<std::string>& texts) {
+  texts.assign(views.begin(), views.end());
+}
+
+void copy_header(const MeasFileParser& reader, PatchDataSet& data_set) {
+  data_set.header_keywords.clear();
+  data_set.header_keywords.reserve(reader.keywords().size());
+  for (const MeasData::KeywordEntry& entry : reader.keywords()) {
+    data_set.header_keywords.push_back(
+        {std::string(entry.name), std::string(entry.value), std::string(entry.comment)});
+  }
+  copy_texts(reader.weighting_functions(), data_set.weighting_functions);
+  copy_texts(reader.computational_parameters(), data_set.computational_parameters);
+  copy_texts(reader.process_color_ids(), data_set.process_color_ids);
+  copy_texts(reader.spot_color_ids(), data_set.spot_color_ids);
+}
+
+}  // namespace
+
+bool read_file(PatchDataSet& data_set, const char* path, MeasFileParser& reader,
+               const SpectralRequest& range, const SpectralRequest& grid) {
+  data_set.reset();
+  if (!reader.load_file(path)) {
+    data_set.messages += reader.messages();
+    return false;
+  }
+  data_set.file_name = path;
+  return fill(data_set, reader, range, grid);
+}
+
+bool read_memory(PatchDataSet& data_set, std::string_view text, MeasFileParser& reader,
+                 const SpectralRequest& range, const SpectralRequest& grid) {
+  data_set.reset();
+  if (!reader.load_view(text)) {
+    data_set.messages += reader.messages();
+    return false;
+  }
+  return fill(data_set, reader, range, grid);
+}
+
+bool fill(PatchDataSet& data_set, const MeasFileParser& reader, const SpectralRequest& range,
+          const SpectralRequest& grid) {
+  data_set.file_identifier = reader.identifier();
+  data_set.device_space = detect_device_channels(reader, data_set.device_fields);
+  classify_single_fields(reader, data_set);
+  data_set.num_patches = reader.row_count();
+  if (!data_set.device_fields.empty() && data_set.num_patches > 0) {
+    data_set.device_decimals = count_decimals(reader.value(0, data_set.device_fields.front()));
+  }
+  classify_measurement_fields(reader, data_set);
+  classify_density_fields(reader, data_set);
+  make_room(data_set);
+
+  MeasuredGrid measured;
+  if (data_set.has_spectral && !settle_spectral_grid(data_set, range, grid, measured)) {
+    return false;
+  }
+  fill_patches(reader, measured, data_set);
+  if (measured.adjust) adopt_grid(data_set);
+  list_field_kinds(reader, data_set);
+  copy_header(reader, data_set);
+  return true;
+}
+
+}  // namespace vantor::DataSet

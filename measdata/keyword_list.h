@@ -1,0 +1,38 @@
+// The header keywords of one file.
+#ifndef MEASDATA_MEASDATA_KEYWORD_LIST_H
+#define MEASDATA_MEASDATA_KEYWORD_LIST_H
+
+#include <cstddef>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace vantor::MeasData {
+
+/// Views into the text that the reader holds.
+struct KeywordEntry {
+  std::string_view name;
+  std::string_view value;
+  std::string_view comment;
+};
+
+/// Entries in order of first appearance; no name stands twice. Found by hash, since a file may hold
+/// any number of them.
+class KeywordList {
+ public:
+  const std::vector<KeywordEntry>& entries() const { return entries_; }
+  bool contains(std::string_view name) const { return positions_.contains(name); }
+  /// The entry of that name, null when there is none.
+  KeywordEntry* find(std::string_view name);
+  /// Adds an entry whose name is not yet held.
+  void append(const KeywordEntry& entry);
+  void clear();
+
+ private:
+  std::vector<KeywordEntry> entries_;
+  std::unordered_map<std::string_view, std::size_t> positions_;
+};
+
+}  // namespace vantor::MeasData
+
+#endif  // MEASDATA_MEASDATA_KEYWORD_LIST_H

@@ -1,0 +1,137 @@
+#include "measdata/meas_file_parser.h"
+
+#include "measdata/header_grammar.h"
+#include "measdata/semicolon_table.h"
+#include "measdata/tokenizer.h"
+
+#include <algorithm>
+
+namespace vantor::MeasData {
+namespace {
+
+bool is_index(int index, std::size_t size) {
+  return index >= 0 && static_cast<std::size_t>(index) < size;
+}
+
+}  // namespace
+
+MeasFileParser::MeasFileParser(int mode) { set_mode(mode); }
+
+void MeasFileParser::set_mode(int mode) {
+  settings_.mode = static_cast<ReaderMode>(mode);
+  if (settings_.mode == ReaderMode::plain_table) return;
+  const bool is_table = is_semicolon_table();
+  settings_.separator = is_table ? ';' : ' ';
+  settings_.other_separator = is_table ? ';' : '\t';
+  settings_.comment_char = is_table ? '%' : '#';
+}
+
+bool MeasFileParser::load_file(const char* path) {
+  forget();
+  switch (file_.read(path)) {
+    case FileStatus::not_opened:
+      return fail({"Failed to open file '", path, "'\n"});
+    case FileStatus::not_read:
+      return fail({"Failed to read file '", path, "'\n"});
+    case FileStatus::ok:
+      break;
+  }
+  if (file_.text().empty()) return fail({"Empty file '", path, "'\n"});
+  return parse(file_.text());
+}
+
+bool MeasFileParser::load_memory(std::string_view text) {
+  forget();
+  copy_ = text;
+  return load_view(copy_);
+}
+
+bool MeasFileParser::load_view(std::string_view text) {
+  forget();
+  if (text.empty()) return fail({"File is empty\n"});
+  return parse(text);
+}
+
+void MeasFileParser::forget() {
+  tables_ = ReaderTables();
+  const bool is_silent =
+      settings_.mode == ReaderMode::lenient_silent || settings_.mode == ReaderMode::plain_table;
+  tables_.log.reset(is_silent ? Warnings::drop : Warnings::write);
+}
+
+bool MeasFileParser::fail(MessageLog::Pieces message) {
+  tables_.log.error(message);
+  return false;
+}
+
+bool MeasFileParser::parse(std::string_view text) {
+  numbers_ = NumberReader();  // the locale may have changed since the last load
+  switch (settings_.mode) {
+    case ReaderMode::semicolon_table:
+      read_semicolon_table(text, settings_.comment_char, tables_);
+      return true;
+    case ReaderMode::lenient:
+    case ReaderMode::lenient_silent:
+    case ReaderMode::strict:
+    case ReaderMode::plain_table:
+      HeaderGrammar(settings_, tables_).read(text);
+      return tables_.log.no_errors();
+  }
+  return false;
+}
+
+std::string MeasFileParser::field_name(int index) const {
+  const std::vector<std::string_view>& names = tables_.fields.names();
+  if (!is_index(index, names.size())) return {};
+  return std::string(names[static_cast<std::size_t>(index)]);
+}
+
+std::string MeasFileParser::value(int row, int column) const {
+  std::vector<std::string_view> cells;
+  cells_of_row(row, cells);
+  if (!is_index(column, cells.size())) return {};
+  return text_of(cells[static_cast<std::size_t>(column)], column);
+}
+
+double MeasFileParser::value_as_double(int row, int column) const {
+  return numbers_.read(value(row, column));
+}
+
+void MeasFileParser::cells_of_row(int row, std::vector<std::string_view>& cells) const {
+  cells.clear();
+  if (!is_index(row, tables_.rows.size())) return;
+  const std::string_view line = tables_.rows[static_cast<std::size_t>(row)];
+  if (is_semicolon_table()) {
+    split(line, kSemicolonTable, cells);
+    cells.resize(std::min(cells.size(), tables_.fields.names().size()));
+  } else {
+    split_items(line, kBlankSeparated, settings_.comment_char, cells);
+  }
+}
+
+double MeasFileParser::number_of(std::string_view cell, int column) const {
+  return numbers_.read(cell, is_numeric(column) ? Comma::is_decimal_point : Comma::ends_number);
+}
+
+std::string MeasFileParser::text_of(std::string_view cell, int column) const {
+  std::string text(cell);
+  if (is_numeric(column)) {
+    const std::size_t comma = text.find(',');
+    if (comma != std::string::npos) text[comma] = '.';
+  }
+  return text;
+}
+
+// Cells beyond the last field are text.
+bool MeasFileParser::is_numeric(int column) const {
+  return is_index(column, tables_.column_kinds.size()) &&
+         tables_.column_kinds[static_cast<std::size_t>(column)] == ColumnKind::numeric;
+}
+
+bool MeasFileParser::is_known_field(std::string_view name) const {
+  // A semicolon table knows no identifiers of its own.
+  return !is_semicolon_table() && (MeasData::is_known_field(tables_.file_kind, name) ||
+                                   tables_.declared_fields.contains(name));
+}
+
+}  // namespace vantor::MeasData

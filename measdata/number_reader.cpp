@@ -1,0 +1,137 @@
+#include "measdata/number_reader.h"
+
+#include <array>
+#include <cfenv>
+#include <cfloat>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <system_error>
+
+namespace vantor::MeasData {
+namespace {
+
+// Powers of ten that a double holds exactly.
+constexpr std::array<double, 23> kPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                 1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+// So many decimal digits always fit 64 bits.
+constexpr std::ptrdiff_t kMostDigits = 19;
+// Integers up to here are exact in a double.
+constexpr std::uint64_t kLargestExact = std::uint64_t{1} << 53U;
+
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
+
+// Reads digits into `value`, which wraps around beyond kMostDigits.
+const char* take_digits(const char* p, const char* end, std::uint64_t& value) {
+  for (; p != end && is_digit(*p); ++p) value = value * 10 + static_cast<unsigned>(*p - '0');
+  return p;
+}
+
+// Optional sign, digits, optional point and digits, nothing else: true when this is the whole text
+// and one division of two exact numbers gives the correctly rounded value.
+bool read_plain(std::string_view text, Comma comma, double& value) {
+  const char* p = text.data();
+  const char* end = p + text.size();
+  if (p == end) return false;
+  const bool is_negative = *p == '-';
+  if (is_negative || *p == '+') ++p;
+
+  std::uint64_t digits = 0;
+  const char* integer_start = p;
+  p = take_digits(p, end, digits);
+  std::ptrdiff_t digit_count = p - integer_start;
+  std::ptrdiff_t decimals = 0;
+  if (p != end && (*p == '.' || (*p == ',' && comma == Comma::is_decimal_point))) {
+    const char* fraction_start = ++p;
+    p = take_digits(p, end, digits);
+    decimals = p - fraction_start;
+    digit_count += decimals;
+  }
+  if (p != end || digit_count == 0 || digit_count > kMostDigits || digits > kLargestExact) {
+    return false;
+  }
+  value = static_cast<double>(digits) / kPowersOfTen[static_cast<std::size_t>(decimals)];
+  if (is_negative) value = -value;
+  return true;
+}
+
+// True when the text has the shape of a decimal number without white space, letters but for an
+// exponent, or a decimal comma; std::from_chars and the C library then agree on it.
+bool has_decimal_shape(std::string_view text) {
+  std::size_t i = 0;
+  const auto skip_digits = [&text, &i] {
+    const std::size_t start = i;
+    while (i < text.size() && is_digit(text[i])) ++i;
+    return i - start;
+  };
+  if (i < text.size() && text[i] == '-') ++i;
+  std::size_t digit_count = skip_digits();
+  if (i < text.size() && text[i] == '.') {
+    ++i;
+    digit_count += skip_digits();
+  }
+  if (digit_count == 0) return false;
+  if (i < text.size() && (text[i] == 'e' || text[i] == 'E')) {
+    ++i;
+    if (i < text.size() && (text[i] == '+' || text[i] == '-')) ++i;
+    if (skip_digits() == 0) return false;
+  }
+  return i == text.size();
+}
+
+// Longer decimals and exponents. Overflow and underflow are left to the C library.
+bool read_decimal(std::string_view text, double& value) {
+#if defined(__cpp_lib_to_chars) && __cpp_lib_to_chars >= 201611L
+  if (!has_decimal_shape(text)) return false;
+  const std::from_chars_result result =
+      std::from_chars(text.data(), text.data() + text.size(), value);
+  return result.ec == std::errc() && result.ptr == text.data() + text.size();
+#else
+  static_cast<void>(text);
+  static_cast<void>(value);
+  return false;
+#endif
+}
+
+// The definition of what a cell's number is.
+double read_by_c_library(std::string_view text, Comma comma) {
+  std::array<char, 128> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled below
+  std::string long_text;
+  char* copy = buffer.data();
+  if (text.size() >= buffer.size()) {
+    long_text.resize(text.size() + 1);
+    copy = long_text.data();
+  }
+  if (!text.empty()) std::memcpy(copy, text.data(), text.size());
+  copy[text.size()] = '\0';
+  if (comma == Comma::is_decimal_point) {
+    const std::size_t position = text.find(',');
+    if (position != std::string_view::npos) copy[position] = '.';
+  }
+  return std::strtod(copy, nullptr);
+}
+
+// The fast paths hold where the decimal point is a full stop, results are rounded to nearest and
+// arithmetic on doubles is not done in a wider format.
+bool is_fast_path_exact() {
+  return FLT_EVAL_METHOD == 0 && std::fegetround() == FE_TONEAREST &&
+         std::strtod("1.5", nullptr) == 1.5;
+}
+
+}  // namespace
+
+NumberReader::NumberReader() : use_fast_path_(is_fast_path_exact()) {}
+
+double NumberReader::read(std::string_view text, Comma comma) const {
+  if (use_fast_path_) {
+    double value = 0.0;
+    if (read_plain(text, comma, value) || read_decimal(text, value)) return value;
+  }
+  return read_by_c_library(text, comma);
+}
+
+}  // namespace vantor::MeasData

@@ -1,0 +1,33 @@
+// Turns cell text into numbers.
+#ifndef MEASDATA_MEASDATA_NUMBER_READER_H
+#define MEASDATA_MEASDATA_NUMBER_READER_H
+
+#include <string_view>
+
+namespace vantor::MeasData {
+
+/// What a comma in a number means.
+enum class Comma {
+  ends_number,       ///< nothing: the number ends before it, as for the C library
+  is_decimal_point,  ///< the first one is read as a full stop
+};
+
+/// Reads numbers exactly as the C library's atof does: the longest numeric prefix after leading
+/// white space, 0.0 when there is none, hexadecimal, infinite and not-a-number forms included, with
+/// the decimal point of the process locale that was in force when the NumberReader was made.
+///
+/// Plain decimal numbers, nearly all of a real file, are read where they stand; whatever else goes
+/// to the C library through a zero-terminated copy.
+class NumberReader {
+ public:
+  NumberReader();
+
+  double read(std::string_view text, Comma comma = Comma::ends_number) const;
+
+ private:
+  bool use_fast_path_;
+};
+
+}  // namespace vantor::MeasData
+
+#endif  // MEASDATA_MEASDATA_NUMBER_READER_H
