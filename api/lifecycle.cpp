@@ -26,6 +26,9 @@ constexpr const char* kOutOfMemory = "Out of memory\n";
 void clear_after_failure(ParserState& state) {
   std::string messages = std::move(state.chart.all_patches.messages);
   state.chart.all_patches.reset();
+  state.chart.unique_patches.reset();
+  state.chart.paper_white_index = -1;
+  state.chart.wedges.clear();
   state.chart.all_patches.messages = std::move(messages);
 }
 
@@ -75,11 +78,9 @@ int parse_mem(void* handle, size_t length, const char* block, const char* name) 
 
 int parse(void* handle, MeasFileParser* reader, const char* name) noexcept {
   if (handle == nullptr || reader == nullptr) return 0;
-  static_cast<void>(name);
   ParserState& state = *state_of(handle);
   try {
-    vantor::DataSet::build_chart(state.chart, *reader);
-    return 1;
+    return vantor::DataSet::build_chart(state.chart, *reader, name) ? 1 : 0;
   } catch (const std::exception&) {
     state.chart.all_patches.messages = kOutOfMemory;
     clear_after_failure(state);
@@ -97,6 +98,10 @@ int get_parse_mode(void* handle) noexcept {
 
 const char* parse_messages(void* handle) noexcept {
   return handle == nullptr ? nullptr : state_of(handle)->chart.all_patches.messages.c_str();
+}
+
+void* pass_unique_data(void* handle) noexcept {
+  return handle == nullptr ? nullptr : &state_of(handle)->chart.unique_patches;
 }
 
 const char* parser_version() noexcept { return "1.9.7"; }

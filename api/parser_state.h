@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 namespace vantor::Api {
 
@@ -13,6 +14,7 @@ namespace vantor::Api {
 /// is the address of a data set, too. Functions that read no more than a data set take either.
 struct ParserState {
   DataSet::Chart chart;
+  std::string result_text;  ///< the last answer about instrument and sample
   std::int32_t parse_mode = 0;
 };
 

@@ -1,16 +1,23 @@
 #include "dataset/build.h"
 
-#include <array>
+#include "dataset/channel_names.h"
+#include "dataset/merge.h"
+
+#include <algorithm>
 #include <cstddef>
-#include <span>
+#include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace vantor::DataSet {
 namespace {
 
 using MeasData::MeasFileParser;
+using Names = std::vector<std::string>;
 
-// D50, 2 degrees, Table 5 whatever the file; only the grid is the file's.
+// D50, 2 degrees, Table 5 whatever the file; only the grid is the file's. Where no table fits the
+// grid, the file's own Lab goes before the second conversion.
 void configure_conversion(Chart& chart) {
   PatchDataSet& patches = chart.all_patches;
   if (!patches.has_spectral) return;
@@ -20,38 +27,88 @@ void configure_conversion(Chart& chart) {
   parameters.sampleCount = patches.spectral_count;
   if (chart.converter.configure(parameters)) {
     patches.lab_conversion = &chart.converter;
-  } else {
-    // The converter keeps the weights of an earlier grid, which must not touch these spectra.
-    patches.messages += "Note: no weighting table for this spectral range.\n";
+    return;
+  }
+  patches.messages += "Note: no weighting table for this spectral range.\n";
+  if (!patches.has_lab &&
+      chart.fallback_converter.configure(patches.spectral_start_nm, patches.spectral_step_nm,
+                                         patches.spectral_count)) {
+    patches.lab_conversion = &chart.fallback_converter;
   }
 }
 
-bool has_channels(const MeasFileParser& reader, const PatchDataSet& patches,
-                  std::span<const std::string_view> names) {
-  if (patches.device_fields.size() != names.size()) return false;
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    if (reader.field_name(patches.device_fields[i]) != names[i]) return false;
-  }
-  return true;
+void find_paper_white(Chart& chart) {
+  chart.paper_white_index = -1;
+  if (!has_consistent_device_values(chart.unique_patches)) return;
+  const std::vector<std::int32_t> found =
+      ColorTypes::findPaperWhite(chart.unique_patches.device_values);
+  if (found.size() == 1) chart.paper_white_index = found.front();
+}
+
+void size_channel_lists(Chart& chart) {
+  const std::size_t channels = chart.all_patches.device_fields.size();
+  chart.wedges.assign(channels, {});
+  chart.distinct_dev_values.assign(channels, {});
+  chart.channel_names.assign(channels, {});
 }
 
 // By the names of the fields: a semicolon table with four inks is not CMYK in this sense.
-void set_device_flags(Chart& chart, const MeasFileParser& reader) {
-  static constexpr std::array<std::string_view, 3> kCmy = {"CMY_C", "CMY_M", "CMY_Y"};
-  static constexpr std::array<std::string_view, 3> kRgb = {"RGB_R", "RGB_G", "RGB_B"};
-  static constexpr std::array<std::string_view, 4> kCmyk = {"CMYK_C", "CMYK_M", "CMYK_Y", "CMYK_K"};
-  chart.dev_is_cmy = has_channels(reader, chart.all_patches, kCmy) ? 1 : 0;
-  chart.dev_is_rgb = has_channels(reader, chart.all_patches, kRgb) ? 1 : 0;
-  chart.dev_is_cmyk = has_channels(reader, chart.all_patches, kCmyk) ? 1 : 0;
+void set_device_flags(Chart& chart, const Names& field_names) {
+  chart.dev_is_cmy = field_names == Names{"CMY_C", "CMY_M", "CMY_Y"} ? 1 : 0;
+  chart.dev_is_rgb = field_names == Names{"RGB_R", "RGB_G", "RGB_B"} ? 1 : 0;
+  chart.dev_is_cmyk = field_names == Names{"CMYK_C", "CMYK_M", "CMYK_Y", "CMYK_K"} ? 1 : 0;
+}
+
+void analyse_channels(Chart& chart) {
+  for (std::size_t channel = 0; channel < chart.wedges.size(); ++channel) {
+    if (has_consistent_device_values(chart.unique_patches)) {
+      chart.wedges[channel] = ColorTypes::collectWedge(chart.unique_patches.device_values, channel,
+                                                       ColorTypes::ZeroSteps::skip);
+    }
+    if (has_consistent_device_values(chart.all_patches)) {
+      chart.distinct_dev_values[channel] =
+          ColorTypes::collectDistinctValues(chart.all_patches.device_values, channel);
+    }
+  }
+}
+
+void fill_keyword_store(Chart& chart) {
+  const PatchDataSet& patches = chart.all_patches;
+  std::vector<StoredKeyword> keywords;
+  for (const HeaderKeyword& keyword : patches.header_keywords) {
+    keywords.push_back({keyword.name, keyword.value});
+  }
+  for (const std::string& value : patches.weighting_functions) {
+    keywords.push_back({"WEIGHTING_FUNCTION", value});
+  }
+  // With an S that the keyword of the file lacks: callers look it up under this name.
+  for (const std::string& value : patches.computational_parameters) {
+    keywords.push_back({"COMPUTATIONAL_PARAMETERS", value});
+  }
+  chart.keywords.add(std::move(keywords));
 }
 
 }  // namespace
 
-void build_chart(Chart& chart, const MeasFileParser& reader) {
+bool build_chart(Chart& chart, const MeasFileParser& reader, const char* name) {
   configure_conversion(chart);
-  // Here belong, in this order: merging the repeats, paper white, distinct device values.
-  set_device_flags(chart, reader);
-  // Here belong, in this order: wedges, channel names, the keyword store.
+  merge_repeats(chart.all_patches, chart.unique_patches);
+  find_paper_white(chart);
+  size_channel_lists(chart);
+  Names field_names;
+  for (const std::int32_t field : chart.all_patches.device_fields) {
+    field_names.push_back(reader.field_name(field));
+  }
+  set_device_flags(chart, field_names);
+  analyse_channels(chart);
+  ChannelNames names = build_channel_names(field_names, chart.all_patches.header_keywords, name);
+  if (!names.failure.empty()) {
+    chart.all_patches.messages.append(names.failure).append("\n");
+    return false;
+  }
+  chart.channel_names = std::move(names.channel_names);
+  fill_keyword_store(chart);
+  return true;
 }
 
 }  // namespace vantor::DataSet

@@ -2,24 +2,38 @@
 #ifndef MEASDATA_DATASET_CHART_H
 #define MEASDATA_DATASET_CHART_H
 
+#include "colortypes/chart_analysis.h"
 #include "colortypes/spectral/astm_conversion.h"
+#include "colortypes/spectral/cmf_conversion.h"
+#include "dataset/keyword_store.h"
 #include "dataset/patch_data_set.h"
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 namespace vantor::DataSet {
 
 struct Chart {
   Chart() = default;
-  // all_patches refers to the converter.
+  // The data sets refer to the conversions.
   Chart(const Chart&) = delete;
   Chart& operator=(const Chart&) = delete;
 
-  PatchDataSet all_patches;  ///< every row of the file; stays the first member
+  PatchDataSet all_patches;             ///< every row of the file; stays the first member
+  PatchDataSet unique_patches;          ///< repeated measurements merged
+  std::int32_t paper_white_index = -1;  ///< in unique_patches, -1 when there is none
+  // One element for each device channel:
+  std::vector<std::vector<std::int32_t>> wedges;  ///< positions in unique_patches
+  std::vector<ColorTypes::DistinctValues> distinct_dev_values;
+  std::vector<std::string> channel_names;
+
+  KeywordStore keywords;  ///< of every file loaded so far
   std::int32_t dev_is_cmyk = 0;
   std::int32_t dev_is_cmy = 0;
   std::int32_t dev_is_rgb = 0;
   ColorTypes::Spectral::ASTMSpectralConversion converter;
+  ColorTypes::Spectral::CmfSpectralConversion fallback_converter;
 };
 
 }  // namespace vantor::DataSet

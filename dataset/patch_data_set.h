@@ -86,6 +86,13 @@ struct PatchDataSet {
   bool has_density = false;
   bool has_spectral = false;
 
+  // How far the merged measurements of each patch lie apart; only in a data set of merged patches.
+  std::vector<std::int32_t> repeat_counts;
+  std::vector<double> spectral_distance_mean;
+  std::vector<double> spectral_distance_max;
+  std::vector<double> de_mean;  ///< Delta E*ab
+  std::vector<double> de_max;
+
   std::string messages;  ///< diagnostics of the build, each ending with a line feed
   std::vector<std::string> unclassified_fields;  ///< names of the fields that no role wants
   std::vector<HeaderKeyword> header_keywords;    ///< in file order

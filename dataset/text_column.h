@@ -19,6 +19,10 @@ class TextColumn {
   void reserve(std::size_t rows) { starts_.reserve(rows); }
   std::size_t size() const { return starts_.size(); }
   bool empty() const { return starts_.empty(); }
+  std::string_view at(std::size_t row) const {
+    const std::size_t end = row + 1 < starts_.size() ? starts_[row + 1] : bytes_.size();
+    return {c_str(row), end - starts_[row] - 1};
+  }
   /// Valid until the next append.
   const char* c_str(std::size_t row) const { return bytes_.data() + starts_[row]; }
 

@@ -40,8 +40,10 @@ class Tokenizer {
     while (next_ != end_) {
       if (rules_.quotes == Quotes::honour && *next_ == '"') {
         token = take_quoted();
+        is_quoted_ = true;
         return true;
       }
+      is_quoted_ = false;
       const char* start = next_;
       while (next_ != end_ && !rules_.is_separator(*next_)) ++next_;
       token = std::string_view(start, static_cast<std::size_t>(next_ - start));
@@ -51,12 +53,16 @@ class Tokenizer {
     return false;
   }
 
+  /// True when the token that next() gave stood in quotes.
+  bool is_quoted() const { return is_quoted_; }
+
  private:
   std::string_view take_quoted();
 
   const char* next_;
   const char* end_;
   TokenRules rules_;
+  bool is_quoted_ = false;
 };
 
 /// All tokens of a line; `tokens` is emptied first.

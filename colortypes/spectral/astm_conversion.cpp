@@ -1,6 +1,7 @@
 #include "colortypes/spectral/astm_conversion.h"
 
 #include "colortypes/conversions.h"
+#include "colortypes/spectral/weight_tables.h"
 
 #include <cstddef>
 #include <stdexcept>
@@ -47,6 +48,26 @@ std::string missingTableText(const AstmParameters& parameters) {
          (parameters.useTable5 ? "table5" : "table6");
 }
 
+// Table row r belongs to sample r - offset. Rows without a sample are dropped or go to the nearest
+// end; samples without a row keep weight 0.
+WeightedSums layWeights(const WeightTable& table, const AstmParameters& parameters) {
+  const auto count = static_cast<std::size_t>(parameters.sampleCount);
+  WeightedSums sums(count);
+  std::int64_t sample =
+      (kTableStartNm - std::int64_t{parameters.startNm}) / std::int64_t{parameters.stepNm};
+  for (const WeightRow& row : table) {
+    const bool is_before = sample < 0;
+    const bool is_behind = sample >= parameters.sampleCount;
+    if (!is_before && !is_behind) {
+      sums.add(static_cast<std::size_t>(sample), row.x, row.y, row.z);
+    } else if (parameters.foldEnds) {
+      sums.add(is_before ? 0 : count - 1, row.x, row.y, row.z);
+    }
+    ++sample;
+  }
+  return sums;
+}
+
 }  // namespace
 
 bool ASTMSpectralConversion::configure(const AstmParameters& parameters) {
@@ -62,82 +83,30 @@ bool ASTMSpectralConversion::configure(const AstmParameters& parameters) {
   if (table.empty()) throw std::invalid_argument(missingTableText(parameters));
 
   // Built apart, so that a failure half-way leaves this converter whole.
-  ASTMSpectralConversion next;
-  next.white_ = parameters.useCustomWhite ? parameters.customWhite
-                                          : tableWhitePoint(illuminant, observer, type);
-  next.layWeights(table, parameters);
-  next.scaleToWhite(parameters);
-  *this = std::move(next);
-  return true;
-}
-
-// Table row r belongs to sample r - offset. Rows without a sample are dropped or go to the nearest
-// end; samples without a row keep weight 0.
-void ASTMSpectralConversion::layWeights(const WeightTable& table,
-                                        const AstmParameters& parameters) {
-  sampleCount_ = parameters.sampleCount;
-  const auto count = static_cast<std::size_t>(sampleCount_);
-  weightsX_.assign(count, 0.0);
-  weightsY_.assign(count, 0.0);
-  weightsZ_.assign(count, 0.0);
-  const auto add = [this](std::size_t sample, const WeightRow& row) {
-    weightsX_[sample] += row.x;
-    weightsY_[sample] += row.y;
-    weightsZ_[sample] += row.z;
-  };
-
-  const std::int64_t offset =
-      (std::int64_t{parameters.startNm} - kTableStartNm) / std::int64_t{parameters.stepNm};
-  std::int64_t sample = -offset;
-  for (const WeightRow& row : table) {
-    if (sample < 0) {
-      if (parameters.foldEnds) add(0, row);
-    } else if (sample >= sampleCount_) {
-      if (parameters.foldEnds) add(count - 1, row);
-    } else {
-      add(static_cast<std::size_t>(sample), row);
-    }
-    ++sample;
-  }
-}
-
-void ASTMSpectralConversion::scaleToWhite(const AstmParameters& parameters) {
-  const std::vector<double> perfect_white(static_cast<std::size_t>(sampleCount_),
-                                          parameters.whiteValue);
-  const Tristimulus sums = weightedSums(perfect_white.data());
+  WeightedSums sums = layWeights(table, parameters);
+  const Tristimulus white = parameters.useCustomWhite ? parameters.customWhite
+                                                      : tableWhitePoint(illuminant, observer, type);
   if (parameters.normaliseToWhite) {
-    divisor_ = sums;
-    factor_ = white_;
+    sums.normalise(parameters.whiteValue, white);
   } else {
-    divisor_ = {parameters.whiteValue, parameters.whiteValue, parameters.whiteValue};
-    factor_ = {1.0, 1.0, 1.0};
+    sums.divideBy(parameters.whiteValue);
   }
-  if (!parameters.keepWhitePoint) white_ = sums;
-}
-
-Tristimulus ASTMSpectralConversion::weightedSums(const double* spectrum) const {
-  Tristimulus sums = {0.0, 0.0, 0.0};
-  for (std::size_t i = 0; i < static_cast<std::size_t>(sampleCount_); ++i) {
-    sums.x += spectrum[i] * weightsX_[i];
-    sums.y += spectrum[i] * weightsY_[i];
-    sums.z += spectrum[i] * weightsZ_[i];
-  }
-  return sums;
+  white_ = parameters.keepWhitePoint ? white : sums.plainSums(parameters.whiteValue);
+  sums_ = std::move(sums);
+  return true;
 }
 
 void ASTMSpectralConversion::spectralToXYZ(const double* spectrum, double& x, double& y,
                                            double& z) const {
-  const Tristimulus sums = weightedSums(spectrum);
-  x = sums.x / divisor_.x * factor_.x;
-  y = sums.y / divisor_.y * factor_.y;
-  z = sums.z / divisor_.z * factor_.z;
+  const Tristimulus xyz = sums_.xyzOf(spectrum);
+  x = xyz.x;
+  y = xyz.y;
+  z = xyz.z;
 }
 
 void ASTMSpectralConversion::spectralToLab(const double* spectrum, double& l, double& a,
                                            double& b) const {
-  Tristimulus xyz = {};
-  spectralToXYZ(spectrum, xyz.x, xyz.y, xyz.z);
-  const Lab lab = xyzToLab(xyz, white_);
+  const Lab lab = xyzToLab(sums_.xyzOf(spectrum), white_);
   l = lab.l;
   a = lab.a;
   b = lab.b;

@@ -2,11 +2,11 @@
 #ifndef MEASDATA_COLORTYPES_SPECTRAL_ASTM_CONVERSION_H
 #define MEASDATA_COLORTYPES_SPECTRAL_ASTM_CONVERSION_H
 
+#include "colortypes/spectral/illuminants.h"
 #include "colortypes/spectral/spectral_conversion.h"
-#include "colortypes/spectral/weight_tables.h"
+#include "colortypes/spectral/weighted_sums.h"
 
 #include <cstdint>
-#include <vector>
 
 namespace vantor::ColorTypes::Spectral {
 
@@ -41,17 +41,8 @@ class ASTMSpectralConversion final : public ISpectralToLabConversion {
   void spectralToLab(const double* spectrum, double& l, double& a, double& b) const override;
 
  private:
-  Tristimulus weightedSums(const double* spectrum) const;
-  void layWeights(const WeightTable& table, const AstmParameters& parameters);
-  void scaleToWhite(const AstmParameters& parameters);
-
-  std::int32_t sampleCount_ = 0;
-  std::vector<double> weightsX_, weightsY_, weightsZ_;
+  WeightedSums sums_;
   Tristimulus white_ = {0.0, 0.0, 0.0};
-  // A weighted sum becomes X, Y or Z as sum / divisor * factor: in this order a perfect white,
-  // whose sum is the divisor, gives the factor without a rounding error.
-  Tristimulus divisor_ = {1.0, 1.0, 1.0};
-  Tristimulus factor_ = {0.0, 0.0, 0.0};
 };
 
 }  // namespace vantor::ColorTypes::Spectral

@@ -24,8 +24,8 @@ enum class Illuminant {
   LedB3,
   LedB4,
   LedB5,
-  LedT8G,   ///< retail lighting, Walmart specification
-  LedU35T,  ///< retail lighting, Target specification
+  LedT8G,   ///< retail lighting, Walmart
+  LedU35T,  ///< retail lighting, Target
 };
 inline constexpr int kIlluminantCount = 18;
 

@@ -115,8 +115,25 @@ TEST(Patches, SpectraWithoutAWeightingTableNeverMeetOtherWeights) {
     EXPECT_EQ(handle.lab(0), (Triple{50, 1, 2})) << start << ' ' << step;
     EXPECT_EQ(handle.spectrum(0).size(), static_cast<std::size_t>(count));
   }
+  // Without Lab in the file such spectra are integrated with the colour-matching functions.
+  const double half = 116.0 * std::cbrt(0.5) - 16.0;
+  for (const auto& [start, step, count] : {std::tuple{380, 5, 71},
+                                           {400, 1, 301},
+                                           {380, 3, 118},
+                                           {480, 10, 26},
+                                           {730, -10, 36},
+                                           {850, -1, 500},
+                                           {300, 40, 14},
+                                           {500, 100, 2}}) {
+    ASSERT_EQ(handle.load(spectral_file("nm", start, step, count, "0.5")), 1);
+    EXPECT_EQ(handle.messages(), note);
+    expect_near(handle.lab(0), {half, 0, 0}, 1e-9);
+  }
+  // A step of 0 and a single wavelength give no colour; XYZ is the last resort.
+  ASSERT_EQ(handle.load(spectral_file("nm", 400, 0, 36, "0.5")), 1);
+  EXPECT_EQ(handle.lab(0), kNoTriple);
   ASSERT_EQ(
-      handle.load(spectral_file("nm", 380, 5, 71, "0.5", "XYZ_X XYZ_Y XYZ_Z", "96.422 100 82.521")),
+      handle.load(spectral_file("nm", 500, 10, 1, "0.5", "XYZ_X XYZ_Y XYZ_Z", "96.422 100 82.521")),
       1);
   EXPECT_EQ(handle.lab(0), (Triple{100, 0, 0}));
 }

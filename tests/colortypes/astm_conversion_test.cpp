@@ -1,6 +1,7 @@
 #include "colortypes/spectral/astm_conversion.h"
 
 #include "colortypes/spectral/table_registry.h"
+#include "colortypes/spectral/weight_tables.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,61 @@
+// The keywords of the files that a handle was loaded with.
+#include "api/keyword_lookup.h"
+#include "api/measdata.h"
+#include "api/parser_state.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+using vantor::Api::find_keyword;
+using vantor::Api::is_position;
+using vantor::Api::state_of;
+using vantor::DataSet::KeywordStore;
+using vantor::DataSet::StoredKeyword;
+
+namespace {
+
+// The entry at a position of the whole store; positions below 0 count as 0.
+const StoredKeyword* keyword_at(void* handle, int i) {
+  if (handle == nullptr) return nullptr;
+  const KeywordStore& store = state_of(handle)->chart.keywords;
+  const auto position = static_cast<std::size_t>(std::max(i, 0));
+  return position < store.size() ? &store.at(position) : nullptr;
+}
+
+}  // namespace
+
+int has_keyword(void* handle, const char* name) noexcept {
+  return find_keyword(handle, name).empty() ? 0 : 1;
+}
+
+int num_keyword_values(void* handle, const char* name) noexcept {
+  return static_cast<int>(find_keyword(handle, name).size());
+}
+
+const char* get_value_of_keyword(void* handle, const char* name) noexcept {
+  return get_ith_value_of_keyword(handle, 0, name);
+}
+
+const char* get_ith_value_of_keyword(void* handle, int i, const char* name) noexcept {
+  const auto entries = find_keyword(handle, name);
+  return is_position(i, entries.size()) ? entries[static_cast<std::size_t>(i)]->value.c_str()
+                                        : nullptr;
+}
+
+int num_keywords(void* handle) noexcept {
+  return handle == nullptr ? -1 : static_cast<int>(state_of(handle)->chart.keywords.size());
+}
+
+const char* get_keyword(void* handle, int i) noexcept {
+  const StoredKeyword* keyword = keyword_at(handle, i);
+  return keyword == nullptr ? nullptr : keyword->name.c_str();
+}
+
+const char* get_value(void* handle, int i) noexcept {
+  const StoredKeyword* keyword = keyword_at(handle, i);
+  return keyword == nullptr ? nullptr : keyword->value.c_str();
+}
+
+const char* copyright(void* handle) noexcept { return get_value_of_keyword(handle, "COPYRIGHT"); }

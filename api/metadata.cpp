@@ -1,0 +1,179 @@
+// What the file tells about instrument, measurement and sample: from the keyword that is meant for
+// it or, where that is absent, from the free text of others.
+#include "api/instrument_text.h"
+#include "api/keyword_lookup.h"
+#include "api/measdata.h"
+#include "api/parser_state.h"
+
+#include <exception>
+#include <string>
+#include <string_view>
+#include <utility>
+
+using vantor::Api::Answer;
+using vantor::Api::find_keyword;
+using vantor::Api::state_of;
+
+namespace {
+
+constexpr const char* kInstrumentation = "INSTRUMENTATION";
+constexpr const char* kMeasurementSource = "MEASUREMENT_SOURCE";
+constexpr const char* kWeightingFunction = "WEIGHTING_FUNCTION";
+
+// Places an answer where the caller can read it; null when there is none.
+const char* give(void* handle, Answer answer) {
+  if (!answer) return nullptr;
+  std::string& result_text = state_of(handle)->result_text;
+  result_text = std::move(*answer);
+  return result_text.c_str();
+}
+
+// What `find` makes of the first value of a keyword; null when the file lacks it. Running out of
+// memory counts as not knowing.
+template <typename Find>
+const char* answer_from(void* handle, const char* keyword, Find find) noexcept {
+  const auto entries = find_keyword(handle, keyword);
+  if (entries.empty()) return nullptr;
+  try {
+    return give(handle, find(entries.front()->value));
+  } catch (const std::exception&) {
+    return nullptr;
+  }
+}
+
+// The first value of a keyword or, when the file lacks it, what `find` makes of another.
+template <typename Find>
+const char* value_or_answer(void* handle, const char* keyword, const char* text_keyword,
+                            Find find) noexcept {
+  const char* value = get_value_of_keyword(handle, keyword);
+  return value != nullptr ? value : answer_from(handle, text_keyword, find);
+}
+
+const char* answer_from_weighting(void* handle, std::string_view key) noexcept {
+  try {
+    for (const auto* entry : find_keyword(handle, kWeightingFunction)) {
+      if (Answer answer = vantor::Api::find_weighting(entry->value, key)) {
+        return give(handle, std::move(answer));
+      }
+    }
+  } catch (const std::exception&) {  // no memory: not known
+  }
+  return nullptr;
+}
+
+// A degree sign at the end, in Latin-1 or as an old code page has it, is not part of an angle.
+std::string without_degree_sign(std::string text) {
+  constexpr char kLatin1 = '\xB0';
+  constexpr char kCodePage = '\xA1';
+  if (text.ends_with(kLatin1) || text.ends_with(kCodePage)) text.pop_back();
+  return text;
+}
+
+Answer find_observer_setting(std::string_view text) {
+  constexpr std::string_view kDegree = "degree";
+  Answer angle = vantor::Api::find_setting(text, "Observer=");
+  if (!angle) return angle;
+  if (angle->ends_with(kDegree)) angle->resize(angle->size() - kDegree.size());
+  return without_degree_sign(std::move(*angle));
+}
+
+}  // namespace
+
+const char* device_manufacturer(void* handle) noexcept {
+  return answer_from(handle, kInstrumentation, vantor::Api::find_manufacturer);
+}
+
+const char* device_model(void* handle) noexcept {
+  return answer_from(handle, kInstrumentation, vantor::Api::find_model);
+}
+
+const char* device_serial_number(void* handle) noexcept {
+  return answer_from(handle, kInstrumentation, vantor::Api::find_serial_number);
+}
+
+const char* device_geometry(void* handle) noexcept {
+  return value_or_answer(handle, "MEASUREMENT_GEOMETRY", kInstrumentation,
+                         vantor::Api::find_geometry);
+}
+
+const char* device_filter(void* handle) noexcept {
+  return value_or_answer(handle, "FILTER", kMeasurementSource, [](std::string_view text) {
+    return vantor::Api::find_setting(text, "Filter=");
+  });
+}
+
+const char* device_polarization(void* handle) noexcept {
+  const char* value = get_value_of_keyword(handle, "POLARIZATION");
+  if (value != nullptr) return value;
+  const auto entries = find_keyword(handle, kInstrumentation);
+  const bool is_denied =
+      !entries.empty() && vantor::Api::denies_polarization(entries.front()->value);
+  return is_denied ? "no" : nullptr;
+}
+
+const char* device_measurement_source(void* handle) noexcept {
+  return get_value_of_keyword(handle, kMeasurementSource);
+}
+
+// A file with weighting functions is colorimetric, whatever else it says.
+const char* density_status(void* handle) noexcept {
+  if (has_keyword(handle, kWeightingFunction) == 1) return nullptr;
+  return value_or_answer(handle, "FILTER_STATUS", kMeasurementSource,
+                         vantor::Api::find_density_standard);
+}
+
+const char* illuminant(void* handle) noexcept {
+  if (const char* text = answer_from_weighting(handle, "ILLUMINANT")) return text;
+  if (const char* text = get_value_of_keyword(handle, "ILLUMINANT")) return text;
+  if (const char* text = get_value_of_keyword(handle, "ILLUMINATION_NAME")) return text;
+  const char* setting = answer_from(handle, kMeasurementSource, [](std::string_view text) {
+    return vantor::Api::find_setting(text, "Illumination=");
+  });
+  if (setting != nullptr) return setting;
+  return answer_from(handle, kInstrumentation, vantor::Api::find_illuminant);
+}
+
+const char* observer(void* handle) noexcept {
+  if (const char* text = answer_from_weighting(handle, "OBSERVER")) return text;
+  for (const char* keyword : {"OBSERVER", "OBSERVER_ANGLE"}) {
+    const char* angle = answer_from(handle, keyword, [](const std::string& value) {
+      return Answer(without_degree_sign(value));
+    });
+    if (angle != nullptr) return angle;
+  }
+  const char* setting = answer_from(handle, kMeasurementSource, find_observer_setting);
+  if (setting != nullptr) return setting;
+  return answer_from(handle, kInstrumentation, vantor::Api::find_observer);
+}
+
+const char* sample_backing(void* handle) noexcept {
+  return value_or_answer(handle, "SAMPLE_BACKING", kInstrumentation, vantor::Api::find_backing);
+}
+
+const char* sample_colorant(void* handle) noexcept {
+  return get_value_of_keyword(handle, "COLORANT");
+}
+
+const char* sample_manufacturer(void* handle) noexcept {
+  return get_value_of_keyword(handle, "MANUFACTURER");
+}
+
+const char* sample_material(void* handle) noexcept {
+  return get_value_of_keyword(handle, "MATERIAL");
+}
+
+const char* sample_print_conditions(void* handle) noexcept {
+  return get_value_of_keyword(handle, "PRINT_CONDITIONS");
+}
+
+const char* sample_production_date(void* handle) noexcept {
+  return get_value_of_keyword(handle, "PROD_DATE");
+}
+
+const char* sample_serial_number(void* handle) noexcept {
+  return get_value_of_keyword(handle, "SERIAL");
+}
+
+const char* sample_target_type(void* handle) noexcept {
+  return get_value_of_keyword(handle, "TARGET_TYPE");
+}

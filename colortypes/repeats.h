@@ -1,0 +1,54 @@
+// Finds the patches of a chart that were measured more than once, and how far the measurements lie
+// apart.
+#ifndef MEASDATA_COLORTYPES_REPEATS_H
+#define MEASDATA_COLORTYPES_REPEATS_H
+
+#include "colortypes/value_table.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <span>
+#include <vector>
+
+namespace vantor::ColorTypes {
+
+/// The rows of a table sorted into entries: all rows of an entry are equal, value for value.
+/// Entries and the members of each stand in the order of the rows.
+class RepeatGroups {
+ public:
+  /// Rows that hold a not-a-number equal none, so each is an entry of its own. Takes time linear in
+  /// the number of rows.
+  explicit RepeatGroups(const ValueTable& rows);
+
+  std::size_t size() const { return starts_.size() - 1; }
+  bool hasRepeats() const { return members_.size() > size(); }
+  /// The rows of an entry, in order; at least one.
+  std::span<const std::uint32_t> members(std::size_t entry) const {
+    return std::span(members_).subspan(starts_[entry], starts_[entry + 1] - starts_[entry]);
+  }
+
+ private:
+  std::vector<std::uint32_t> members_;  // the entries one behind the other
+  std::vector<std::uint32_t> starts_;   // of each entry in members_, and the end
+};
+
+/// The largest distance of a single measurement, which has none: the lowest finite double.
+inline constexpr double kNoDistance = std::numeric_limits<double>::lowest();
+
+struct Distances {
+  double mean = 0.0;
+  double max = kNoDistance;
+};
+
+/// Mean and maximum of the distances between all pairs of rows. The time grows with the number of
+/// pairs.
+Distances pairwiseDistances(const ValueTable& rows);
+
+/// The mean of the given rows of a table, value by value.
+void meanOfRows(const ValueTable& table, std::span<const std::uint32_t> rows,
+                std::span<double> mean);
+
+}  // namespace vantor::ColorTypes
+
+#endif  // MEASDATA_COLORTYPES_REPEATS_H

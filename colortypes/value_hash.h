@@ -1,0 +1,31 @@
+// Hashes of doubles that are equal where the doubles are.
+#ifndef MEASDATA_COLORTYPES_VALUE_HASH_H
+#define MEASDATA_COLORTYPES_VALUE_HASH_H
+
+#include <bit>
+#include <cstdint>
+#include <span>
+
+namespace vantor::ColorTypes {
+
+/// Continues a hash with one more value. 0.0 and -0.0 count as the same.
+constexpr std::uint64_t hashValue(double value, std::uint64_t hash = 0) {
+  hash ^= std::bit_cast<std::uint64_t>(value + 0.0);  // -0.0 + 0.0 is 0.0
+  // The finalizer of a 64-bit mixing function: every bit of the input reaches every bit of the
+  // hash.
+  hash ^= hash >> 32U;
+  hash *= 0xD6E8FEB86659FD93U;
+  hash ^= hash >> 32U;
+  hash *= 0xD6E8FEB86659FD93U;
+  return hash ^ (hash >> 32U);
+}
+
+inline std::uint64_t hashValues(std::span<const double> values) {
+  std::uint64_t hash = 0;
+  for (const double value : values) hash = hashValue(value, hash);
+  return hash;
+}
+
+}  // namespace vantor::ColorTypes
+
+#endif  // MEASDATA_COLORTYPES_VALUE_HASH_H

@@ -1,0 +1,39 @@
+// The names of the inks or colorants that the device channels drive.
+#ifndef MEASDATA_DATASET_CHANNEL_NAMES_H
+#define MEASDATA_DATASET_CHANNEL_NAMES_H
+
+#include "dataset/patch_data_set.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vantor::DataSet {
+
+/// The inks that the keywords LGOMCCHANNEL01, LGOMCCHANNEL02, ... declare.
+struct ColorantList {
+  std::vector<std::string> colorant_names;
+  std::vector<std::array<double, 3>> colorant_full_tones;  ///< L*, a*, b*
+  /// Why a full-tone colour is not a number that a double holds; empty when all are.
+  std::string_view failure;
+};
+
+/// Reads the list up to the first number that is missing, or to the first failure.
+ColorantList read_colorant_list(const std::vector<HeaderKeyword>& header_keywords);
+
+struct ChannelNames {
+  std::vector<std::string> channel_names;  ///< one a device channel, empty where nothing names it
+  std::string_view failure;                ///< as in ColorantList; there are no names then
+};
+
+/// Names the channels: after the colorant list, else the keywords INK_NAME_1, INK_NAME_2, ..., else
+/// by the fields of CMYK and CMY. A single channel that nothing names is named after the file.
+/// `field_names` are the names of the channels' fields; `name` may be null.
+ChannelNames build_channel_names(const std::vector<std::string>& field_names,
+                                 const std::vector<HeaderKeyword>& header_keywords,
+                                 const char* name);
+
+}  // namespace vantor::DataSet
+
+#endif  // MEASDATA_DATASET_CHANNEL_NAMES_H

@@ -1,0 +1,157 @@
+#include "dataset/merge.h"
+
+#include "colortypes/repeats.h"
+#include "dataset/device_channels.h"
+#include "dataset/patch_lab.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+namespace vantor::DataSet {
+namespace {
+
+using ColorTypes::Distances;
+using ColorTypes::RepeatGroups;
+using ColorTypes::ValueTable;
+using Members = std::span<const std::uint32_t>;
+
+constexpr const char* kNoDensityAverage = "Averaging of densities not implemented, yet!";
+
+// What describes the patches rather than one of them, but for the groups that are not carried over.
+void copy_description(const PatchDataSet& all, PatchDataSet& unique) {
+  unique.file_name = all.file_name;
+  unique.file_identifier = all.file_identifier;
+  unique.device_space = all.device_space;
+  unique.device_fields = all.device_fields;
+  unique.device_decimals = all.device_decimals;
+  unique.sample_id_field = all.sample_id_field;
+  unique.sample_name_field = all.sample_name_field;
+  unique.sample_loc_field = all.sample_loc_field;
+  unique.scw_index_field = all.scw_index_field;
+  unique.lab_fields = all.lab_fields;
+  unique.has_lab = all.has_lab;
+  unique.has_spectral = all.has_spectral;
+  unique.spectral_prefix = all.spectral_prefix;
+  unique.spectral_fields = all.spectral_fields;
+  unique.spectral_start_nm = all.spectral_start_nm;
+  unique.spectral_step_nm = all.spectral_step_nm;
+  unique.spectral_count = all.spectral_count;
+  unique.wavelengths = all.wavelengths;
+  unique.lab_conversion = all.lab_conversion;
+}
+
+void append_text(const TextColumn& from, std::size_t row, TextColumn& to) {
+  if (!from.empty()) to.append(from.at(row));
+}
+
+void append_mean(const ValueTable& from, Members members, ValueTable& to) {
+  if (from.empty()) return;
+  if (members.size() == 1) {
+    std::ranges::copy(from.row(members.front()), to.append_row().begin());
+  } else {
+    ColorTypes::meanOfRows(from, members, to.append_row());
+  }
+}
+
+void append_entry(const PatchDataSet& all, Members members, PatchDataSet& unique) {
+  const std::size_t first = members.front();
+  std::ranges::copy(all.device_values.row(first), unique.device_values.append_row().begin());
+  append_text(all.sample_ids, first, unique.sample_ids);
+  append_text(all.sample_locations, first, unique.sample_locations);
+  append_text(all.sample_names, first, unique.sample_names);
+  if (!all.scw_indices.empty()) unique.scw_indices.push_back(all.scw_indices[first]);
+  append_mean(all.lab_values, members, unique.lab_values);
+  append_mean(all.spectra, members, unique.spectra);
+}
+
+void copy_all_patches(const PatchDataSet& all, PatchDataSet& unique) {
+  unique.device_values = all.device_values;
+  unique.sample_ids = all.sample_ids;
+  unique.sample_locations = all.sample_locations;
+  unique.sample_names = all.sample_names;
+  unique.scw_indices = all.scw_indices;
+  unique.lab_values = all.lab_values;
+  unique.spectra = all.spectra;
+}
+
+// The rows of the members one behind the other, for the comparison of all pairs.
+ValueTable gather(const ValueTable& from, Members members) {
+  ValueTable rows;
+  rows.reset(from.width());
+  rows.reserve(members.size());
+  for (const std::uint32_t member : members) {
+    std::ranges::copy(from.row(member), rows.append_row().begin());
+  }
+  return rows;
+}
+
+// Lab of each member, from its spectrum where that can be converted.
+ValueTable gather_lab(const PatchDataSet& all, Members members) {
+  ValueTable rows;
+  rows.reset(3);
+  rows.reserve(members.size());
+  for (const std::uint32_t member : members) {
+    write_patch_lab(all, member, rows.append_row().data());
+  }
+  return rows;
+}
+
+void append_statistics(std::size_t repeat_count, const Distances& spectral, const Distances& lab,
+                       PatchDataSet& unique) {
+  unique.repeat_counts.push_back(static_cast<std::int32_t>(repeat_count));
+  unique.spectral_distance_mean.push_back(spectral.mean);
+  unique.spectral_distance_max.push_back(spectral.max);
+  unique.de_mean.push_back(lab.mean);
+  unique.de_max.push_back(lab.max);
+}
+
+void append_statistics_of(const PatchDataSet& all, Members members, PatchDataSet& unique) {
+  Distances spectral = {0.0, all.has_spectral ? ColorTypes::kNoDistance : 0.0};
+  Distances lab;
+  if (members.size() > 1) {
+    if (all.has_spectral) spectral = pairwiseDistances(gather(all.spectra, members));
+    lab = pairwiseDistances(gather_lab(all, members));
+  }
+  append_statistics(members.size(), spectral, lab, unique);
+}
+
+}  // namespace
+
+bool has_consistent_device_values(const PatchDataSet& data_set) {
+  return data_set.device_space != DeviceSpace::none &&
+         data_set.device_values.rows() == static_cast<std::size_t>(data_set.num_patches);
+}
+
+void merge_repeats(PatchDataSet& all_patches, PatchDataSet& unique_patches) {
+  unique_patches.reset();
+  if (all_patches.has_density) {
+    all_patches.messages = kNoDensityAverage;
+    unique_patches.messages = kNoDensityAverage;
+    return;
+  }
+  if (!has_consistent_device_values(all_patches)) {
+    unique_patches = all_patches;
+    return;
+  }
+  const RepeatGroups groups(all_patches.device_values);
+  copy_description(all_patches, unique_patches);
+  unique_patches.num_patches = static_cast<std::int32_t>(groups.size());
+  if (!groups.hasRepeats()) {
+    copy_all_patches(all_patches, unique_patches);
+    for (std::size_t entry = 0; entry < groups.size(); ++entry) {
+      append_statistics(0, {0.0, 0.0}, {0.0, 0.0}, unique_patches);
+    }
+    return;
+  }
+  unique_patches.device_values.reset(all_patches.device_values.width());
+  unique_patches.lab_values.reset(all_patches.lab_values.width());
+  unique_patches.spectra.reset(all_patches.spectra.width());
+  for (std::size_t entry = 0; entry < groups.size(); ++entry) {
+    append_entry(all_patches, groups.members(entry), unique_patches);
+    append_statistics_of(all_patches, groups.members(entry), unique_patches);
+  }
+}
+
+}  // namespace vantor::DataSet

@@ -1,0 +1,115 @@
+#include "colortypes/repeats.h"
+
+#include "colortypes/chart_analysis.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <vector>
+
+namespace {
+
+using namespace vantor::ColorTypes;
+
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+
+ValueTable table_of(const std::vector<std::vector<double>>& rows) {
+  ValueTable table;
+  table.reset(rows.empty() ? 0 : rows.front().size());
+  for (const auto& row : rows) std::ranges::copy(row, table.append_row().begin());
+  return table;
+}
+
+std::vector<std::vector<std::uint32_t>> members_of(const ValueTable& table) {
+  const RepeatGroups groups(table);
+  std::vector<std::vector<std::uint32_t>> members;
+  for (std::size_t entry = 0; entry < groups.size(); ++entry) {
+    members.emplace_back(groups.members(entry).begin(), groups.members(entry).end());
+  }
+  return members;
+}
+
+using Members = std::vector<std::vector<std::uint32_t>>;
+
+TEST(Repeats, RowsAreEqualAsDoubles) {
+  EXPECT_EQ(members_of(table_of({{1, 2}, {2, 1}, {1, 2}, {1, 2.0000000001}, {2, 1}, {1, 2}})),
+            (Members{{0, 2, 5}, {1, 4}, {3}}));
+  EXPECT_EQ(members_of(table_of({{0.0}, {-0.0}})), (Members{{0, 1}}));
+  EXPECT_EQ(members_of(table_of({{kNan}, {kNan}, {1}, {kNan}})), (Members{{0}, {1}, {2}, {3}}));
+  EXPECT_EQ(members_of(table_of({})), Members{});
+  EXPECT_FALSE(RepeatGroups(table_of({{1}, {2}})).hasRepeats());
+  EXPECT_TRUE(RepeatGroups(table_of({{1}, {1}})).hasRepeats());
+}
+
+// Against the definition: the first entry of equal values wins.
+TEST(Repeats, HashingFindsWhatASearchFinds) {
+  std::mt19937 random(3);
+  for (int round = 0; round < 200; ++round) {
+    std::vector<std::vector<double>> rows;
+    for (int i = 0; i < 60; ++i) {
+      const double odd[] = {0.0, -0.0, 1.0, kNan, 50.0, 1e-300, 100.0, 25.5};
+      rows.push_back({odd[random() % 8], odd[random() % 3], odd[random() % 2]});
+    }
+    Members expected;
+    for (std::uint32_t row = 0; row < rows.size(); ++row) {
+      const auto entry = std::ranges::find_if(
+          expected, [&](const auto& members) { return rows[members.front()] == rows[row]; });
+      if (entry == expected.end()) {
+        expected.push_back({row});
+      } else {
+        entry->push_back(row);
+      }
+    }
+    ASSERT_EQ(members_of(table_of(rows)), expected);
+  }
+}
+
+TEST(Repeats, DistancesOfAllPairs) {
+  const Distances two = pairwiseDistances(table_of({{50, 0, 0}, {50, 3, 4}}));
+  EXPECT_EQ(two.mean, 5.0);
+  EXPECT_EQ(two.max, 5.0);
+  const Distances three = pairwiseDistances(table_of({{0}, {1}, {5}}));  // 1, 5, 4
+  EXPECT_NEAR(three.mean, 10.0 / 3.0, 1e-15);
+  EXPECT_EQ(three.max, 5.0);
+  const Distances same = pairwiseDistances(table_of({{7, 7}, {7, 7}}));
+  EXPECT_EQ(same.mean, 0.0);
+  EXPECT_EQ(same.max, 0.0);
+  const Distances single = pairwiseDistances(table_of({{7, 7}}));
+  EXPECT_EQ(single.mean, 0.0);
+  EXPECT_EQ(single.max, -1.7976931348623157e308);
+}
+
+using Indices = std::vector<std::int32_t>;
+
+TEST(ChartAnalysis, DistinctValuesAscendWithTheirCounts) {
+  const DistinctValues distinct = collectDistinctValues(
+      table_of({{50, 9}, {0.5, 9}, {-0.0, 9}, {0.50000001, 9}, {50, 9}, {0, 9}, {kNan, 9}}), 0);
+  EXPECT_EQ(distinct.values, (std::vector<double>{0, 0.5, 0.50000001, 50}));
+  EXPECT_EQ(distinct.counts, (Indices{2, 1, 1, 2}));
+}
+
+TEST(ChartAnalysis, PaperWhiteIsExactlyZeroEverywhere) {
+  EXPECT_EQ(findPaperWhite(table_of({{0, 1}, {0, 0}, {-0.0, 0}, {kNan, 0}, {0, 1e-300}})),
+            (Indices{1, 2}));
+}
+
+TEST(ChartAnalysis, AWedgeIsPrintedWithOneInkAlone) {
+  const ValueTable chart = table_of({{0, 0, 0},      // paper
+                                     {100, 0, 0},    //
+                                     {0, 100, 0},    // another ink
+                                     {25, 0, 0},     //
+                                     {50, 0, 1e-9},  // a trace of another ink
+                                     {40, 0, -1},    // a negative value does not print
+                                     {25, 0, 0}});   //
+  EXPECT_EQ(collectWedge(chart, 0, ZeroSteps::skip), (Indices{3, 6, 5, 1}));
+  EXPECT_EQ(collectWedge(chart, 0, ZeroSteps::keep), (Indices{0, 3, 6, 5, 1}));
+  EXPECT_EQ(collectWedge(chart, 1, ZeroSteps::skip), (Indices{2}));
+  EXPECT_EQ(collectWedge(chart, 2, ZeroSteps::skip), Indices{});
+  EXPECT_EQ(collectWedge(table_of({{100}, {kNan}, {50}, {kNan}}), 0, ZeroSteps::skip),
+            (Indices{1, 3, 2, 0}));
+}
+
+}  // namespace
