@@ -32,13 +32,14 @@ class LoadedFile {
   }
 
  private:
-  // Any text can be read as a semicolon table; it is one when its columns are known.
+  // Any text can be read as a semicolon table; it is one when its columns are known. (A table that
+  // lacks the first ink still has one device channel.)
   void try_semicolon_table() {
     set_parse_mode(handle_, 1);
     const bool is_read = parse_file(handle_, path_.c_str()) == 1;
-    if (is_read && num_patches(handle_) > 0 &&
-        (has_device_data(handle_) == 1 || has_color_data(handle_) == 1 ||
-         has_xyz_data(handle_) == 1)) {
+    const bool has_known_columns = num_device_channels(handle_) == 4 ||
+                                   has_color_data(handle_) == 1 || has_xyz_data(handle_) == 1;
+    if (is_read && num_patches(handle_) > 0 && has_known_columns) {
       form_ = Form::semicolon_table;
       is_loaded_ = true;
       return;

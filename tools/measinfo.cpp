@@ -1,5 +1,6 @@
 // measinfo: tells what measurement files hold.
 #include "measdata.h"
+#include "tools/json_report.h"
 #include "tools/loaded_file.h"
 #include "tools/printable_text.h"
 #include "tools/text_report.h"
@@ -16,11 +17,12 @@
 namespace {
 
 constexpr std::string_view kUsage =
-    "usage: measinfo [--patches N] FILE...\n"
+    "usage: measinfo [--patches N | --json] FILE...\n"
     "\n"
-    "Tells what colour-measurement files hold, and lists their patches.\n"
+    "Tells what colour-measurement files hold: instrument, keywords, channels, patches.\n"
     "\n"
     "  --patches N  list no more than the first N patches of a file\n"
+    "  --json       print all that is known of the files as JSON\n"
     "  --version    print the version of the library\n"
     "  --help       print this text\n"
     "\n"
@@ -30,6 +32,7 @@ struct Options {
   std::vector<std::string> files;
   int most_patches = std::numeric_limits<int>::max();
   bool is_valid = true;
+  bool wants_json = false;
   bool wants_help = false;
   bool wants_version = false;
 };
@@ -48,6 +51,8 @@ Options read_options(const std::vector<std::string>& arguments) {
       options.files.push_back(argument);
     } else if (argument == "--") {
       are_files = true;
+    } else if (argument == "--json") {
+      options.wants_json = true;
     } else if (argument == "--help") {
       options.wants_help = true;
     } else if (argument == "--version") {
@@ -62,6 +67,12 @@ Options read_options(const std::vector<std::string>& arguments) {
 }
 
 // The number of files that could not be read.
+int report_files_as_json(const Options& options) {
+  int failures = 0;
+  std::cout << tools::json_report(options.files, failures) << '\n';
+  return failures;
+}
+
 int report_files(const Options& options) {
   int failures = 0;
   bool is_first = true;
@@ -94,7 +105,7 @@ int run(const std::vector<std::string>& arguments) {
     std::cerr << kUsage;
     return 2;
   }
-  const int failures = report_files(options);
+  const int failures = options.wants_json ? report_files_as_json(options) : report_files(options);
   std::cout.flush();
   if (!std::cout) {
     std::cerr << "measinfo: cannot write the report\n";

@@ -59,6 +59,25 @@ std::string printable(std::string_view text) {
   return out;
 }
 
+std::string utf8_of(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  while (!text.empty()) {
+    char32_t code = 0;
+    const std::size_t length = utf8_length(text, code);
+    const std::size_t taken = std::max<std::size_t>(length, 1);
+    if (length == 0) {
+      const auto byte = static_cast<unsigned char>(text.front());
+      out += static_cast<char>(0xC0U | (byte >> 6U));
+      out += static_cast<char>(0x80U | (byte & 0x3FU));
+    } else {
+      out += text.substr(0, taken);
+    }
+    text.remove_prefix(taken);
+  }
+  return out;
+}
+
 std::size_t display_width(std::string_view printable_text) {
   return static_cast<std::size_t>(
       std::ranges::count_if(printable_text, [](char byte) { return !is_continuation(byte); }));

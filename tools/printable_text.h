@@ -16,6 +16,10 @@ std::size_t utf8_length(std::string_view text, char32_t& code);
 /// nothing in a file can steer the terminal.
 std::string printable(std::string_view text);
 
+/// The text as UTF-8: characters of it as they stand, other bytes as the Latin-1 that they mostly
+/// are.
+std::string utf8_of(std::string_view text);
+
 /// How many columns of a terminal a printable text takes, characters of double width left aside.
 std::size_t display_width(std::string_view printable_text);
 
