@@ -12,8 +12,9 @@ namespace vantor::ColorTypes::Spectral {
 
 /// Integrates with the CIE 1931 colour-matching functions and D50 from 360 to 830 nm by 5 nm. The
 /// spectrum is resampled to these wavelengths: a coarse one by a cubic through the four nearest
-/// samples (a parabola in the first and last interval), a finer one by weighted averages around each
-/// wavelength, so that no sample is left out. Outside the measured range its ends are repeated.
+/// samples (a parabola in the first and last interval), a finer one by weighted averages around
+/// each wavelength, so that no sample is left out. Outside the measured range its ends are
+/// repeated.
 ///
 /// Resampling and integration are both linear, so configure() folds them into one set of weights.
 class CmfSpectralConversion final : public ISpectralToLabConversion {

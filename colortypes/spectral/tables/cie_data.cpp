@@ -1,6 +1,6 @@
-// CIE 1931 colour-matching functions (2 degree standard observer) and the relative spectral power of
-// CIE illuminant D50 (100 at 560 nm), 360 to 830 nm by 5 nm. The colour-matching functions are every
-// fifth row of the 1 nm table.
+// CIE 1931 colour-matching functions (2 degree standard observer) and the relative spectral power
+// of CIE illuminant D50 (100 at 560 nm), 360 to 830 nm by 5 nm. The colour-matching functions are
+// every fifth row of the 1 nm table.
 #include "colortypes/spectral/cie_data.h"
 
 namespace vantor::ColorTypes::Spectral {
