@@ -47,9 +47,9 @@ void find_paper_white(Chart& chart) {
 
 void size_channel_lists(Chart& chart) {
   const std::size_t channels = chart.all_patches.device_fields.size();
-  chart.wedges.assign(channels, {});
-  chart.distinct_dev_values.assign(channels, {});
-  chart.channel_names.assign(channels, {});
+  chart.wedges.resize(channels);
+  chart.distinct_dev_values.resize(channels);
+  chart.channel_names.resize(channels);
 }
 
 // By the names of the fields: a semicolon table with four inks is not CMYK in this sense.
@@ -60,15 +60,19 @@ void set_device_flags(Chart& chart, const Names& field_names) {
 }
 
 void analyse_channels(Chart& chart) {
+  const PatchDataSet& all = chart.all_patches;
+  const PatchDataSet& unique = chart.unique_patches;
   for (std::size_t channel = 0; channel < chart.wedges.size(); ++channel) {
-    if (has_consistent_device_values(chart.unique_patches)) {
-      chart.wedges[channel] = ColorTypes::collectWedge(chart.unique_patches.device_values, channel,
-                                                       ColorTypes::ZeroSteps::skip);
+    std::vector<std::int32_t> wedge;
+    ColorTypes::DistinctValues distinct;
+    if (has_consistent_device_values(unique)) {
+      wedge = collectWedge(unique.device_values, channel, ColorTypes::ZeroSteps::skip);
     }
-    if (has_consistent_device_values(chart.all_patches)) {
-      chart.distinct_dev_values[channel] =
-          ColorTypes::collectDistinctValues(chart.all_patches.device_values, channel);
+    if (has_consistent_device_values(all)) {
+      distinct = collectDistinctValues(all.device_values, channel);
     }
+    chart.wedges[channel] = std::move(wedge);
+    chart.distinct_dev_values[channel] = std::move(distinct);
   }
 }
 
