@@ -251,7 +251,9 @@ void print_report(std::ostream& out, const LoadedFile& file, int most_patches) {
   if (has_device_data(handle) == 1) {
     const int white = get_paperwhite_index(handle);
     print_line(out, "device", device_space_name(handle));
-    print_line(out, "paper white", white < 0 ? "none" : index_text(handle, white));
+    // In RGB the patch of no light is black.
+    print_line(out, dev_is_rgb(handle) == 1 ? "all channels 0" : "paper white",
+               white < 0 ? "none" : index_text(handle, white));
     print_line(out, "repeats", repeats_text(handle));
   }
   print_messages(out, file.messages());
