@@ -6,10 +6,12 @@
 #include "dataset/fill.h"
 #include "measdata/meas_file_parser.h"
 
+#include <algorithm>
+#include <array>
 #include <exception>
-#include <new>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 using vantor::Api::ParserState;
@@ -32,14 +34,22 @@ void clear_after_failure(ParserState& state) {
   state.chart.all_patches.messages = std::move(messages);
 }
 
-// `read` fills all_patches by way of a reader. The name is copied first, since the caller may have
-// got it from this handle.
+// Takes texts out of a data set that the caller may hold, to keep them alive.
+auto take_texts(PatchDataSet& patches) {
+  return std::tuple(std::move(patches.messages), std::move(patches.sample_ids),
+                    std::move(patches.sample_locations), std::move(patches.sample_names));
+}
+
+// `read` fills all_patches by way of a reader. Name, path or block may be texts that this handle
+// gave out: the name is copied, and the texts live until the load is done.
 template <typename Read>
 int load(void* handle, const char* name, Read read) noexcept {
   if (handle == nullptr) return 0;
   ParserState& state = *state_of(handle);
   try {
     const std::string name_copy(name == nullptr ? "" : name);
+    const auto texts_of_patches = take_texts(state.chart.all_patches);
+    const auto texts_of_merged_patches = take_texts(state.chart.unique_patches);
     MeasFileParser reader(state.parse_mode + 1);
     if (read(state.chart.all_patches, reader, name_copy)) {
       return parse(handle, &reader, name == nullptr ? nullptr : name_copy.c_str());
@@ -53,7 +63,13 @@ int load(void* handle, const char* name, Read read) noexcept {
 
 }  // namespace
 
-void* init_parser() noexcept { return new (std::nothrow) ParserState; }
+void* init_parser() noexcept {
+  try {
+    return new ParserState;
+  } catch (const std::exception&) {
+    return nullptr;
+  }
+}
 
 void cleanup_parser(void** handle) noexcept {
   if (handle == nullptr) return;
@@ -69,7 +85,14 @@ int parse_file(void* handle, const char* path) noexcept {
 }
 
 int parse_mem(void* handle, size_t length, const char* block, const char* name) noexcept {
-  const std::string_view text(block, block == nullptr ? 0 : length);
+  // Strings as short as this may lie inside the state, where the load overwrites them.
+  constexpr size_t kShortText = 64;
+  std::array<char, kShortText> copy{};
+  std::string_view text(block, block == nullptr ? 0 : length);
+  if (text.size() <= copy.size()) {
+    std::copy(text.begin(), text.end(), copy.begin());
+    text = {copy.data(), text.size()};
+  }
   const auto read = [text](PatchDataSet& patches, MeasFileParser& reader, const std::string&) {
     return vantor::DataSet::read_memory(patches, text, reader);
   };

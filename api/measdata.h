@@ -4,7 +4,7 @@
  *
  * 1. Handles. init_parser makes a handle, cleanup_parser releases it. In between it can be loaded
  *    again and again; each load replaces the file before. Before the first load and after a failed
- *    one every count is 0 and every has_... is 0.
+ *    one there are no patches and no channels. (Keywords stay, see there.)
  * 2. Null. A null handle never crashes: counts, yes/no answers and numbers are 0, strings are null
  *    or, where said, empty, indices are -1, arrays of the caller stay untouched. A null name finds
  *    nothing.
@@ -76,8 +76,9 @@ MEASDATA_API void set_parse_mode(void* handle, int mode) MEASDATA_NOEXCEPT;
 /** The mode that set_parse_mode chose. */
 MEASDATA_API int get_parse_mode(void* handle) MEASDATA_NOEXCEPT;
 
-/** What was noticed during the last load: lines of English text, each ending with a line feed, or
- *  an empty string. Names from the file stand in it as they are. Null for a null handle. */
+/** What is to be told about the last load: lines of English text, or an empty string. After a
+ * failed load it is all that was noticed in the file, names from it spliced in as they are; after a
+ *  successful one only what bears on the answers. Null for a null handle. */
 MEASDATA_API const char* parse_messages(void* handle) MEASDATA_NOEXCEPT;
 
 /** The merged patches of the handle, for the functions that read no more than one set of patches:

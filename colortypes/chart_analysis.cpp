@@ -12,7 +12,10 @@ namespace vantor::ColorTypes {
 namespace {
 
 struct HashOfDouble {
-  std::size_t operator()(double value) const { return static_cast<std::size_t>(hashValue(value)); }
+  std::uint64_t seed = hashSeed();
+  std::size_t operator()(double value) const {
+    return static_cast<std::size_t>(hashValue(value, seed));
+  }
 };
 
 bool isInWedge(std::span<const double> row, std::size_t channel, ZeroSteps zeros) {

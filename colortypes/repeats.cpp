@@ -25,12 +25,13 @@ std::vector<std::uint32_t> findEntries(const ValueTable& rows,
   std::vector<std::uint32_t> entry_of_row(rows.rows());
   std::vector<std::uint32_t> slots(std::bit_ceil(2 * rows.rows() + 1), kFree);
   const std::size_t mask = slots.size() - 1;
+  const std::uint64_t seed = hashSeed();
   for (std::size_t row = 0; row < rows.rows(); ++row) {
     const std::span<const double> values = rows.row(row);
     const auto new_entry = static_cast<std::uint32_t>(first_rows.size());
     std::uint32_t entry = new_entry;
     if (areEqual(values, values)) {  // else it holds a not-a-number, which nothing equals
-      std::size_t slot = hashValues(values) & mask;
+      std::size_t slot = hashValues(values, seed) & mask;
       while (slots[slot] != kFree && !areEqual(values, rows.row(first_rows[slots[slot]]))) {
         slot = (slot + 1) & mask;
       }

@@ -1,16 +1,16 @@
 #include "dataset/channel_names.h"
 
+#include "measdata/name_hash.h"
 #include "measdata/tokenizer.h"
 
 #include <cerrno>
 #include <cstddef>
 #include <cstdlib>
-#include <unordered_map>
 
 namespace vantor::DataSet {
 namespace {
 
-using KeywordValues = std::unordered_map<std::string_view, std::string_view>;
+using KeywordValues = MeasData::NameMap<std::string_view>;
 using Tokens = std::vector<std::string_view>;
 
 constexpr std::size_t kNameToken = 2;

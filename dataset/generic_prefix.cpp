@@ -37,12 +37,16 @@ std::ptrdiff_t GenericPrefixRule::last_but_one(std::string_view prefix) {
     std::sort(by_name_.begin(), by_name_.end(),
               [this](std::size_t a, std::size_t b) { return names_[a] < names_[b]; });
   }
+  // Names that begin with the prefix stand together.
   auto entry = std::lower_bound(
       by_name_.begin(), by_name_.end(), prefix,
       [this](std::size_t index, std::string_view value) { return names_[index] < value; });
+  const auto end = std::partition_point(entry, by_name_.end(), [this, prefix](std::size_t index) {
+    return names_[index].starts_with(prefix);
+  });
   std::ptrdiff_t last = -1;
   std::ptrdiff_t second = -1;
-  for (; entry != by_name_.end() && names_[*entry].starts_with(prefix); ++entry) {
+  for (; entry != end; ++entry) {
     if (!has_wavelength(names_[*entry], prefix.size())) continue;
     const auto index = static_cast<std::ptrdiff_t>(*entry);
     second = std::max(second, std::min(last, index));
@@ -52,7 +56,10 @@ std::ptrdiff_t GenericPrefixRule::last_but_one(std::string_view prefix) {
 }
 
 bool GenericPrefixRule::has_wavelength(std::string_view name, std::size_t prefix_length) const {
-  const double nm = numbers_.read(name.substr(prefix_length));
+  const std::string_view rest = name.substr(prefix_length);
+  // No number of this range begins with anything else; most names are told by this alone.
+  if (rest.find_first_of("0123456789.+ \t\v\f") != 0) return false;
+  const double nm = numbers_.read(rest);
   return nm >= kShortestNm && nm <= kLongestNm;
 }
 

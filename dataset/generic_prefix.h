@@ -2,11 +2,11 @@
 #ifndef MEASDATA_DATASET_GENERIC_PREFIX_H
 #define MEASDATA_DATASET_GENERIC_PREFIX_H
 
+#include "measdata/name_hash.h"
 #include "measdata/number_reader.h"
 
 #include <cstddef>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace vantor::DataSet {
@@ -15,7 +15,7 @@ namespace vantor::DataSet {
 /// than one field, from the proposing one on, begins with it and has a wavelength behind it.
 ///
 /// The names are sorted when the first prefix is proposed, and each proposal is judged once, so
-/// that a file of nothing but such names costs no more than sorting it.
+/// that a file of nothing but such names costs little more than sorting it.
 class GenericPrefixRule {
  public:
   explicit GenericPrefixRule(const std::vector<std::string_view>& names) : names_(names) {}
@@ -32,7 +32,7 @@ class GenericPrefixRule {
   const std::vector<std::string_view>& names_;
   MeasData::NumberReader numbers_;
   std::vector<std::size_t> by_name_;  // indices into names_, in the order of the names
-  std::unordered_map<std::string_view, std::ptrdiff_t> judged_;
+  MeasData::NameMap<std::ptrdiff_t> judged_;
 };
 
 }  // namespace vantor::DataSet

@@ -93,7 +93,7 @@ struct PatchDataSet {
   std::vector<double> de_mean;  ///< Delta E*ab
   std::vector<double> de_max;
 
-  std::string messages;  ///< diagnostics of the build, each ending with a line feed
+  std::string messages;                          ///< diagnostics of the build
   std::vector<std::string> unclassified_fields;  ///< names of the fields that no role wants
   std::vector<HeaderKeyword> header_keywords;    ///< in file order
 

@@ -31,7 +31,7 @@ class DataFormatReader {
   ReaderTables& tables_;
   char comment_char_;
   std::vector<std::string_view> items_;  // of the line at hand, kept for its room
-  // Each wrong width of a row is told once in a run of rows of that width.
+  // A wrong width of a row is told when it is another than the wrong width told before.
   std::size_t last_bad_row_width_ = 0;  // no row is so short
 };
 

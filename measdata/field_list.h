@@ -2,8 +2,9 @@
 #ifndef MEASDATA_MEASDATA_FIELD_LIST_H
 #define MEASDATA_MEASDATA_FIELD_LIST_H
 
+#include "measdata/name_hash.h"
+
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace vantor::MeasData {
@@ -30,7 +31,7 @@ class FieldList {
 
  private:
   std::vector<std::string_view> names_;
-  std::unordered_map<std::string_view, int> first_;
+  NameMap<int> first_;
 };
 
 }  // namespace vantor::MeasData

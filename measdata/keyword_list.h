@@ -2,9 +2,10 @@
 #ifndef MEASDATA_MEASDATA_KEYWORD_LIST_H
 #define MEASDATA_MEASDATA_KEYWORD_LIST_H
 
+#include "measdata/name_hash.h"
+
 #include <cstddef>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace vantor::MeasData {
@@ -30,7 +31,7 @@ class KeywordList {
 
  private:
   std::vector<KeywordEntry> entries_;
-  std::unordered_map<std::string_view, std::size_t> positions_;
+  NameMap<std::size_t> positions_;
 };
 
 }  // namespace vantor::MeasData

@@ -20,7 +20,7 @@ MeasFileParser::MeasFileParser(int mode) { set_mode(mode); }
 void MeasFileParser::set_mode(int mode) {
   settings_.mode = static_cast<ReaderMode>(mode);
   if (settings_.mode == ReaderMode::plain_table) return;
-  const bool is_table = is_semicolon_table();
+  const bool is_table = settings_.mode == ReaderMode::semicolon_table;
   settings_.separator = is_table ? ';' : ' ';
   settings_.other_separator = is_table ? ';' : '\t';
   settings_.comment_char = is_table ? '%' : '#';
@@ -28,6 +28,7 @@ void MeasFileParser::set_mode(int mode) {
 
 bool MeasFileParser::load_file(const char* path) {
   forget();
+  if (!is_mode_known()) return false;
   switch (file_.read(path)) {
     case FileStatus::not_opened:
       return fail({"Failed to open file '", path, "'\n"});
@@ -48,12 +49,18 @@ bool MeasFileParser::load_memory(std::string_view text) {
 
 bool MeasFileParser::load_view(std::string_view text) {
   forget();
+  if (!is_mode_known()) return false;
   if (text.empty()) return fail({"File is empty\n"});
   return parse(text);
 }
 
+bool MeasFileParser::is_mode_known() const {
+  return settings_.mode >= ReaderMode::lenient && settings_.mode <= ReaderMode::plain_table;
+}
+
 void MeasFileParser::forget() {
   tables_ = ReaderTables();
+  read_with_ = settings_;
   const bool is_silent =
       settings_.mode == ReaderMode::lenient_silent || settings_.mode == ReaderMode::plain_table;
   tables_.log.reset(is_silent ? Warnings::drop : Warnings::write);
@@ -66,18 +73,12 @@ bool MeasFileParser::fail(MessageLog::Pieces message) {
 
 bool MeasFileParser::parse(std::string_view text) {
   numbers_ = NumberReader();  // the locale may have changed since the last load
-  switch (settings_.mode) {
-    case ReaderMode::semicolon_table:
-      read_semicolon_table(text, settings_.comment_char, tables_);
-      return true;
-    case ReaderMode::lenient:
-    case ReaderMode::lenient_silent:
-    case ReaderMode::strict:
-    case ReaderMode::plain_table:
-      HeaderGrammar(settings_, tables_).read(text);
-      return tables_.log.no_errors();
+  if (is_semicolon_table()) {
+    read_semicolon_table(text, read_with_.comment_char, tables_);
+  } else {
+    HeaderGrammar(read_with_, tables_).read(text);
   }
-  return false;
+  return tables_.log.no_errors();
 }
 
 std::string MeasFileParser::field_name(int index) const {
@@ -105,7 +106,7 @@ void MeasFileParser::cells_of_row(int row, std::vector<std::string_view>& cells)
     split(line, kSemicolonTable, cells);
     cells.resize(std::min(cells.size(), tables_.fields.names().size()));
   } else {
-    split_items(line, kBlankSeparated, settings_.comment_char, cells);
+    split_items(line, kBlankSeparated, read_with_.comment_char, cells);
   }
 }
 

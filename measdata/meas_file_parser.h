@@ -71,14 +71,17 @@ class MeasFileParser final : public DataTableInterface {
     return tables_.process_color_ids;
   }
   const std::vector<std::string_view>& spot_color_ids() const { return tables_.spot_color_ids; }
-  bool is_semicolon_table() const { return settings_.mode == ReaderMode::semicolon_table; }
+  /// True when the text was read as a semicolon table.
+  bool is_semicolon_table() const { return read_with_.mode == ReaderMode::semicolon_table; }
 
  private:
+  bool is_mode_known() const;
   void forget();
   bool fail(MessageLog::Pieces message);
   bool parse(std::string_view text);
 
-  ReaderSettings settings_;
+  ReaderSettings settings_;   // of the next load
+  ReaderSettings read_with_;  // of the last one, whose rows are cut when they are asked for
   FileText file_;
   std::string copy_;
   NumberReader numbers_;

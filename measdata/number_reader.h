@@ -14,7 +14,7 @@ enum class Comma {
 
 /// Reads numbers exactly as the C library's atof does: the longest numeric prefix after leading
 /// white space, 0.0 when there is none, hexadecimal, infinite and not-a-number forms included, with
-/// the decimal point of the process locale that was in force when the NumberReader was made.
+/// the decimal point of the process locale, which must not change while the NumberReader lives.
 ///
 /// Plain decimal numbers, nearly all of a real file, are read where they stand; whatever else goes
 /// to the C library through a zero-terminated copy.

@@ -6,13 +6,13 @@
 #include "measdata/keyword_list.h"
 #include "measdata/known_names.h"
 #include "measdata/message_log.h"
+#include "measdata/name_hash.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -40,7 +40,7 @@ struct ReaderTables {
   /// Keywords that are known besides those of is_known_keyword.
   std::vector<std::string_view> optional_keywords;
   /// Field identifiers that DATA_FORMAT_IDENTIFIER lines add to the known ones.
-  std::unordered_set<std::string_view> declared_fields;
+  NameSet declared_fields;
   std::vector<std::string_view> weighting_functions;
   std::vector<std::string_view> computational_parameters;
   std::vector<std::string_view> process_color_ids;

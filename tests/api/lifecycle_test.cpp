@@ -96,6 +96,27 @@ TEST(Lifecycle, MemoryNeedsNoEndAndNoAddress) {
   EXPECT_EQ(handle.messages(), "In DATA block : line 5 has 5 fields, but 4 are required!\n");
 }
 
+TEST(Lifecycle, ABlockMayBeATextOfTheHandleItself) {
+  test::Handle handle;
+  const std::string inner =
+      "GRAY;LAB_L;LAB_A;LAB_B;and a name that is long enough for the heap|1;2;3;4;5";
+  for (const std::string& text : {inner, inner.substr(0, 8)}) {
+    set_parse_mode(handle, 0);
+    ASSERT_EQ(handle.load(test::file_of("SAMPLE_ID", "\"" + text + "\"\n")), 1);
+    set_parse_mode(handle, 1);
+    const char* id = get_id_from_patch(handle, 0);
+    EXPECT_EQ(parse_mem(handle, text.size(), id, id), 1);
+    EXPECT_EQ(num_patches(handle), 0);
+  }
+  set_parse_mode(handle, 0);
+  EXPECT_EQ(handle.load("In\nIn 1\nIn 2\nIn 3\n" + std::string(200, '#')), 0);
+  const std::string notes = handle.messages();
+  EXPECT_EQ(parse_mem(handle, notes.size(), parse_messages(handle), "x"), 0);
+  test::Handle other;
+  other.load(notes);
+  EXPECT_EQ(handle.messages(), other.messages());
+}
+
 TEST(Lifecycle, FilesAreReadWhole) {
   test::Handle handle;
   const TemporaryFile file(

@@ -314,6 +314,7 @@ TEST(Reader, APlainTableBeginsWithItsFieldList) {
 TEST(Reader, AnUnknownModeFailsWithoutAMessage) {
   EXPECT_EQ(read(sound_file(), 5), (Outcome{false, ""}));
   EXPECT_EQ(read(sound_file(), -1), (Outcome{false, ""}));
+  EXPECT_EQ(read("", 5), (Outcome{false, ""}));
 }
 
 TEST(Reader, ASecondLoadForgetsTheFirst) {
@@ -343,6 +344,9 @@ TEST(Reader, ASemicolonTable) {
   EXPECT_EQ(reader.value(1, 3), "6");
   EXPECT_EQ(reader.value(1, 4), "");
   EXPECT_EQ(reader.value(2, 1), "");
+  reader.set_mode(kLenient);  // for the next load only
+  EXPECT_EQ(reader.value(1, 3), "6");
+  reader.set_mode(kSemicolonTable);
   EXPECT_TRUE(reader.load_memory("%A;B\n1;2\n%C;D\n3;4\n"));
   EXPECT_EQ(reader.field_name(0), "%C");
   EXPECT_EQ(reader.row_count(), 2);
