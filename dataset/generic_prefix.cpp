@@ -58,7 +58,8 @@ std::ptrdiff_t GenericPrefixRule::last_but_one(std::string_view prefix) {
 bool GenericPrefixRule::has_wavelength(std::string_view name, std::size_t prefix_length) const {
   const std::string_view rest = name.substr(prefix_length);
   // No number of this range begins with anything else; most names are told by this alone.
-  if (rest.find_first_of("0123456789.+ \t\v\f") != 0) return false;
+  constexpr std::string_view kStarts = "0123456789.+ \t\v\f";
+  if (rest.empty() || kStarts.find(rest.front()) == std::string_view::npos) return false;
   const double nm = numbers_.read(rest);
   return nm >= kShortestNm && nm <= kLongestNm;
 }
