@@ -1,4 +1,4 @@
-// Writes large measurement files with made-up numbers, the same ones on every machine.
+// Writes measurement files with made-up numbers, the same ones on every machine.
 #ifndef MEASDATA_BENCH_CHARTS_H
 #define MEASDATA_BENCH_CHARTS_H
 
@@ -6,9 +6,24 @@
 
 namespace bench {
 
-/// A CMYK chart: id, CMYK, XYZ, Lab and 36 bands in each of `rows` rows, which is 47 columns and
-/// about 350 bytes a row.
-std::string spectral_chart(int rows);
+/// A CMYK chart in 48 columns: id, name, CMYK, XYZ, Lab and 36 bands, about 380 bytes a row. The
+/// rows repeat the device values of the first `distinct_rows` over and over.
+std::string spectral_chart(int rows, int distinct_rows);
+
+/// Id, CMYK and Lab: 8 columns.
+std::string narrow_chart(int rows);
+
+/// A semicolon table of 12 columns: id, name, CMYK, XYZ, Lab.
+std::string semicolon_table(int rows);
+
+/// `rows` measurements of one gray patch: id, gray and 36 bands.
+std::string single_patch_chart(int rows);
+
+/// A small chart behind `count` keywords of different names.
+std::string keyword_file(int count);
+
+/// A chart of one row under `count` fields of different names.
+std::string wide_file(int count);
 
 }  // namespace bench
 

@@ -1,0 +1,346 @@
+// Measures what loading and asking costs, against the least and the most work that a reader could
+// do on the same bytes in the same run. Prints Markdown.
+#include "bench/baselines.h"
+#include "bench/charts.h"
+#include "bench/peak_memory.h"
+#include "bench/report.h"
+#include "colortypes/repeats.h"
+#include "dataset/fill.h"
+#include "dataset/merge.h"
+#include "measdata.h"
+#include "measdata/meas_file_parser.h"
+#ifdef MEASDATA_BENCH_IT8
+#include "bench/it8_reader.h"
+#endif
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace {
+
+using bench::format;
+using vantor::ColorTypes::ValueTable;
+
+constexpr int kSmallRows = 1617;
+constexpr int kBigRows = 100000;
+constexpr int kNarrowRows = 1000000;
+constexpr int kPairRows = 5000;
+constexpr int kFirstDoubled = 15625;
+constexpr int kLastDoubled = 1000000;
+
+constexpr const char* kRows[] = {"newline scan",
+                                 "tokenizing",
+                                 "tokenizing + from_chars",
+                                 "naive design",
+                                 "library: reader alone",
+                                 "library: parse_mem",
+                                 "library: parse_file",
+                                 "library: read all back",
+                                 "lcms2 IT8 reader"};
+constexpr const char* kReference = "tokenizing + from_chars";
+
+struct File {
+  std::string name;
+  std::string text;
+  int mode = 0;  // of set_parse_mode
+};
+
+void check(bool is_right, const char* what) {
+  if (is_right) return;
+  std::fprintf(stderr, "failed: %s\n", what);
+  std::exit(1);
+}
+
+std::string read_whole(const std::string& path) {
+  std::ifstream stream(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+void write_whole(const std::string& path, const std::string& text) {
+  std::ofstream(path, std::ios::binary) << text;
+}
+
+std::string temporary_path(const std::string& name) {
+  return (std::filesystem::temp_directory_path() / ("measdata-bench-" + name + ".txt")).string();
+}
+
+class Handle {
+ public:
+  explicit Handle(int mode = 0) : handle_(init_parser()) { set_parse_mode(handle_, mode); }
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+  ~Handle() { cleanup_parser(&handle_); }
+
+  void load(const std::string& text) {
+    check(parse_mem(handle_, text.size(), text.data(), "bench") == 1, "parse_mem");
+  }
+  void load_file(const std::string& path) {
+    check(parse_file(handle_, path.c_str()) == 1, "parse_file");
+  }
+  void* get() const { return handle_; }
+
+ private:
+  void* handle_;
+};
+
+// Every value of every patch.
+double read_back(void* handle) {
+  double sum = 0.0;
+  double values[15] = {};
+  const int patches = num_patches(handle);
+  const int bands = spectral_size(handle);
+  for (int patch = 0; patch < patches; ++patch) {
+    sum += *get_id_from_patch(handle, patch) + *get_name_from_patch(handle, patch);
+    get_dev_from_patch(handle, patch, values);
+    sum += values[0];
+    get_xyz_from_patch(handle, patch, values);
+    sum += values[0];
+    get_lab_from_patch(handle, patch, values);
+    sum += values[0];
+    if (const double* spectrum = get_spectrum_from_patch(handle, patch)) {
+      for (int band = 0; band < bands; ++band) sum += spectrum[band];
+    }
+  }
+  return sum;
+}
+
+using Work = std::function<void()>;
+
+void add(const std::string& name, const Work& work) {
+  benchmark::RegisterBenchmark(name.c_str(), [work](benchmark::State& state) {
+    for (auto _ : state) work();
+  });
+}
+
+// The work on a text that is made when its turn comes.
+void add_made(const std::string& name, const std::function<std::string()>& make) {
+  benchmark::RegisterBenchmark(name.c_str(), [make](benchmark::State& state) {
+    const std::string text = make();
+    for (auto _ : state) Handle().load(text);
+  });
+}
+
+void add_file(const File& file) {
+  const std::string& text = file.text;
+  const std::size_t tokens = bench::count_tokens(text);
+  const std::string path = temporary_path(file.name);
+  write_whole(path, text);
+  const auto add_row = [&file](const char* row, const Work& work) {
+    add(file.name + "/" + row, work);
+  };
+  add_row("newline scan", [&text] { benchmark::DoNotOptimize(bench::count_lines(text)); });
+  add_row("tokenizing", [&text] { benchmark::DoNotOptimize(bench::count_tokens(text)); });
+  add_row(kReference,
+          [&text, tokens] { benchmark::DoNotOptimize(bench::read_numbers(text, tokens).data()); });
+  add_row("naive design",
+          [&text] { benchmark::DoNotOptimize(bench::read_naively(text).numbers.data()); });
+  add_row("library: reader alone", [&file] {
+    vantor::MeasData::MeasFileParser reader(file.mode + 1);
+    check(reader.load_view(file.text), "load_view");
+  });
+  add_row("library: parse_mem", [&file] { Handle(file.mode).load(file.text); });
+  add_row("library: parse_file", [path, mode = file.mode] { Handle(mode).load_file(path); });
+  benchmark::RegisterBenchmark((file.name + "/library: read all back").c_str(),
+                               [&file](benchmark::State& state) {
+                                 Handle handle(file.mode);
+                                 handle.load(file.text);
+                                 for (auto _ : state) {
+                                   benchmark::DoNotOptimize(read_back(handle.get()));
+                                 }
+                               });
+#ifdef MEASDATA_BENCH_IT8
+  if (file.name == "it8") {
+    add_row("lcms2 IT8 reader",
+            [&text] { check(bench::read_as_it8(text) > 0, "cmsIT8LoadFromMem"); });
+  }
+#endif
+}
+
+void add_parts() {
+  benchmark::RegisterBenchmark("merge", [](benchmark::State& state) {
+    const std::string text = bench::narrow_chart(kBigRows);
+    vantor::MeasData::MeasFileParser reader(1);
+    vantor::DataSet::PatchDataSet all;
+    check(vantor::DataSet::read_memory(all, text, reader), "read_memory");
+    for (auto _ : state) {
+      vantor::DataSet::PatchDataSet unique;
+      vantor::DataSet::merge_repeats(all, unique);
+      benchmark::DoNotOptimize(unique.num_patches);
+    }
+  });
+  benchmark::RegisterBenchmark("lab", [](benchmark::State& state) {
+    Handle handle;
+    handle.load(bench::spectral_chart(kSmallRows, kSmallRows));
+    for (auto _ : state) {
+      double lab[3] = {};
+      for (int patch = 0; patch < kSmallRows; ++patch) {
+        get_lab_from_patch(handle.get(), patch, lab);
+        benchmark::DoNotOptimize(lab);
+      }
+    }
+  });
+  benchmark::RegisterBenchmark("pairs", [](benchmark::State& state) {
+    const std::string text = bench::single_patch_chart(kPairRows);
+    vantor::MeasData::MeasFileParser reader(1);
+    vantor::DataSet::PatchDataSet all;
+    check(vantor::DataSet::read_memory(all, text, reader), "read_memory");
+    for (auto _ : state) {
+      benchmark::DoNotOptimize(vantor::ColorTypes::pairwiseDistances(all.spectra));
+    }
+  });
+  for (int count = kFirstDoubled; count <= kLastDoubled; count *= 2) {
+    const std::string suffix = "/" + std::to_string(count);
+    add_made("rows" + suffix, [count] { return bench::narrow_chart(count); });
+    add_made("keywords" + suffix, [count] { return bench::keyword_file(count); });
+    add_made("fields" + suffix, [count] { return bench::wide_file(count); });
+  }
+}
+
+// Bytes of memory for each byte of the big file, by row.
+using Memory = std::map<std::string, double>;
+
+Memory measure_memory() {
+  const std::string path = temporary_path("memory");
+  bench::peak_bytes([&path] { write_whole(path, bench::spectral_chart(kBigRows, kBigRows)); });
+  const auto bytes = static_cast<double>(std::filesystem::file_size(path));
+  Memory memory;
+  memory[kReference] = bench::peak_bytes([&path] {
+    const std::string text = read_whole(path);
+    benchmark::DoNotOptimize(bench::read_numbers(text, bench::count_tokens(text)).data());
+  });
+  memory["naive design"] = bench::peak_bytes(
+      [&path] { benchmark::DoNotOptimize(bench::read_naively(read_whole(path)).numbers.data()); });
+  memory["library: parse_mem"] = bench::peak_bytes([&path] { Handle().load(read_whole(path)); });
+  memory["library: parse_file"] = bench::peak_bytes([&path] { Handle().load_file(path); });
+  for (auto& [row, peak] : memory) peak /= bytes;
+  std::filesystem::remove(path);
+  return memory;
+}
+
+#ifdef MEASDATA_BENCH_IT8
+// The reader refuses tables with too many cells; the largest file that it takes.
+std::string largest_it8_file() {
+  int taken = 1;
+  int refused = kBigRows;
+  while (refused - taken > 1) {
+    const int rows = (taken + refused) / 2;
+    (bench::read_as_it8(bench::spectral_chart(rows, rows)) > 0 ? taken : refused) = rows;
+  }
+  return bench::spectral_chart(taken, taken);
+}
+#endif
+
+void print_files(const std::vector<File>& files, const bench::Times& times, const Memory& memory) {
+  std::vector<std::vector<std::string>> table(1);
+  table[0] = {"milliseconds (speed over " + std::string(kReference) + ")"};
+  for (const File& file : files) {
+    table[0].push_back(file.name + ", " +
+                       format("%.1f MB", static_cast<double>(file.text.size()) / 1e6));
+  }
+  table[0].emplace_back("peak memory, big, bytes a byte");
+  for (const char* row : kRows) {
+    std::vector<std::string> line = {row};
+    for (const File& file : files) {
+      const double time = times.of(file.name + "/" + row);
+      const double reference = times.of(file.name + "/" + kReference);
+      line.push_back(
+          time == 0.0 ? "" : format("%.2f", time * 1e3) + format(" (%.2f)", reference / time));
+    }
+    const auto peak = memory.find(row);
+    line.push_back(peak == memory.end() ? "" : format("%.2f", peak->second));
+    table.push_back(line);
+  }
+  bench::print_table(table);
+}
+
+// The largest factor between the times of a count and twice the count.
+double worst_doubling(const bench::Times& times, const std::string& what) {
+  double worst = 0.0;
+  for (int count = kFirstDoubled; 2 * count <= kLastDoubled; count *= 2) {
+    worst = std::max(worst, times.of(what + "/" + std::to_string(2 * count)) /
+                                times.of(what + "/" + std::to_string(count)));
+  }
+  return worst;
+}
+
+void print_targets(const bench::Times& times, const Memory& memory) {
+  const auto ratio = [&times](const std::string& file, const char* row) {
+    return times.of(file + "/" + row) / times.of(file + "/library: parse_mem");
+  };
+  std::vector<std::vector<std::string>> table = {{"what", "measured", "at least", "aim"}};
+  const auto add_row = [&table](const char* what, const std::string& measured, const char* least,
+                                const char* aim) {
+    table.push_back({what, measured, least, aim});
+  };
+  add_row("parse_mem over tokenizing + from_chars, big", format("%.2f", ratio("big", kReference)),
+          "0.7", "1.0");
+  add_row("the same, narrow", format("%.2f", ratio("narrow", kReference)), "0.6", "0.9");
+  add_row("the same, small", format("%.2f", ratio("small", kReference)), "0.6", "0.9");
+#ifdef MEASDATA_BENCH_IT8
+  add_row("parse_mem over the lcms2 IT8 reader", format("%.1f", ratio("it8", "lcms2 IT8 reader")),
+          "8", "12");
+#endif
+  add_row("parse_mem over the naive design, big", format("%.1f", ratio("big", "naive design")), "4",
+          "6");
+  add_row("peak memory, big, bytes a byte",
+          format("%.2f", memory.at("library: parse_mem")) +
+              format(" (parse_file %.2f)", memory.at("library: parse_file")),
+          "4.5", "3.3");
+  add_row("merging 100,000 distinct rows of 4 channels", format("%.1f ms", times.of("merge") * 1e3),
+          "10 ms", "3 ms");
+  add_row("Lab from 36 bands, patches a second",
+          format("%.1f million", kSmallRows / times.of("lab") / 1e6), "12 million", "20 million");
+  for (const char* what : {"rows", "keywords", "fields"}) {
+    const std::string label = "time when " + std::string(what) + " double, at most";
+    add_row(label.c_str(), format("%.2f", worst_doubling(times, what)), "2.2", "2.05");
+  }
+  add_row("all-pairs statistics, 36 bands, pairs a second",
+          format("%.0f million", 0.5 * kPairRows * (kPairRows - 1) / times.of("pairs") / 1e6),
+          "80 million", "200 million");
+  bench::print_table(table);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const Memory memory = measure_memory();
+
+  std::vector<std::string> arguments = {argv[0], "--benchmark_repetitions=5",
+                                        "--benchmark_min_time=0.1",
+                                        "--benchmark_enable_random_interleaving=true"};
+  arguments.insert(arguments.end(), argv + 1, argv + argc);
+  std::vector<char*> pointers;
+  for (std::string& argument : arguments) pointers.push_back(argument.data());
+  int count = static_cast<int>(pointers.size());
+  benchmark::Initialize(&count, pointers.data());
+  if (benchmark::ReportUnrecognizedArguments(count, pointers.data())) return 1;
+
+  std::vector<File> files = {
+      {"small", bench::spectral_chart(kSmallRows, kSmallRows)},
+      {"big", bench::spectral_chart(kBigRows, kBigRows)},
+      {"narrow", bench::narrow_chart(kNarrowRows)},
+      {"repeats", bench::spectral_chart(10000, 2000)},
+      {"semicolon", bench::semicolon_table(kBigRows), 1},
+  };
+#ifdef MEASDATA_BENCH_IT8
+  files.push_back({"it8", largest_it8_file()});
+#endif
+  for (const File& file : files) add_file(file);
+  add_parts();
+
+  bench::Times times;
+  benchmark::RunSpecifiedBenchmarks(&times);
+  print_files(files, times, memory);
+  std::printf("\n");
+  print_targets(times, memory);
+  for (const File& file : files) std::filesystem::remove(temporary_path(file.name));
+  return 0;
+}
