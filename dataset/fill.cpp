@@ -20,7 +20,7 @@ class RowCells {
  public:
   explicit RowCells(const MeasFileParser& reader) : reader_(reader) {}
 
-  void move_to(int row) { reader_.cells_of_row(row, cells_); }
+  void move_to(int row) { cells_ = reader_.cells_of_row(row, cutter_); }
 
   double number(std::int32_t field) const {
     return is_cell(field) ? reader_.number_of(cells_[static_cast<std::size_t>(field)], field) : 0.0;
@@ -45,7 +45,8 @@ class RowCells {
   }
 
   const MeasFileParser& reader_;
-  std::vector<std::string_view> cells_;
+  MeasData::CellCutter cutter_;
+  std::span<const std::string_view> cells_;
 };
 
 std::int32_t count_decimals(const std::string& number) {

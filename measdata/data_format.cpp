@@ -69,8 +69,11 @@ bool DataFormatReader::is_accepted(std::string_view name) const {
 
 void DataFormatReader::read_data_line(std::string_view line, std::size_t line_index) {
   split_items(line, kBlankSeparated, comment_char_, items_);
-  if (items_.empty()) return;
-  const std::size_t width = items_.size();
+  if (!items_.empty()) append_row(line, items_.size(), line_index);
+}
+
+void DataFormatReader::append_row(std::string_view line, std::size_t width,
+                                  std::size_t line_index) {
   const std::size_t required = tables_.fields.names().size();
   if (width != required && width != last_bad_row_width_) {
     last_bad_row_width_ = width;

@@ -22,6 +22,8 @@ class DataFormatReader {
   void read_identifier_line(std::string_view line);
   /// A line of the data block; `line_index` counts from 0.
   void read_data_line(std::string_view line, std::size_t line_index);
+  /// The same for a line that is known to hold `width` items, at least one.
+  void append_row(std::string_view line, std::size_t width, std::size_t line_index);
 
  private:
   void check_field_count(std::size_t count);

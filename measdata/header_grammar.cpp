@@ -59,7 +59,8 @@ void HeaderGrammar::read(std::string_view text) {
   }
   prepare_keywords();
   state_ = mode_ == ReaderMode::plain_table ? State::format_line : State::header;
-  for (; state_ != State::done && lines.next(line); ++current_line_) read_line(line);
+  for (; state_ != State::data && lines.next(line); ++current_line_) read_line(line);
+  if (state_ == State::data) read_data_block(lines.rest());
   check_end_of_file();
   if (mode_ == ReaderMode::strict) {
     check_required_keywords();
@@ -112,10 +113,6 @@ void HeaderGrammar::prepare_keywords() {
 }
 
 void HeaderGrammar::read_line(std::string_view line) {
-  if (state_ == State::data) {
-    read_data_state_line(line);
-    return;
-  }
   split_line(line);
   if (item_count_ == 0) return;
   Fault fault = Fault::none;
@@ -139,16 +136,40 @@ void HeaderGrammar::read_line(std::string_view line) {
   if (fault == Fault::missing) tables_.log.warning({"Missing value for '", keyword, "'!\n"});
 }
 
-// Nearly every line of a file comes here, so only the first token is cut.
-void HeaderGrammar::read_data_state_line(std::string_view line) {
-  Tokenizer tokenizer(line, rules_);
-  std::string_view token;
-  if (!tokenizer.next(token) || opens_comment(token, comment_char_)) return;
-  if (token == "END_DATA") {
-    state_ = State::done;
-  } else {
-    data_format_.read_data_line(line, current_line_);
+// Nearly every line of a file comes here, so those without quotes and comments are not cut.
+void HeaderGrammar::read_data_block(std::string_view text) {
+  DataLineReader lines(text, kBlankSeparated, comment_char_);
+  for (DataLine line; state_ == State::data && lines.next(line); ++current_line_) {
+    switch (kind_of(line)) {
+      case DataLineKind::empty:
+        break;
+      case DataLineKind::end:
+        state_ = State::done;
+        break;
+      case DataLineKind::row:
+        if (line.is_plain) {
+          data_format_.append_row(line.text, line.items, current_line_);
+        } else {
+          data_format_.read_data_line(line.text, current_line_);
+        }
+        break;
+    }
   }
+}
+
+// The first token, cut at the separators of the mode, decides; items are cut at blanks and tabs.
+HeaderGrammar::DataLineKind HeaderGrammar::kind_of(const DataLine& line) const {
+  if (line.is_plain) {
+    if (line.items == 0) return DataLineKind::empty;
+    const bool is_cut_alike = rules_.separator == kBlankSeparated.separator;
+    if (is_cut_alike && line.text[line.text.find_first_not_of(" \t")] != 'E') {
+      return DataLineKind::row;
+    }
+  }
+  Tokenizer tokenizer(line.text, rules_);
+  std::string_view token;
+  if (!tokenizer.next(token) || opens_comment(token, comment_char_)) return DataLineKind::empty;
+  return token == "END_DATA" ? DataLineKind::end : DataLineKind::row;
 }
 
 HeaderGrammar::Fault HeaderGrammar::read_header_line() {

@@ -3,6 +3,7 @@
 #define MEASDATA_MEASDATA_HEADER_GRAMMAR_H
 
 #include "measdata/data_format.h"
+#include "measdata/data_lines.h"
 #include "measdata/reader_mode.h"
 #include "measdata/reader_tables.h"
 #include "measdata/tokenizer.h"
@@ -37,7 +38,9 @@ class HeaderGrammar {
   void check_plain_table(std::string_view text);
   bool take_identifier(std::string_view first_line);
   void read_line(std::string_view line);
-  void read_data_state_line(std::string_view line);
+  void read_data_block(std::string_view text);
+  enum class DataLineKind { empty, row, end };
+  DataLineKind kind_of(const DataLine& line) const;
   Fault read_header_line();
   Fault read_keyword_line();
   Fault read_count_line(std::int32_t& count);

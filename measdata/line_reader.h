@@ -7,19 +7,23 @@
 
 namespace vantor::MeasData {
 
+/// The position behind one line break at `position`; `position` itself when there is none.
+std::size_t behind_break(std::string_view text, std::size_t position);
+
 /// Lines end with "\r\n", "\n\r", "\r" or "\n", in any mixture. A text that begins with one line
 /// break loses it; a break at the very end makes no further line. The lines are views into the
 /// text.
 class LineReader {
  public:
-  explicit LineReader(std::string_view text) : text_(text), start_(behind_break(0)) {}
+  explicit LineReader(std::string_view text) : text_(text), start_(behind_break(text, 0)) {}
 
   /// Moves to the next line; false when there is none.
   bool next(std::string_view& line);
 
- private:
-  std::size_t behind_break(std::size_t position) const;
+  /// The lines to come.
+  std::string_view rest() const { return text_.substr(start_); }
 
+ private:
   std::string_view text_;
   std::size_t start_;
 };

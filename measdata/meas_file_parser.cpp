@@ -60,6 +60,7 @@ bool MeasFileParser::is_mode_known() const {
 
 void MeasFileParser::forget() {
   tables_ = ReaderTables();
+  text_ = {};
   read_with_ = settings_;
   const bool is_silent =
       settings_.mode == ReaderMode::lenient_silent || settings_.mode == ReaderMode::plain_table;
@@ -72,6 +73,7 @@ bool MeasFileParser::fail(MessageLog::Pieces message) {
 }
 
 bool MeasFileParser::parse(std::string_view text) {
+  text_ = text;
   numbers_ = NumberReader();  // the locale may have changed since the last load
   if (is_semicolon_table()) {
     read_semicolon_table(text, read_with_.comment_char, tables_);
@@ -88,8 +90,8 @@ std::string MeasFileParser::field_name(int index) const {
 }
 
 std::string MeasFileParser::value(int row, int column) const {
-  std::vector<std::string_view> cells;
-  cells_of_row(row, cells);
+  CellCutter cutter;
+  const std::span<const std::string_view> cells = cells_of_row(row, cutter);
   if (!is_index(column, cells.size())) return {};
   return text_of(cells[static_cast<std::size_t>(column)], column);
 }
@@ -98,20 +100,14 @@ double MeasFileParser::value_as_double(int row, int column) const {
   return numbers_.read(value(row, column));
 }
 
-void MeasFileParser::cells_of_row(int row, std::vector<std::string_view>& cells) const {
-  cells.clear();
-  if (!is_index(row, tables_.rows.size())) return;
+std::span<const std::string_view> MeasFileParser::cells_of_row(int row, CellCutter& cutter) const {
+  if (!is_index(row, tables_.rows.size())) return {};
   const std::string_view line = tables_.rows[static_cast<std::size_t>(row)];
-  if (is_semicolon_table()) {
-    split(line, kSemicolonTable, cells);
-    cells.resize(std::min(cells.size(), tables_.fields.names().size()));
-  } else {
-    split_items(line, kBlankSeparated, read_with_.comment_char, cells);
+  if (!is_semicolon_table()) {
+    return cutter.cut(text_, line, kBlankSeparated, read_with_.comment_char);
   }
-}
-
-double MeasFileParser::number_of(std::string_view cell, int column) const {
-  return numbers_.read(cell, is_numeric(column) ? Comma::is_decimal_point : Comma::ends_number);
+  const auto cells = cutter.cut(text_, line, kSemicolonTable, read_with_.comment_char);
+  return cells.first(std::min(cells.size(), tables_.fields.names().size()));
 }
 
 std::string MeasFileParser::text_of(std::string_view cell, int column) const {
@@ -121,12 +117,6 @@ std::string MeasFileParser::text_of(std::string_view cell, int column) const {
     if (comma != std::string::npos) text[comma] = '.';
   }
   return text;
-}
-
-// Cells beyond the last field are text.
-bool MeasFileParser::is_numeric(int column) const {
-  return is_index(column, tables_.column_kinds.size()) &&
-         tables_.column_kinds[static_cast<std::size_t>(column)] == ColumnKind::numeric;
 }
 
 bool MeasFileParser::is_known_field(std::string_view name) const {

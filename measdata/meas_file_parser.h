@@ -2,6 +2,7 @@
 #ifndef MEASDATA_MEASDATA_MEAS_FILE_PARSER_H
 #define MEASDATA_MEASDATA_MEAS_FILE_PARSER_H
 
+#include "measdata/cell_cutter.h"
 #include "measdata/data_table_interface.h"
 #include "measdata/file_text.h"
 #include "measdata/number_reader.h"
@@ -10,6 +11,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,11 +48,17 @@ class MeasFileParser final : public DataTableInterface {
   // For reading whole rows without a copy. The cells of a row are views that leave a decimal comma
   // as it stands; number_of and text_of read it as a full stop where the column is numeric.
 
-  /// The cells of a row; `cells` is emptied first.
-  void cells_of_row(int row, std::vector<std::string_view>& cells) const;
-  double number_of(std::string_view cell, int column) const;
+  /// The cells of a row, valid until `cutter` cuts another.
+  std::span<const std::string_view> cells_of_row(int row, CellCutter& cutter) const;
+  double number_of(std::string_view cell, int column) const {
+    return numbers_.read(cell, is_numeric(column) ? Comma::is_decimal_point : Comma::ends_number);
+  }
   std::string text_of(std::string_view cell, int column) const;
-  bool is_numeric(int column) const;
+  /// Cells beyond the last field are text.
+  bool is_numeric(int column) const {
+    return column >= 0 && static_cast<std::size_t>(column) < tables_.column_kinds.size() &&
+           tables_.column_kinds[static_cast<std::size_t>(column)] == ColumnKind::numeric;
+  }
 
   /// All names, in file order.
   const std::vector<std::string_view>& field_names() const { return tables_.fields.names(); }
@@ -84,6 +92,7 @@ class MeasFileParser final : public DataTableInterface {
   ReaderSettings read_with_;  // of the last one, whose rows are cut when they are asked for
   FileText file_;
   std::string copy_;
+  std::string_view text_;  // all that was read
   NumberReader numbers_;
   ReaderTables tables_;
 };

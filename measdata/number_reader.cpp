@@ -14,14 +14,8 @@
 namespace vantor::MeasData {
 namespace {
 
-// Powers of ten that a double holds exactly.
-constexpr std::array<double, 23> kPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                 1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                                 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 // So many decimal digits always fit 64 bits.
 constexpr std::ptrdiff_t kMostDigits = 19;
-// Integers up to here are exact in a double.
-constexpr std::uint64_t kLargestExact = std::uint64_t{1} << 53U;
 
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
@@ -31,9 +25,8 @@ const char* take_digits(const char* p, const char* end, std::uint64_t& value) {
   return p;
 }
 
-// Optional sign, digits, optional point and digits, nothing else: true when this is the whole text
-// and one division of two exact numbers gives the correctly rounded value.
-bool read_plain(std::string_view text, Comma comma, double& value) {
+// What read_plain_decimal reads, and also a plus, up to nineteen digits and a decimal comma.
+bool read_simple(std::string_view text, Comma comma, double& value) {
   const char* p = text.data();
   const char* end = p + text.size();
   if (p == end) return false;
@@ -126,10 +119,10 @@ bool is_fast_path_exact() {
 
 NumberReader::NumberReader() : use_fast_path_(is_fast_path_exact()) {}
 
-double NumberReader::read(std::string_view text, Comma comma) const {
+double NumberReader::read_other(std::string_view text, Comma comma) const {
   if (use_fast_path_) {
     double value = 0.0;
-    if (read_plain(text, comma, value) || read_decimal(text, value)) return value;
+    if (read_simple(text, comma, value) || read_decimal(text, value)) return value;
   }
   return read_by_c_library(text, comma);
 }

@@ -2,6 +2,8 @@
 #ifndef MEASDATA_MEASDATA_NUMBER_READER_H
 #define MEASDATA_MEASDATA_NUMBER_READER_H
 
+#include "measdata/plain_decimal.h"
+
 #include <string_view>
 
 namespace vantor::MeasData {
@@ -22,9 +24,15 @@ class NumberReader {
  public:
   NumberReader();
 
-  double read(std::string_view text, Comma comma = Comma::ends_number) const;
+  double read(std::string_view text, Comma comma = Comma::ends_number) const {
+    double value = 0.0;
+    if (use_fast_path_ && read_plain_decimal(text, value)) return value;
+    return read_other(text, comma);
+  }
 
  private:
+  double read_other(std::string_view text, Comma comma) const;
+
   bool use_fast_path_;
 };
 

@@ -1,5 +1,6 @@
 #include "measdata/semicolon_table.h"
 
+#include "measdata/data_lines.h"
 #include "measdata/line_reader.h"
 #include "measdata/tokenizer.h"
 
@@ -36,12 +37,14 @@ void read_semicolon_table(std::string_view text, char comment_char, ReaderTables
     tables.column_kinds.push_back(ColumnKind::numeric);
   }
 
-  LineReader lines(text);
-  std::string_view line;
-  lines.next(line);
-  while (lines.next(line)) {
-    if (line.empty() || opens_comment(line, comment_char)) continue;
-    if (count_cells(line) >= names.size()) tables.rows.push_back(line);
+  LineReader first_line(text);
+  std::string_view skipped;
+  first_line.next(skipped);
+  DataLineReader lines(first_line.rest(), kSemicolonTable, comment_char);
+  for (DataLine line; lines.next(line);) {
+    if (line.text.empty() || opens_comment(line.text, comment_char)) continue;
+    const std::size_t cells = line.is_plain ? line.items : count_cells(line.text);
+    if (cells >= names.size()) tables.rows.push_back(line.text);
   }
 }
 
