@@ -4,18 +4,63 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <span>
-#include <unordered_map>
-#include <utility>
 
 namespace vantor::ColorTypes {
 namespace {
 
-struct HashOfDouble {
-  std::uint64_t seed = hashSeed();
-  std::size_t operator()(double value) const {
-    return static_cast<std::size_t>(hashValue(value, seed));
+// Counts how often each value comes, by open addressing.
+class ValueCounter {
+ public:
+  void count(double value) {
+    Slot& slot = find(slots_, value);
+    if (slot.count++ == 0) {
+      slot.value = value;
+      if (2 * ++taken_ > slots_.size()) grow();
+    }
   }
+
+  DistinctValues result() const {
+    std::vector<Slot> sorted;
+    sorted.reserve(taken_);
+    std::ranges::copy_if(slots_, std::back_inserter(sorted),
+                         [](const Slot& slot) { return slot.count != 0; });
+    std::ranges::sort(sorted, {}, &Slot::value);
+    DistinctValues distinct;
+    distinct.values.reserve(sorted.size());
+    distinct.counts.reserve(sorted.size());
+    for (const Slot& slot : sorted) {
+      distinct.values.push_back(slot.value);
+      distinct.counts.push_back(slot.count);
+    }
+    return distinct;
+  }
+
+ private:
+  struct Slot {
+    double value = 0.0;
+    std::int32_t count = 0;  // 0: a free slot
+  };
+
+  // The slot of the value, or the free one where it belongs.
+  Slot& find(std::vector<Slot>& slots, double value) const {
+    const std::size_t mask = slots.size() - 1;
+    std::size_t slot = hash_(value) & mask;
+    while (slots[slot].value != value && slots[slot].count != 0) slot = (slot + 1) & mask;
+    return slots[slot];
+  }
+  void grow() {
+    std::vector<Slot> larger(2 * slots_.size());
+    for (const Slot& slot : slots_) {
+      if (slot.count != 0) find(larger, slot.value) = slot;
+    }
+    slots_.swap(larger);
+  }
+
+  ValueHash hash_;
+  std::vector<Slot> slots_ = std::vector<Slot>(64);  // a power of two, at most half of them taken
+  std::size_t taken_ = 0;
 };
 
 bool isInWedge(std::span<const double> row, std::size_t channel, ZeroSteps zeros) {
@@ -28,19 +73,12 @@ bool isInWedge(std::span<const double> row, std::size_t channel, ZeroSteps zeros
 }  // namespace
 
 DistinctValues collectDistinctValues(const ValueTable& device_values, std::size_t channel) {
-  std::unordered_map<double, std::int32_t, HashOfDouble> counts;
+  ValueCounter counter;
   for (std::size_t row = 0; row < device_values.rows(); ++row) {
     const double value = device_values.row(row)[channel];
-    if (!std::isnan(value)) ++counts[value];
+    if (!std::isnan(value)) counter.count(value);
   }
-  std::vector<std::pair<double, std::int32_t>> sorted(counts.begin(), counts.end());
-  std::sort(sorted.begin(), sorted.end());
-  DistinctValues distinct;
-  for (const auto& [value, count] : sorted) {
-    distinct.values.push_back(value);
-    distinct.counts.push_back(count);
-  }
-  return distinct;
+  return counter.result();
 }
 
 std::vector<std::int32_t> findPaperWhite(const ValueTable& device_values) {

@@ -1,15 +1,13 @@
 #include "colortypes/repeats.h"
 
+#include "base/position_table.h"
 #include "colortypes/difference.h"
 #include "colortypes/value_hash.h"
 
 #include <algorithm>
-#include <bit>
 
 namespace vantor::ColorTypes {
 namespace {
-
-constexpr std::uint32_t kFree = std::numeric_limits<std::uint32_t>::max();
 
 bool areEqual(std::span<const double> a, std::span<const double> b) {
   for (std::size_t i = 0; i < a.size(); ++i) {
@@ -18,25 +16,22 @@ bool areEqual(std::span<const double> a, std::span<const double> b) {
   return true;
 }
 
-// For every row the number of its entry; `first_rows` receives the first row of each entry. Open
-// addressing: a slot holds the entry, whose first row is looked at to tell whether it is the one.
+// For every row the number of its entry; `first_rows` receives the first row of each entry.
 std::vector<std::uint32_t> findEntries(const ValueTable& rows,
                                        std::vector<std::uint32_t>& first_rows) {
   std::vector<std::uint32_t> entry_of_row(rows.rows());
-  std::vector<std::uint32_t> slots(std::bit_ceil(2 * rows.rows() + 1), kFree);
-  const std::size_t mask = slots.size() - 1;
-  const std::uint64_t seed = hashSeed();
+  first_rows.reserve(rows.rows());
+  Base::PositionTable entries;
+  entries.reserve(rows.rows());
+  const RowHash hash(rows.width());
   for (std::size_t row = 0; row < rows.rows(); ++row) {
     const std::span<const double> values = rows.row(row);
-    const auto new_entry = static_cast<std::uint32_t>(first_rows.size());
-    std::uint32_t entry = new_entry;
+    const std::size_t new_entry = first_rows.size();
+    auto entry = static_cast<std::uint32_t>(new_entry);
     if (areEqual(values, values)) {  // else it holds a not-a-number, which nothing equals
-      std::size_t slot = hashValues(values, seed) & mask;
-      while (slots[slot] != kFree && !areEqual(values, rows.row(first_rows[slots[slot]]))) {
-        slot = (slot + 1) & mask;
-      }
-      if (slots[slot] == kFree) slots[slot] = new_entry;
-      entry = slots[slot];
+      entry = entries.find_or_add(hash(values), new_entry, [&](std::uint32_t other) {
+        return areEqual(values, rows.row(first_rows[other]));
+      });
     }
     if (entry == new_entry) first_rows.push_back(static_cast<std::uint32_t>(row));
     entry_of_row[row] = entry;
@@ -78,14 +73,14 @@ Distances pairwiseDistances(const ValueTable& rows) {
   return distances;
 }
 
-void meanOfRows(const ValueTable& table, std::span<const std::uint32_t> rows,
-                std::span<double> mean) {
-  std::ranges::fill(mean, 0.0);
+void meanOfRows(const ValueTable& table, std::span<const std::uint32_t> rows, double* mean) {
+  const std::span<double> sums(mean, table.width());
+  std::ranges::fill(sums, 0.0);
   for (const std::uint32_t row : rows) {
     const std::span<const double> values = table.row(row);
-    for (std::size_t i = 0; i < mean.size(); ++i) mean[i] += values[i];
+    for (std::size_t i = 0; i < sums.size(); ++i) sums[i] += values[i];
   }
-  for (double& value : mean) value /= static_cast<double>(rows.size());
+  for (double& value : sums) value /= static_cast<double>(rows.size());
 }
 
 }  // namespace vantor::ColorTypes

@@ -46,8 +46,7 @@ struct Distances {
 Distances pairwiseDistances(const ValueTable& rows);
 
 /// The mean of the given rows of a table, value by value.
-void meanOfRows(const ValueTable& table, std::span<const std::uint32_t> rows,
-                std::span<double> mean);
+void meanOfRows(const ValueTable& table, std::span<const std::uint32_t> rows, double* mean);
 
 }  // namespace vantor::ColorTypes
 

@@ -2,36 +2,52 @@
 #ifndef MEASDATA_COLORTYPES_VALUE_HASH_H
 #define MEASDATA_COLORTYPES_VALUE_HASH_H
 
+#include "base/hashing.h"
+
 #include <bit>
-#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <span>
+#include <vector>
 
 namespace vantor::ColorTypes {
 
-/// A start for hashes that whoever writes a file cannot know, so that nobody can write one whose
-/// values all meet in one place of a table.
-inline std::uint64_t hashSeed() {
-  const auto time = std::chrono::steady_clock::now().time_since_epoch().count();
-  return static_cast<std::uint64_t>(time) ^ reinterpret_cast<std::uintptr_t>(&time);
+/// The bits of a value, folded because round numbers have none below. 0.0 and -0.0 count as the
+/// same.
+inline std::uint64_t foldedBits(double value) {
+  const auto bits = std::bit_cast<std::uint64_t>(value + 0.0);  // -0.0 + 0.0 is 0.0
+  return bits ^ (bits >> 32U);
 }
 
-/// Continues a hash, at first a seed, with one more value. 0.0 and -0.0 count as the same.
-constexpr std::uint64_t hashValue(double value, std::uint64_t hash) {
-  hash ^= std::bit_cast<std::uint64_t>(value + 0.0);  // -0.0 + 0.0 is 0.0
-  // The finalizer of a 64-bit mixing function: every bit of the input reaches every bit of the
-  // hash.
-  hash ^= hash >> 32U;
-  hash *= 0xD6E8FEB86659FD93U;
-  hash ^= hash >> 32U;
-  hash *= 0xD6E8FEB86659FD93U;
-  return hash ^ (hash >> 32U);
-}
+class ValueHash {
+ public:
+  std::uint64_t operator()(double value) const {
+    return (foldedBits(value) * factor_) >> 32U;  // the upper bits are the mixed ones
+  }
 
-inline std::uint64_t hashValues(std::span<const double> values, std::uint64_t hash) {
-  for (const double value : values) hash = hashValue(value, hash);
-  return hash;
-}
+ private:
+  std::uint64_t factor_ = Base::hash_seed() | 1U;
+};
+
+/// Hashes rows of one width.
+class RowHash {
+ public:
+  explicit RowHash(std::size_t width) : seed_(Base::hash_seed()), factors_(width) {
+    std::uint64_t state = seed_;
+    for (std::uint64_t& factor : factors_) factor = (state = Base::mix(state + 1)) | 1U;
+  }
+
+  // One multiplication a value, none of which waits for another.
+  std::uint64_t operator()(std::span<const double> row) const {
+    std::uint64_t sum = seed_;
+    for (std::size_t i = 0; i < factors_.size(); ++i) sum += foldedBits(row[i]) * factors_[i];
+    return Base::mix(sum);
+  }
+
+ private:
+  std::uint64_t seed_;
+  std::vector<std::uint64_t> factors_;
+};
 
 }  // namespace vantor::ColorTypes
 

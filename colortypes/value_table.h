@@ -3,36 +3,35 @@
 #define MEASDATA_COLORTYPES_VALUE_TABLE_H
 
 #include <cstddef>
+#include <memory>
 #include <span>
-#include <vector>
 
 namespace vantor::ColorTypes {
 
-/// Rows of equal width, one behind the other in a single block.
+/// Rows of equal width, one behind the other in a single block. A table is filled once; copies of
+/// it share the block.
 class ValueTable {
  public:
-  /// Forgets all rows, gives their memory back and sets the width of the rows to come.
-  void reset(std::size_t width) {
+  /// Forgets all rows and makes room for others, one behind the other from the address that it
+  /// gives: the caller fills them, all of them, before anything else is done with the table.
+  double* reset(std::size_t width, std::size_t rows) {
     *this = ValueTable();
+    double* const first = new double[width * rows];  // not zeroed: memory is touched once
+    values_.reset(first);
     width_ = width;
-  }
-  void reserve(std::size_t rows) { values_.reserve(rows * width_); }
-  /// Adds a row of zeros and gives it to be filled.
-  std::span<double> append_row() {
-    values_.resize(values_.size() + width_);
-    ++rows_;
-    return {values_.data() + (rows_ - 1) * width_, width_};
+    rows_ = rows;
+    return first;
   }
 
   std::size_t rows() const { return rows_; }
   std::size_t width() const { return width_; }
   bool empty() const { return rows_ == 0; }
   std::span<const double> row(std::size_t index) const {
-    return {values_.data() + index * width_, width_};
+    return {values_.get() + index * width_, width_};
   }
 
  private:
-  std::vector<double> values_;
+  std::shared_ptr<const double[]> values_;
   std::size_t width_ = 0;
   std::size_t rows_ = 0;
 };

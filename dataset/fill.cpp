@@ -25,7 +25,7 @@ class RowCells {
   double number(std::int32_t field) const {
     return is_cell(field) ? reader_.number_of(cells_[static_cast<std::size_t>(field)], field) : 0.0;
   }
-  void numbers(std::span<const std::int32_t> fields, std::span<double> values) const {
+  void numbers(std::span<const std::int32_t> fields, double* values) const {
     for (std::size_t i = 0; i < fields.size(); ++i) values[i] = number(fields[i]);
   }
   void append_text(std::int32_t field, TextColumn& column) const {
@@ -56,33 +56,38 @@ std::int32_t count_decimals(const std::string& number) {
   return static_cast<std::int32_t>(std::min(end, number.size()) - point - 1);
 }
 
-void reserve_rows(ColorTypes::ValueTable& table, bool is_wanted, std::size_t width,
-                  std::size_t rows) {
-  table.reset(width);
-  if (is_wanted) table.reserve(rows);
+// A table on its way to be filled.
+struct OpenTable {
+  std::span<const std::int32_t> fields;
+  double* next_row;
+};
+
+// All tables that take numbers of the file as they stand, with room for every patch.
+std::vector<OpenTable> open_tables(const MeasuredGrid& measured, PatchDataSet& data_set) {
+  const auto rows = static_cast<std::size_t>(data_set.num_patches);
+  std::vector<OpenTable> tables;
+  const auto open = [&tables, rows](bool is_wanted, std::span<const std::int32_t> fields,
+                                    ColorTypes::ValueTable& table) {
+    if (is_wanted) tables.push_back({fields, table.reset(fields.size(), rows)});
+  };
+  open(true, data_set.device_fields, data_set.device_values);
+  open(data_set.has_lab, data_set.lab_fields, data_set.lab_values);
+  open(data_set.has_lch, data_set.lch_fields, data_set.lch_values);
+  open(data_set.has_xyz, data_set.xyz_fields, data_set.xyz_values);
+  open(data_set.has_density, data_set.density_fields, data_set.density_values);
+  open(data_set.has_spectral && !measured.adjust, data_set.spectral_fields, data_set.spectra);
+  return tables;
 }
 
-void make_room(PatchDataSet& data_set) {
+void reserve_columns(PatchDataSet& data_set) {
   const auto rows = static_cast<std::size_t>(data_set.num_patches);
   if (data_set.sample_id_field != -1) data_set.sample_ids.reserve(rows);
   if (data_set.sample_loc_field != -1) data_set.sample_locations.reserve(rows);
   if (data_set.sample_name_field != -1) data_set.sample_names.reserve(rows);
   if (data_set.scw_index_field != -1) data_set.scw_indices.reserve(rows);
-  reserve_rows(data_set.device_values, true, data_set.device_fields.size(), rows);
-  reserve_rows(data_set.lab_values, data_set.has_lab, 3, rows);
-  reserve_rows(data_set.lch_values, data_set.has_lch, 3, rows);
-  reserve_rows(data_set.xyz_values, data_set.has_xyz, 3, rows);
-  reserve_rows(data_set.density_values, data_set.has_density, data_set.density_fields.size(), rows);
 }
 
-void fill_patch(const RowCells& cells, PatchDataSet& data_set) {
-  cells.numbers(data_set.device_fields, data_set.device_values.append_row());
-  if (data_set.has_lab) cells.numbers(data_set.lab_fields, data_set.lab_values.append_row());
-  if (data_set.has_lch) cells.numbers(data_set.lch_fields, data_set.lch_values.append_row());
-  if (data_set.has_xyz) cells.numbers(data_set.xyz_fields, data_set.xyz_values.append_row());
-  if (data_set.has_density) {
-    cells.numbers(data_set.density_fields, data_set.density_values.append_row());
-  }
+void fill_columns(const RowCells& cells, PatchDataSet& data_set) {
   if (data_set.sample_id_field != -1) {
     cells.append_text(data_set.sample_id_field, data_set.sample_ids);
   }
@@ -99,20 +104,26 @@ void fill_patch(const RowCells& cells, PatchDataSet& data_set) {
 
 void fill_patches(const MeasFileParser& reader, const MeasuredGrid& measured,
                   PatchDataSet& data_set) {
-  const std::size_t grid_count = measured.adjust ? static_cast<std::size_t>(data_set.spectral_count)
-                                                 : data_set.spectral_fields.size();
-  reserve_rows(data_set.spectra, data_set.has_spectral, grid_count,
-               static_cast<std::size_t>(data_set.num_patches));
-  RowCells cells(reader);
+  std::vector<OpenTable> tables = open_tables(measured, data_set);
+  reserve_columns(data_set);
+  const auto grid_count = static_cast<std::size_t>(data_set.spectral_count);
   std::vector<double> spectrum(measured.adjust ? data_set.spectral_fields.size() : 0);
+  double* resampled =
+      measured.adjust
+          ? data_set.spectra.reset(grid_count, static_cast<std::size_t>(data_set.num_patches))
+          : nullptr;
+  RowCells cells(reader);
   for (int row = 0; row < data_set.num_patches; ++row) {
     cells.move_to(row);
-    fill_patch(cells, data_set);
+    for (OpenTable& table : tables) {
+      cells.numbers(table.fields, table.next_row);
+      table.next_row += table.fields.size();
+    }
+    fill_columns(cells, data_set);
     if (measured.adjust) {
-      cells.numbers(data_set.spectral_fields, spectrum);
-      resample(measured, spectrum, data_set, data_set.spectra.append_row());
-    } else if (data_set.has_spectral) {
-      cells.numbers(data_set.spectral_fields, data_set.spectra.append_row());
+      cells.numbers(data_set.spectral_fields, spectrum.data());
+      resample(measured, spectrum, data_set, {resampled, grid_count});
+      resampled += grid_count;
     }
   }
 }
@@ -178,7 +189,6 @@ bool fill(PatchDataSet& data_set, const MeasFileParser& reader, const SpectralRe
   }
   classify_measurement_fields(reader, data_set);
   classify_density_fields(reader, data_set);
-  make_room(data_set);
 
   MeasuredGrid measured;
   if (data_set.has_spectral && !settle_spectral_grid(data_set, range, grid, measured)) {

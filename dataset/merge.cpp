@@ -46,24 +46,33 @@ void append_text(const TextColumn& from, std::size_t row, TextColumn& to) {
   if (!from.empty()) to.append(from.at(row));
 }
 
-void append_mean(const ValueTable& from, Members members, ValueTable& to) {
+// The mean of each entry's rows, entry after entry; none for a table without rows.
+void merge_rows(const ValueTable& from, const RepeatGroups& groups, ValueTable& to) {
   if (from.empty()) return;
-  if (members.size() == 1) {
-    std::ranges::copy(from.row(members.front()), to.append_row().begin());
-  } else {
-    ColorTypes::meanOfRows(from, members, to.append_row());
+  double* mean = to.reset(from.width(), groups.size());
+  for (std::size_t entry = 0; entry < groups.size(); ++entry, mean += from.width()) {
+    const Members members = groups.members(entry);
+    if (members.size() == 1) {
+      std::ranges::copy(from.row(members.front()), mean);
+    } else {
+      ColorTypes::meanOfRows(from, members, mean);
+    }
   }
 }
 
-void append_entry(const PatchDataSet& all, Members members, PatchDataSet& unique) {
-  const std::size_t first = members.front();
-  std::ranges::copy(all.device_values.row(first), unique.device_values.append_row().begin());
+void append_entry(const PatchDataSet& all, std::size_t first, PatchDataSet& unique) {
   append_text(all.sample_ids, first, unique.sample_ids);
   append_text(all.sample_locations, first, unique.sample_locations);
   append_text(all.sample_names, first, unique.sample_names);
   if (!all.scw_indices.empty()) unique.scw_indices.push_back(all.scw_indices[first]);
-  append_mean(all.lab_values, members, unique.lab_values);
-  append_mean(all.spectra, members, unique.spectra);
+}
+
+// Members have equal device values, which a mean would round.
+void take_device_values(const ValueTable& from, const RepeatGroups& groups, ValueTable& to) {
+  double* values = to.reset(from.width(), groups.size());
+  for (std::size_t entry = 0; entry < groups.size(); ++entry) {
+    values = std::ranges::copy(from.row(groups.members(entry).front()), values).out;
+  }
 }
 
 void copy_all_patches(const PatchDataSet& all, PatchDataSet& unique) {
@@ -79,21 +88,18 @@ void copy_all_patches(const PatchDataSet& all, PatchDataSet& unique) {
 // The rows of the members one behind the other, for the comparison of all pairs.
 ValueTable gather(const ValueTable& from, Members members) {
   ValueTable rows;
-  rows.reset(from.width());
-  rows.reserve(members.size());
-  for (const std::uint32_t member : members) {
-    std::ranges::copy(from.row(member), rows.append_row().begin());
-  }
+  double* next = rows.reset(from.width(), members.size());
+  for (const std::uint32_t member : members) next = std::ranges::copy(from.row(member), next).out;
   return rows;
 }
 
 // Lab of each member, from its spectrum where that can be converted.
 ValueTable gather_lab(const PatchDataSet& all, Members members) {
   ValueTable rows;
-  rows.reset(3);
-  rows.reserve(members.size());
+  double* next = rows.reset(3, members.size());
   for (const std::uint32_t member : members) {
-    write_patch_lab(all, member, rows.append_row().data());
+    write_patch_lab(all, member, next);
+    next += 3;
   }
   return rows;
 }
@@ -140,16 +146,19 @@ void merge_repeats(PatchDataSet& all_patches, PatchDataSet& unique_patches) {
   unique_patches.num_patches = static_cast<std::int32_t>(groups.size());
   if (!groups.hasRepeats()) {
     copy_all_patches(all_patches, unique_patches);
-    for (std::size_t entry = 0; entry < groups.size(); ++entry) {
-      append_statistics(0, {0.0, 0.0}, {0.0, 0.0}, unique_patches);
+    unique_patches.repeat_counts.assign(groups.size(), 0);
+    for (auto* distances :
+         {&unique_patches.spectral_distance_mean, &unique_patches.spectral_distance_max,
+          &unique_patches.de_mean, &unique_patches.de_max}) {
+      distances->assign(groups.size(), 0.0);
     }
     return;
   }
-  unique_patches.device_values.reset(all_patches.device_values.width());
-  unique_patches.lab_values.reset(all_patches.lab_values.width());
-  unique_patches.spectra.reset(all_patches.spectra.width());
+  take_device_values(all_patches.device_values, groups, unique_patches.device_values);
+  merge_rows(all_patches.lab_values, groups, unique_patches.lab_values);
+  merge_rows(all_patches.spectra, groups, unique_patches.spectra);
   for (std::size_t entry = 0; entry < groups.size(); ++entry) {
-    append_entry(all_patches, groups.members(entry), unique_patches);
+    append_entry(all_patches, groups.members(entry).front(), unique_patches);
     append_statistics_of(all_patches, groups.members(entry), unique_patches);
   }
 }

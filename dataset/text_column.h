@@ -2,6 +2,8 @@
 #ifndef MEASDATA_DATASET_TEXT_COLUMN_H
 #define MEASDATA_DATASET_TEXT_COLUMN_H
 
+#include "base/copy_on_write.h"
+
 #include <cstddef>
 #include <string_view>
 #include <vector>
@@ -9,26 +11,36 @@
 namespace vantor::DataSet {
 
 /// Zero-terminated texts in a single block, so that a million sample names are two allocations.
+/// Copies of the column share it.
 class TextColumn {
  public:
   void append(std::string_view text) {
-    starts_.push_back(bytes_.size());
-    bytes_.insert(bytes_.end(), text.begin(), text.end());
-    bytes_.push_back('\0');
+    Texts& texts = texts_.edit();
+    texts.starts.push_back(texts.bytes.size());
+    texts.bytes.insert(texts.bytes.end(), text.begin(), text.end());
+    texts.bytes.push_back('\0');
   }
-  void reserve(std::size_t rows) { starts_.reserve(rows); }
-  std::size_t size() const { return starts_.size(); }
-  bool empty() const { return starts_.empty(); }
+  void reserve(std::size_t rows) { texts_.edit().starts.reserve(rows); }
+  std::size_t size() const { return texts_.get().starts.size(); }
+  bool empty() const { return size() == 0; }
   std::string_view at(std::size_t row) const {
-    const std::size_t end = row + 1 < starts_.size() ? starts_[row + 1] : bytes_.size();
-    return {c_str(row), end - starts_[row] - 1};
+    const Texts& texts = texts_.get();
+    const std::size_t end = row + 1 < size() ? texts.starts[row + 1] : texts.bytes.size();
+    return {c_str(row), end - texts.starts[row] - 1};
   }
   /// Valid until the next append.
-  const char* c_str(std::size_t row) const { return bytes_.data() + starts_[row]; }
+  const char* c_str(std::size_t row) const {
+    const Texts& texts = texts_.get();
+    return texts.bytes.data() + texts.starts[row];
+  }
 
  private:
-  std::vector<char> bytes_;
-  std::vector<std::size_t> starts_;
+  struct Texts {
+    std::vector<char> bytes;
+    std::vector<std::size_t> starts;
+  };
+
+  Base::CopyOnWrite<Texts> texts_;
 };
 
 }  // namespace vantor::DataSet

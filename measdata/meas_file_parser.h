@@ -51,7 +51,10 @@ class MeasFileParser final : public DataTableInterface {
   /// The cells of a row, valid until `cutter` cuts another.
   std::span<const std::string_view> cells_of_row(int row, CellCutter& cutter) const;
   double number_of(std::string_view cell, int column) const {
-    return numbers_.read(cell, is_numeric(column) ? Comma::is_decimal_point : Comma::ends_number);
+    double number = 0.0;
+    if (numbers_.read_plain(cell, number)) return number;
+    return numbers_.read_any(cell,
+                             is_numeric(column) ? Comma::is_decimal_point : Comma::ends_number);
   }
   std::string text_of(std::string_view cell, int column) const;
   /// Cells beyond the last field are text.

@@ -26,13 +26,17 @@ class NumberReader {
 
   double read(std::string_view text, Comma comma = Comma::ends_number) const {
     double value = 0.0;
-    if (use_fast_path_ && read_plain_decimal(text, value)) return value;
-    return read_other(text, comma);
+    return read_plain(text, value) ? value : read_any(text, comma);
   }
 
- private:
-  double read_other(std::string_view text, Comma comma) const;
+  /// True for a plain number, whose commas need no thought.
+  bool read_plain(std::string_view text, double& value) const {
+    return use_fast_path_ && read_plain_decimal(text, value);
+  }
+  /// Reads any number.
+  double read_any(std::string_view text, Comma comma) const;
 
+ private:
   bool use_fast_path_;
 };
 

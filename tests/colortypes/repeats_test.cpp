@@ -18,8 +18,8 @@ constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
 ValueTable table_of(const std::vector<std::vector<double>>& rows) {
   ValueTable table;
-  table.reset(rows.empty() ? 0 : rows.front().size());
-  for (const auto& row : rows) std::ranges::copy(row, table.append_row().begin());
+  double* next = table.reset(rows.empty() ? 0 : rows.front().size(), rows.size());
+  for (const auto& row : rows) next = std::ranges::copy(row, next).out;
   return table;
 }
 
