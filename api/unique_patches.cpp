@@ -61,5 +61,8 @@ void get_de_stats_from_index(void* handle, int index, DeStats* out) noexcept {
   const PatchDataSet& unique = chart->unique_patches;
   const auto entry = static_cast<std::size_t>(index);
   if (entry >= unique.repeat_counts.size()) return;  // nothing was merged
-  *out = {unique.repeat_counts[entry], unique.de_mean[entry], unique.de_max[entry]};
+  *out = {unique.repeat_counts[entry], 0.0, 0.0};
+  if (unique.de_mean.empty()) return;  // no patch repeats
+  out->de_mean = unique.de_mean[entry];
+  out->de_max = unique.de_max[entry];
 }

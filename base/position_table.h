@@ -24,6 +24,15 @@ class PositionTable {
   }
   void clear() { *this = PositionTable(); }
 
+  /// Announces a search that comes soon, so that the memory it needs is on its way by then.
+  void prefetch(std::uint64_t hash) const {
+#if defined(__GNUC__)
+    if (!slots_.empty()) __builtin_prefetch(&slots_[key_of(hash) & (slots_.size() - 1)]);
+#else
+    static_cast<void>(hash);
+#endif
+  }
+
   /// The position of the thing for which `is_equal(position)` holds; kNone when there is none.
   template <typename IsEqual>
   Position find(std::uint64_t hash, const IsEqual& is_equal) const {

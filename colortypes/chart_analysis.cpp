@@ -14,7 +14,7 @@ namespace {
 class ValueCounter {
  public:
   void count(double value) {
-    Slot& slot = find(slots_, value);
+    Slot& slot = slots_[find(slots_.data(), bits_, value)];
     if (slot.count++ == 0) {
       slot.value = value;
       if (2 * ++taken_ > slots_.size()) grow();
@@ -44,22 +44,24 @@ class ValueCounter {
   };
 
   // The slot of the value, or the free one where it belongs.
-  Slot& find(std::vector<Slot>& slots, double value) const {
-    const std::size_t mask = slots.size() - 1;
-    std::size_t slot = hash_(value) & mask;
-    while (slots[slot].value != value && slots[slot].count != 0) slot = (slot + 1) & mask;
-    return slots[slot];
+  std::size_t find(const Slot* slots, unsigned bits, double value) const {
+    const std::size_t mask = (std::size_t{1} << bits) - 1;
+    std::size_t slot = hash_(value, bits);
+    while (slots[slot].count != 0 && slots[slot].value != value) slot = (slot + 1) & mask;
+    return slot;
   }
   void grow() {
     std::vector<Slot> larger(2 * slots_.size());
     for (const Slot& slot : slots_) {
-      if (slot.count != 0) find(larger, slot.value) = slot;
+      if (slot.count != 0) larger[find(larger.data(), bits_ + 1, slot.value)] = slot;
     }
     slots_.swap(larger);
+    ++bits_;
   }
 
   ValueHash hash_;
-  std::vector<Slot> slots_ = std::vector<Slot>(64);  // a power of two, at most half of them taken
+  unsigned bits_ = 6;
+  std::vector<Slot> slots_ = std::vector<Slot>(std::size_t{1} << bits_);  // at most half are taken
   std::size_t taken_ = 0;
 };
 

@@ -5,6 +5,8 @@
 #include "colortypes/value_hash.h"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace vantor::ColorTypes {
 namespace {
@@ -24,12 +26,22 @@ std::vector<std::uint32_t> findEntries(const ValueTable& rows,
   Base::PositionTable entries;
   entries.reserve(rows.rows());
   const RowHash hash(rows.width());
+  // In groups: the searches of a group wait for memory all at once, not one after the other.
+  std::array<std::uint64_t, 32> hashes{};
   for (std::size_t row = 0; row < rows.rows(); ++row) {
+    const std::size_t in_group = row % hashes.size();
+    if (in_group == 0) {
+      const std::size_t count = std::min(hashes.size(), rows.rows() - row);
+      for (std::size_t i = 0; i < count; ++i) {
+        hashes[i] = hash(rows.row(row + i));
+        entries.prefetch(hashes[i]);
+      }
+    }
     const std::span<const double> values = rows.row(row);
     const std::size_t new_entry = first_rows.size();
     auto entry = static_cast<std::uint32_t>(new_entry);
     if (areEqual(values, values)) {  // else it holds a not-a-number, which nothing equals
-      entry = entries.find_or_add(hash(values), new_entry, [&](std::uint32_t other) {
+      entry = entries.find_or_add(hashes[in_group], new_entry, [&](std::uint32_t other) {
         return areEqual(values, rows.row(first_rows[other]));
       });
     }
@@ -44,6 +56,10 @@ std::vector<std::uint32_t> findEntries(const ValueTable& rows,
 RepeatGroups::RepeatGroups(const ValueTable& rows) {
   std::vector<std::uint32_t> first_rows;
   const std::vector<std::uint32_t> entry_of_row = findEntries(rows, first_rows);
+  if (first_rows.size() == rows.rows()) {
+    members_ = std::move(first_rows);
+    return;
+  }
   // A counting sort of the rows by entry keeps their order within each.
   starts_.assign(first_rows.size() + 1, 0);
   for (const std::uint32_t entry : entry_of_row) ++starts_[entry + 1];

@@ -21,16 +21,17 @@ class RepeatGroups {
   /// the number of rows.
   explicit RepeatGroups(const ValueTable& rows);
 
-  std::size_t size() const { return starts_.size() - 1; }
-  bool hasRepeats() const { return members_.size() > size(); }
+  std::size_t size() const { return hasRepeats() ? starts_.size() - 1 : members_.size(); }
+  bool hasRepeats() const { return !starts_.empty(); }
   /// The rows of an entry, in order; at least one.
   std::span<const std::uint32_t> members(std::size_t entry) const {
+    if (!hasRepeats()) return std::span(members_).subspan(entry, 1);
     return std::span(members_).subspan(starts_[entry], starts_[entry + 1] - starts_[entry]);
   }
 
  private:
   std::vector<std::uint32_t> members_;  // the entries one behind the other
-  std::vector<std::uint32_t> starts_;   // of each entry in members_, and the end
+  std::vector<std::uint32_t> starts_;   // of each entry in members_, and the end; if any repeats
 };
 
 /// The largest distance of a single measurement, which has none: the lowest finite double.

@@ -21,8 +21,9 @@ inline std::uint64_t foldedBits(double value) {
 
 class ValueHash {
  public:
-  std::uint64_t operator()(double value) const {
-    return (foldedBits(value) * factor_) >> 32U;  // the upper bits are the mixed ones
+  /// A number of `bits` bits, 1 to 64.
+  std::size_t operator()(double value, unsigned bits) const {
+    return static_cast<std::size_t>((foldedBits(value) * factor_) >> (64U - bits));
   }
 
  private:

@@ -147,11 +147,6 @@ void merge_repeats(PatchDataSet& all_patches, PatchDataSet& unique_patches) {
   if (!groups.hasRepeats()) {
     copy_all_patches(all_patches, unique_patches);
     unique_patches.repeat_counts.assign(groups.size(), 0);
-    for (auto* distances :
-         {&unique_patches.spectral_distance_mean, &unique_patches.spectral_distance_max,
-          &unique_patches.de_mean, &unique_patches.de_max}) {
-      distances->assign(groups.size(), 0.0);
-    }
     return;
   }
   take_device_values(all_patches.device_values, groups, unique_patches.device_values);

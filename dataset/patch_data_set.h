@@ -87,6 +87,7 @@ struct PatchDataSet {
   bool has_spectral = false;
 
   // How far the merged measurements of each patch lie apart; only in a data set of merged patches.
+  // The distances are left out, which stands for 0 throughout, where no patch repeats.
   std::vector<std::int32_t> repeat_counts;
   std::vector<double> spectral_distance_mean;
   std::vector<double> spectral_distance_max;

@@ -91,6 +91,14 @@ inline ByteBlock block_at(std::string_view text, std::size_t position, char fill
   return ByteBlock(padded.data());
 }
 
+/// How many bits are set. std::popcount is a call where the compiler may not use the instruction.
+constexpr std::size_t count_bits(std::uint64_t bits) {
+  bits -= (bits >> 1U) & 0x5555555555555555U;
+  bits = (bits & 0x3333333333333333U) + ((bits >> 2U) & 0x3333333333333333U);
+  bits = (bits + (bits >> 4U)) & 0x0F0F0F0F0F0F0F0FU;
+  return static_cast<std::size_t>((bits * 0x0101010101010101U) >> 56U);
+}
+
 /// The bits from `bit` on; none for 64.
 constexpr std::uint64_t bits_from(std::size_t bit) {
   return bit < kBlockSize ? ~std::uint64_t{0} << bit : 0;

@@ -25,24 +25,20 @@ std::span<const std::string_view> CellCutter::cut(std::string_view text, std::st
     std::uint64_t separators =
         (bytes.positions_of(rules.separator) | bytes.positions_of(rules.other_separator)) &
         line_bits;
-    make_room();
+    std::string_view* cell = room_for_block();
     for (; separators != 0; separators &= separators - 1) {
       const char* const separator = block + std::countr_zero(separators);
-      cells_[count_] = std::string_view(start, static_cast<std::size_t>(separator - start));
-      if (keeps_empty || separator != start) ++count_;
+      *cell = std::string_view(start, static_cast<std::size_t>(separator - start));
+      if (keeps_empty || separator != start) ++cell;
       start = separator + 1;
     }
+    count_ = static_cast<std::size_t>(cell - cells_.data());
   }
-  make_room();
   if (start != end) {
-    cells_[count_++] = std::string_view(start, static_cast<std::size_t>(end - start));
+    *room_for_block() = std::string_view(start, static_cast<std::size_t>(end - start));
+    ++count_;
   }
   return std::span(cells_).first(count_);
-}
-
-// For the cells of one more block.
-void CellCutter::make_room() {
-  if (cells_.size() < count_ + kBlockSize) cells_.resize(2 * (count_ + kBlockSize));
 }
 
 void CellCutter::cut_slowly(std::string_view line, const TokenRules& rules, char comment_char) {

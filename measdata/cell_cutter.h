@@ -2,6 +2,7 @@
 #ifndef MEASDATA_MEASDATA_CELL_CUTTER_H
 #define MEASDATA_MEASDATA_CELL_CUTTER_H
 
+#include "measdata/byte_masks.h"
 #include "measdata/tokenizer.h"
 
 #include <cstddef>
@@ -22,7 +23,11 @@ class CellCutter {
                                         const TokenRules& rules, char comment_char);
 
  private:
-  void make_room();
+  // Where the cells of one more block go.
+  std::string_view* room_for_block() {
+    if (cells_.size() < count_ + kBlockSize) cells_.resize(2 * (count_ + kBlockSize));
+    return cells_.data() + count_;
+  }
   void cut_slowly(std::string_view line, const TokenRules& rules, char comment_char);
 
   std::vector<std::string_view> cells_;  // those that count, and room behind them

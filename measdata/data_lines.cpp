@@ -25,7 +25,7 @@ bool DataLineReader::next(DataLine& line) {
     behind_separator |= separators_ << 1U;
     const std::uint64_t item_starts =
         behind_separator & ~(separators_ & never_begins_item) & line_bits;
-    line.items += static_cast<std::size_t>(std::popcount(item_starts));
+    line.items += count_bits(item_starts);
     specials |= specials_ & line_bits;
     if (breaks != 0) break;
     behind_separator = separators_ >> (kBlockSize - 1);

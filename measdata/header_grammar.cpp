@@ -162,9 +162,8 @@ HeaderGrammar::DataLineKind HeaderGrammar::kind_of(const DataLine& line) const {
   if (line.is_plain) {
     if (line.items == 0) return DataLineKind::empty;
     const bool is_cut_alike = rules_.separator == kBlankSeparated.separator;
-    if (is_cut_alike && line.text[line.text.find_first_not_of(" \t")] != 'E') {
-      return DataLineKind::row;
-    }
+    const char first = line.text.front();
+    if (is_cut_alike && first != 'E' && !rules_.is_separator(first)) return DataLineKind::row;
   }
   Tokenizer tokenizer(line.text, rules_);
   std::string_view token;

@@ -52,9 +52,8 @@ class MeasFileParser final : public DataTableInterface {
   std::span<const std::string_view> cells_of_row(int row, CellCutter& cutter) const;
   double number_of(std::string_view cell, int column) const {
     double number = 0.0;
-    if (numbers_.read_plain(cell, number)) return number;
-    return numbers_.read_any(cell,
-                             is_numeric(column) ? Comma::is_decimal_point : Comma::ends_number);
+    if (numbers_.read_plain(text_.data(), cell, number)) return number;
+    return numbers_.read(cell, is_numeric(column) ? Comma::is_decimal_point : Comma::ends_number);
   }
   std::string text_of(std::string_view cell, int column) const;
   /// Cells beyond the last field are text.

@@ -119,7 +119,7 @@ bool is_fast_path_exact() {
 
 NumberReader::NumberReader() : use_fast_path_(is_fast_path_exact()) {}
 
-double NumberReader::read_any(std::string_view text, Comma comma) const {
+double NumberReader::read(std::string_view text, Comma comma) const {
   if (use_fast_path_) {
     double value = 0.0;
     if (read_simple(text, comma, value) || read_decimal(text, value)) return value;

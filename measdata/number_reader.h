@@ -24,17 +24,14 @@ class NumberReader {
  public:
   NumberReader();
 
-  double read(std::string_view text, Comma comma = Comma::ends_number) const {
-    double value = 0.0;
-    return read_plain(text, value) ? value : read_any(text, comma);
-  }
+  double read(std::string_view text, Comma comma = Comma::ends_number) const;
 
-  /// True for a plain number, whose commas need no thought.
-  bool read_plain(std::string_view text, double& value) const {
-    return use_fast_path_ && read_plain_decimal(text, value);
+  /// The fast path: true for a plain number in a text whose first byte is at `text_start`. Whatever
+  /// it refuses is for read().
+  bool read_plain(const char* text_start, std::string_view number, double& value) const {
+    return use_fast_path_ && number.data() - text_start >= kBytesBeforeNumber &&
+           read_plain_decimal(number, value);
   }
-  /// Reads any number.
-  double read_any(std::string_view text, Comma comma) const;
 
  private:
   bool use_fast_path_;

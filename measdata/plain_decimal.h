@@ -19,91 +19,95 @@ inline constexpr std::array<double, 23> kPowersOfTen = {
 inline constexpr std::uint64_t kLargestExact = std::uint64_t{1} << 53U;
 
 /// Up to eight characters in a word, the last of them in its top byte, each less '0': a digit is
-/// its value, as are the zeros before the first character.
+/// its value, as are the zeros before the first character. A fresh word is all zeros.
 class DigitWord {
  public:
   static constexpr std::size_t kSize = 8;
 
-  explicit DigitWord(std::string_view text) {
-    const std::size_t size = text.size();
-    const char* p = text.data();
-    std::uint64_t word = 0;
-    if (size >= sizeof(std::uint32_t)) {  // two halves that overlap when there are fewer than eight
-      const std::size_t second = size - sizeof(std::uint32_t);
-      word = load<std::uint32_t>(p) | static_cast<std::uint64_t>(load<std::uint32_t>(p + second))
-                                          << (8 * second);
-    } else {
-      for (std::size_t i = 0; i < size; ++i) {
-        word |= static_cast<std::uint64_t>(static_cast<unsigned char>(p[i])) << (8 * i);
-      }
-    }
-    word_ = size == 0 ? 0 : (word ^ kZeros) << (8 * (kSize - size));
+  DigitWord() = default;
+  /// The last 1 to 8 characters before `end`; there must be eight bytes to read.
+  DigitWord(const char* end, std::size_t count) {
+    std::memcpy(&word_, end - kSize, kSize);
+    const std::size_t others = 8 * (kSize - count);
+    word_ = ((word_ ^ 0x3030303030303030U) >> others) << others;
   }
 
-  /// The bit where the decimal point begins; 64 when there is none.
-  unsigned find_point() const {
-    constexpr std::uint64_t kLow = 0x7F7F7F7F7F7F7F7FU;
-    const std::uint64_t differs = word_ ^ 0x1E1E1E1E1E1E1E1EU;  // '.' less '0'
-    const std::uint64_t found = ~(((differs & kLow) + kLow) | differs | kLow);
-    return static_cast<unsigned>(std::countr_zero(found)) & ~7U;
-  }
-  /// Takes out the point; the characters before it move up, and `before` gives its last.
-  void remove_point(unsigned point, DigitWord& before) {
-    const std::uint64_t below = (std::uint64_t{1} << point) - 1;
-    const std::uint64_t behind = ~below << 8U;
-    word_ = (word_ & behind) | ((word_ & below) << 8U) | (before.word_ >> 56U);
+  /// Takes out the first byte that is neither a digit nor alike; the characters before it move up
+  /// by one, and `before` gives its last. True when the byte was a decimal point; `decimals` are
+  /// the characters behind it.
+  bool remove_point(DigitWord& before, std::size_t& decimals) {
+    const std::uint64_t first = points() & (0 - points());
+    const auto bit = static_cast<unsigned>(std::countr_zero(first)) & ~7U;
+    const bool is_point = ((word_ >> bit) & 0xFFU) == ('.' ^ '0');
+    const std::uint64_t below = (first >> 4U) - 1;
+    word_ = (word_ & (~below << 8U)) | ((word_ & below) << 8U) | (before.word_ >> 56U);
     before.word_ <<= 8U;
+    decimals = 7 - bit / 8;
+    return is_point;
   }
+  bool has_point() const { return points() != 0; }
   bool has_digits_only() const {
     return (((word_ + 0x7676767676767676U) | word_) & 0x8080808080808080U) == 0;
   }
-  /// Pairs of digits, then of pairs, then of fours, are joined all at once.
+  /// Joins digits to pairs, pairs to fours and those to eight, all of a kind at once.
   std::uint64_t value() const {
-    std::uint64_t pairs = (word_ * 2561) >> 8U;                       // 2561 = 10 * 2^8 + 1
-    pairs = ((pairs & 0x00FF00FF00FF00FFU) * 6553601) >> 16U;         // 100 * 2^16 + 1
-    return ((pairs & 0x0000FFFF0000FFFFU) * 42949672960001U) >> 32U;  // 10000 * 2^32 + 1
+    const std::uint64_t pairs = (word_ * (10 * 0x100 + 1)) >> 8U;
+    const std::uint64_t fours = ((pairs & 0x00FF00FF00FF00FFU) * (100 * 0x10000 + 1)) >> 16U;
+    return ((fours & 0x0000FFFF0000FFFFU) * (10000 * 0x100000000U + 1)) >> 32U;
   }
 
  private:
-  template <typename Word>
-  static Word load(const char* p) {
-    Word word;
-    std::memcpy(&word, p, sizeof word);
-    return word;
-  }
-
-  static constexpr std::uint64_t kZeros = 0x3030303030303030U;
+  // A bit that a point has, but no digit.
+  std::uint64_t points() const { return word_ & 0x1010101010101010U; }
 
   std::uint64_t word_ = 0;
 };
 
-/// An optional minus, up to sixteen digits and at most one point among them, nothing else: true
-/// when this is the whole text and the division of two exact numbers gives its correctly rounded
-/// value.
+/// So many bytes before a number must be readable.
+inline constexpr std::ptrdiff_t kBytesBeforeNumber = 2 * DigitWord::kSize;
+
+/// An optional minus, up to sixteen characters that are digits and at most one point among them,
+/// nothing else: true when this is the whole text and the division of two exact numbers gives its
+/// correctly rounded value.
 inline bool read_plain_decimal(std::string_view text, double& value) {
   if constexpr (std::endian::native != std::endian::little) return false;
-  const bool is_negative = !text.empty() && text.front() == '-';
-  if (is_negative) text.remove_prefix(1);
-  if (text.empty() || text.size() > 2 * DigitWord::kSize || text == ".") return false;
+  if (text.empty()) return false;
+  const char* const end = text.data() + text.size();
+  // Signs are hard to predict: no branch depends on one.
+  const std::size_t minus = text.front() == '-' ? 1 : 0;
+  const std::size_t size = text.size() - minus;
 
-  const std::size_t high_size = text.size() > DigitWord::kSize ? text.size() - DigitWord::kSize : 0;
-  DigitWord high(text.substr(0, high_size));
-  DigitWord low(text.substr(high_size));
+  std::uint64_t digits = 0;
   std::size_t decimals = 0;
-  if (const unsigned point = low.find_point(); point < 64) {
-    low.remove_point(point, high);
-    decimals = 7 - point / 8;
-  } else if (const unsigned high_point = high_size == 0 ? 64 : high.find_point(); high_point < 64) {
-    DigitWord none(std::string_view{});
-    high.remove_point(high_point, none);
-    decimals = 15 - high_point / 8;
+  bool is_plain = true;
+  if (size - 1 < DigitWord::kSize) {
+    DigitWord word(end, size);
+    if (word.has_point()) {
+      DigitWord nothing;
+      is_plain = word.remove_point(nothing, decimals) && size > 1;
+    }
+    digits = word.value();
+    is_plain = is_plain && word.has_digits_only();
+  } else if (size - 1 < 2 * DigitWord::kSize) {
+    DigitWord high(end - DigitWord::kSize, size - DigitWord::kSize);
+    DigitWord low(end, DigitWord::kSize);
+    if (low.has_point()) {
+      is_plain = low.remove_point(high, decimals);
+    } else if (high.has_point()) {
+      DigitWord nothing;
+      is_plain = high.remove_point(nothing, decimals);
+      decimals += DigitWord::kSize;
+    }
+    digits = high.value() * 100000000 + low.value();
+    is_plain = is_plain && high.has_digits_only() && low.has_digits_only();
+    is_plain = is_plain && digits <= kLargestExact;
+  } else {
+    return false;
   }
-  if (!low.has_digits_only() || !high.has_digits_only()) return false;
-  std::uint64_t digits = low.value();
-  if (high_size != 0) digits += high.value() * 100000000;
-  if (digits > kLargestExact) return false;
+  if (!is_plain) return false;
   const double magnitude = static_cast<double>(digits) / kPowersOfTen[decimals];
-  value = is_negative ? -magnitude : magnitude;
+  value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(magnitude) ^
+                                (static_cast<std::uint64_t>(minus) << 63U));
   return true;
 }
 
