@@ -59,10 +59,9 @@ void get_de_stats_from_index(void* handle, int index, DeStats* out) noexcept {
   const Chart* chart = chart_with(handle, index);
   if (chart == nullptr || out == nullptr || !chart->all_patches.has_color_data()) return;
   const PatchDataSet& unique = chart->unique_patches;
+  if (!unique.is_merged) return;
+  *out = {0, 0.0, 0.0};
+  if (unique.repeat_counts.empty()) return;  // no patch repeats
   const auto entry = static_cast<std::size_t>(index);
-  if (entry >= unique.repeat_counts.size()) return;  // nothing was merged
-  *out = {unique.repeat_counts[entry], 0.0, 0.0};
-  if (unique.de_mean.empty()) return;  // no patch repeats
-  out->de_mean = unique.de_mean[entry];
-  out->de_max = unique.de_max[entry];
+  *out = {unique.repeat_counts[entry], unique.de_mean[entry], unique.de_max[entry]};
 }

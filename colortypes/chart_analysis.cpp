@@ -17,7 +17,7 @@ class ValueCounter {
     Slot& slot = slots_[find(slots_.data(), bits_, value)];
     if (slot.count++ == 0) {
       slot.value = value;
-      if (2 * ++taken_ > slots_.size()) grow();
+      if (4 * ++taken_ > 3 * slots_.size()) grow();
     }
   }
 
@@ -61,7 +61,7 @@ class ValueCounter {
 
   ValueHash hash_;
   unsigned bits_ = 6;
-  std::vector<Slot> slots_ = std::vector<Slot>(std::size_t{1} << bits_);  // at most half are taken
+  std::vector<Slot> slots_ = std::vector<Slot>(std::size_t{1} << bits_);  // always some are free
   std::size_t taken_ = 0;
 };
 
@@ -83,24 +83,36 @@ DistinctValues collectDistinctValues(const ValueTable& device_values, std::size_
   return counter.result();
 }
 
-std::vector<std::int32_t> findPaperWhite(const ValueTable& device_values) {
+std::vector<std::int32_t> rowsOfOneInk(const ValueTable& device_values) {
   std::vector<std::int32_t> found;
   for (std::size_t row = 0; row < device_values.rows(); ++row) {
-    const bool is_blank =
-        std::ranges::all_of(device_values.row(row), [](double value) { return value == 0.0; });
-    if (is_blank) found.push_back(static_cast<std::int32_t>(row));
+    int inks = 0;
+    for (const double value : device_values.row(row)) {
+      inks += value > 0.0 ? 1 : 0;
+      if (inks > 1) break;
+    }
+    if (inks <= 1) found.push_back(static_cast<std::int32_t>(row));
   }
   return found;
 }
 
-std::vector<std::int32_t> collectWedge(const ValueTable& device_values, std::size_t channel,
+std::vector<std::int32_t> findPaperWhite(const ValueTable& device_values,
+                                         std::span<const std::int32_t> rows) {
+  std::vector<std::int32_t> found;
+  std::ranges::copy_if(rows, std::back_inserter(found), [&device_values](std::int32_t row) {
+    return std::ranges::all_of(device_values.row(static_cast<std::size_t>(row)),
+                               [](double value) { return value == 0.0; });
+  });
+  return found;
+}
+
+std::vector<std::int32_t> collectWedge(const ValueTable& device_values,
+                                       std::span<const std::int32_t> rows, std::size_t channel,
                                        ZeroSteps zeros) {
   std::vector<std::int32_t> wedge;
-  for (std::size_t row = 0; row < device_values.rows(); ++row) {
-    if (isInWedge(device_values.row(row), channel, zeros)) {
-      wedge.push_back(static_cast<std::int32_t>(row));
-    }
-  }
+  std::ranges::copy_if(rows, std::back_inserter(wedge), [&](std::int32_t row) {
+    return isInWedge(device_values.row(static_cast<std::size_t>(row)), channel, zeros);
+  });
   const auto value_of = [&device_values, channel](std::int32_t row) {
     return device_values.row(static_cast<std::size_t>(row))[channel];
   };

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace vantor::ColorTypes {
@@ -19,15 +20,21 @@ struct DistinctValues {
 /// Values count as the same when they are equal as doubles. A not-a-number is no value.
 DistinctValues collectDistinctValues(const ValueTable& device_values, std::size_t channel);
 
-/// The rows in which every channel is 0, in order.
-std::vector<std::int32_t> findPaperWhite(const ValueTable& device_values);
+/// The rows in which at most one channel is above 0, in order. Only they can be paper white or a
+/// step of a wedge, which is sought among these few.
+std::vector<std::int32_t> rowsOfOneInk(const ValueTable& device_values);
+
+/// Those of the rows in which every channel is 0.
+std::vector<std::int32_t> findPaperWhite(const ValueTable& device_values,
+                                         std::span<const std::int32_t> rows);
 
 enum class ZeroSteps { keep, skip };
 
-/// The rows in which no channel but this one is above 0, by ascending value of the channel; rows of
-/// equal value stay in order, rows without a number come first. `zeros` tells whether rows in which
-/// the channel is 0, too, are steps of the wedge.
-std::vector<std::int32_t> collectWedge(const ValueTable& device_values, std::size_t channel,
+/// Those of the rows in which no channel but this one is above 0, by ascending value of the
+/// channel; rows of equal value stay in order, rows without a number come first. `zeros` tells
+/// whether rows in which the channel is 0, too, are steps of the wedge.
+std::vector<std::int32_t> collectWedge(const ValueTable& device_values,
+                                       std::span<const std::int32_t> rows, std::size_t channel,
                                        ZeroSteps zeros);
 
 }  // namespace vantor::ColorTypes

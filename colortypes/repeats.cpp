@@ -6,7 +6,7 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
+#include <numeric>
 
 namespace vantor::ColorTypes {
 namespace {
@@ -18,54 +18,82 @@ bool areEqual(std::span<const double> a, std::span<const double> b) {
   return true;
 }
 
-// For every row the number of its entry; `first_rows` receives the first row of each entry.
-std::vector<std::uint32_t> findEntries(const ValueTable& rows,
-                                       std::vector<std::uint32_t>& first_rows) {
-  std::vector<std::uint32_t> entry_of_row(rows.rows());
-  first_rows.reserve(rows.rows());
-  Base::PositionTable entries;
-  entries.reserve(rows.rows());
-  const RowHash hash(rows.width());
-  // In groups: the searches of a group wait for memory all at once, not one after the other.
-  std::array<std::uint64_t, 32> hashes{};
-  for (std::size_t row = 0; row < rows.rows(); ++row) {
-    const std::size_t in_group = row % hashes.size();
-    if (in_group == 0) {
-      const std::size_t count = std::min(hashes.size(), rows.rows() - row);
+// Sorts rows into entries, numbered in the order of their first rows. As long as no row repeats
+// another, row and entry have the same number and nothing is written down.
+class EntryFinder {
+ public:
+  explicit EntryFinder(const ValueTable& rows) : rows_(rows) { table_.reserve(rows.rows()); }
+
+  void findAll() {
+    const RowHash hash(rows_.width());
+    // In groups: the searches of a group wait for memory all at once, not one after the other.
+    std::array<std::uint64_t, 32> hashes{};
+    for (std::size_t first = 0; first < rows_.rows(); first += hashes.size()) {
+      const std::size_t count = std::min(hashes.size(), rows_.rows() - first);
       for (std::size_t i = 0; i < count; ++i) {
-        hashes[i] = hash(rows.row(row + i));
-        entries.prefetch(hashes[i]);
+        hashes[i] = hash(rows_.row(first + i));
+        table_.prefetch(hashes[i]);
       }
+      for (std::size_t i = 0; i < count; ++i) find(first + i, hashes[i]);
     }
-    const std::span<const double> values = rows.row(row);
-    const std::size_t new_entry = first_rows.size();
-    auto entry = static_cast<std::uint32_t>(new_entry);
+  }
+
+  std::size_t entryCount() const { return entry_count_; }
+  /// For every row the number of its entry; nothing when no row repeats.
+  const std::vector<std::uint32_t>& entryOfRow() const { return entry_of_row_; }
+
+ private:
+  void find(std::size_t row, std::uint64_t hash) {
+    const std::span<const double> values = rows_.row(row);
+    auto entry = static_cast<std::uint32_t>(entry_count_);
     if (areEqual(values, values)) {  // else it holds a not-a-number, which nothing equals
-      entry = entries.find_or_add(hashes[in_group], new_entry, [&](std::uint32_t other) {
-        return areEqual(values, rows.row(first_rows[other]));
+      entry = table_.find_or_add(hash, entry_count_, [&](std::uint32_t other) {
+        return areEqual(values, rows_.row(firstRow(other)));
       });
     }
-    if (entry == new_entry) first_rows.push_back(static_cast<std::uint32_t>(row));
-    entry_of_row[row] = entry;
+    if (entry == row) {
+      ++entry_count_;
+      return;
+    }
+    if (entry_of_row_.empty()) writeDown(row);
+    if (entry == entry_count_) {
+      first_rows_.push_back(static_cast<std::uint32_t>(row));
+      ++entry_count_;
+    }
+    entry_of_row_.push_back(entry);
   }
-  return entry_of_row;
-}
+
+  std::size_t firstRow(std::uint32_t entry) const {
+    return entry_of_row_.empty() ? entry : first_rows_[entry];
+  }
+
+  // Called for the first row that repeats another.
+  void writeDown(std::size_t row) {
+    entry_of_row_.reserve(rows_.rows());
+    first_rows_.resize(row);
+    std::iota(first_rows_.begin(), first_rows_.end(), 0U);
+    entry_of_row_ = first_rows_;
+  }
+
+  const ValueTable& rows_;
+  Base::PositionTable table_;
+  std::size_t entry_count_ = 0;
+  std::vector<std::uint32_t> first_rows_;
+  std::vector<std::uint32_t> entry_of_row_;
+};
 
 }  // namespace
 
 RepeatGroups::RepeatGroups(const ValueTable& rows) {
-  std::vector<std::uint32_t> first_rows;
-  const std::vector<std::uint32_t> entry_of_row = findEntries(rows, first_rows);
-  if (first_rows.size() == rows.rows()) {
-    members_ = std::move(first_rows);
-    return;
-  }
+  EntryFinder finder(rows);
+  finder.findAll();
+  size_ = finder.entryCount();
+  const std::vector<std::uint32_t>& entry_of_row = finder.entryOfRow();
+  if (entry_of_row.empty()) return;
   // A counting sort of the rows by entry keeps their order within each.
-  starts_.assign(first_rows.size() + 1, 0);
+  starts_.assign(size_ + 1, 0);
   for (const std::uint32_t entry : entry_of_row) ++starts_[entry + 1];
-  for (std::size_t entry = 0; entry < first_rows.size(); ++entry) {
-    starts_[entry + 1] += starts_[entry];
-  }
+  for (std::size_t entry = 0; entry < size_; ++entry) starts_[entry + 1] += starts_[entry];
   std::vector<std::uint32_t> next(starts_.begin(), starts_.end() - 1);
   members_.resize(entry_of_row.size());
   for (std::size_t row = 0; row < entry_of_row.size(); ++row) {

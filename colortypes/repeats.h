@@ -21,17 +21,19 @@ class RepeatGroups {
   /// the number of rows.
   explicit RepeatGroups(const ValueTable& rows);
 
-  std::size_t size() const { return hasRepeats() ? starts_.size() - 1 : members_.size(); }
+  std::size_t size() const { return size_; }
+  /// When there are none, every row is an entry of its own, and members() is not to be asked.
   bool hasRepeats() const { return !starts_.empty(); }
   /// The rows of an entry, in order; at least one.
   std::span<const std::uint32_t> members(std::size_t entry) const {
-    if (!hasRepeats()) return std::span(members_).subspan(entry, 1);
     return std::span(members_).subspan(starts_[entry], starts_[entry + 1] - starts_[entry]);
   }
 
  private:
+  std::size_t size_ = 0;
+  // Both empty when no row repeats:
   std::vector<std::uint32_t> members_;  // the entries one behind the other
-  std::vector<std::uint32_t> starts_;   // of each entry in members_, and the end; if any repeats
+  std::vector<std::uint32_t> starts_;   // of each entry in members_, and the end
 };
 
 /// The largest distance of a single measurement, which has none: the lowest finite double.

@@ -37,14 +37,6 @@ void configure_conversion(Chart& chart) {
   }
 }
 
-void find_paper_white(Chart& chart) {
-  chart.paper_white_index = -1;
-  if (!has_consistent_device_values(chart.unique_patches)) return;
-  const std::vector<std::int32_t> found =
-      ColorTypes::findPaperWhite(chart.unique_patches.device_values);
-  if (found.size() == 1) chart.paper_white_index = found.front();
-}
-
 void size_channel_lists(Chart& chart) {
   const std::size_t channels = chart.all_patches.device_fields.size();
   chart.wedges.resize(channels);
@@ -59,20 +51,24 @@ void set_device_flags(Chart& chart, const Names& field_names) {
   chart.dev_is_cmyk = field_names == Names{"CMYK_C", "CMYK_M", "CMYK_Y", "CMYK_K"} ? 1 : 0;
 }
 
-void analyse_channels(Chart& chart) {
-  const PatchDataSet& all = chart.all_patches;
-  const PatchDataSet& unique = chart.unique_patches;
+void analyse_merged_patches(Chart& chart) {
+  const ColorTypes::ValueTable& values = chart.unique_patches.device_values;
+  const bool is_consistent = has_consistent_device_values(chart.unique_patches);
+  const std::vector<std::int32_t> rows =
+      is_consistent ? rowsOfOneInk(values) : std::vector<std::int32_t>();
+  const std::vector<std::int32_t> white = findPaperWhite(values, rows);
+  chart.paper_white_index = white.size() == 1 ? white.front() : -1;
   for (std::size_t channel = 0; channel < chart.wedges.size(); ++channel) {
-    std::vector<std::int32_t> wedge;
-    ColorTypes::DistinctValues distinct;
-    if (has_consistent_device_values(unique)) {
-      wedge = collectWedge(unique.device_values, channel, ColorTypes::ZeroSteps::skip);
-    }
-    if (has_consistent_device_values(all)) {
-      distinct = collectDistinctValues(all.device_values, channel);
-    }
-    chart.wedges[channel] = std::move(wedge);
-    chart.distinct_dev_values[channel] = std::move(distinct);
+    chart.wedges[channel] = collectWedge(values, rows, channel, ColorTypes::ZeroSteps::skip);
+  }
+}
+
+void count_distinct_values(Chart& chart) {
+  const ColorTypes::ValueTable& values = chart.all_patches.device_values;
+  const bool is_consistent = has_consistent_device_values(chart.all_patches);
+  for (std::size_t channel = 0; channel < chart.distinct_dev_values.size(); ++channel) {
+    chart.distinct_dev_values[channel] =
+        is_consistent ? collectDistinctValues(values, channel) : ColorTypes::DistinctValues();
   }
 }
 
@@ -97,14 +93,14 @@ void fill_keyword_store(Chart& chart) {
 bool build_chart(Chart& chart, const MeasFileParser& reader, const char* name) {
   configure_conversion(chart);
   merge_repeats(chart.all_patches, chart.unique_patches);
-  find_paper_white(chart);
   size_channel_lists(chart);
   Names field_names;
   for (const std::int32_t field : chart.all_patches.device_fields) {
     field_names.push_back(reader.field_name(field));
   }
   set_device_flags(chart, field_names);
-  analyse_channels(chart);
+  analyse_merged_patches(chart);
+  count_distinct_values(chart);
   ChannelNames names = build_channel_names(field_names, chart.all_patches.header_keywords, name);
   if (!names.failure.empty()) {
     chart.all_patches.messages.append(names.failure).append("\n");

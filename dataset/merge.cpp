@@ -143,10 +143,10 @@ void merge_repeats(PatchDataSet& all_patches, PatchDataSet& unique_patches) {
   }
   const RepeatGroups groups(all_patches.device_values);
   copy_description(all_patches, unique_patches);
+  unique_patches.is_merged = true;
   unique_patches.num_patches = static_cast<std::int32_t>(groups.size());
   if (!groups.hasRepeats()) {
     copy_all_patches(all_patches, unique_patches);
-    unique_patches.repeat_counts.assign(groups.size(), 0);
     return;
   }
   take_device_values(all_patches.device_values, groups, unique_patches.device_values);

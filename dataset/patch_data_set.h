@@ -86,8 +86,10 @@ struct PatchDataSet {
   bool has_density = false;
   bool has_spectral = false;
 
-  // How far the merged measurements of each patch lie apart; only in a data set of merged patches.
-  // The distances are left out, which stands for 0 throughout, where no patch repeats.
+  /// True for a data set whose repeated measurements were merged.
+  bool is_merged = false;
+  // How many measurements were merged, and how far they lie apart. All are left out, which stands
+  // for 0 throughout, where no patch repeats.
   std::vector<std::int32_t> repeat_counts;
   std::vector<double> spectral_distance_mean;
   std::vector<double> spectral_distance_max;

@@ -138,6 +138,10 @@ void HeaderGrammar::read_line(std::string_view line) {
 
 // Nearly every line of a file comes here, so those without quotes and comments are not cut.
 void HeaderGrammar::read_data_block(std::string_view text) {
+  // The declared number of rows, or as many as the text can hold when that is more than it can.
+  const std::size_t shortest_row = 2 * std::max<std::size_t>(tables_.fields.names().size(), 1);
+  const auto declared = static_cast<std::size_t>(std::max(tables_.number_of_sets, 0));
+  tables_.rows.reserve(std::min(declared, text.size() / shortest_row));
   DataLineReader lines(text, kBlankSeparated, comment_char_);
   for (DataLine line; state_ == State::data && lines.next(line); ++current_line_) {
     switch (kind_of(line)) {

@@ -27,9 +27,21 @@ std::vector<std::vector<std::uint32_t>> members_of(const ValueTable& table) {
   const RepeatGroups groups(table);
   std::vector<std::vector<std::uint32_t>> members;
   for (std::size_t entry = 0; entry < groups.size(); ++entry) {
-    members.emplace_back(groups.members(entry).begin(), groups.members(entry).end());
+    if (groups.hasRepeats()) {
+      members.emplace_back(groups.members(entry).begin(), groups.members(entry).end());
+    } else {
+      members.push_back({static_cast<std::uint32_t>(entry)});
+    }
   }
   return members;
+}
+
+std::vector<std::int32_t> paper_white_of(const ValueTable& table) {
+  return findPaperWhite(table, rowsOfOneInk(table));
+}
+
+std::vector<std::int32_t> wedge_of(const ValueTable& table, std::size_t channel, ZeroSteps zeros) {
+  return collectWedge(table, rowsOfOneInk(table), channel, zeros);
 }
 
 using Members = std::vector<std::vector<std::uint32_t>>;
@@ -92,7 +104,7 @@ TEST(ChartAnalysis, DistinctValuesAscendWithTheirCounts) {
 }
 
 TEST(ChartAnalysis, PaperWhiteIsExactlyZeroEverywhere) {
-  EXPECT_EQ(findPaperWhite(table_of({{0, 1}, {0, 0}, {-0.0, 0}, {kNan, 0}, {0, 1e-300}})),
+  EXPECT_EQ(paper_white_of(table_of({{0, 1}, {0, 0}, {-0.0, 0}, {kNan, 0}, {0, 1e-300}})),
             (Indices{1, 2}));
 }
 
@@ -104,11 +116,11 @@ TEST(ChartAnalysis, AWedgeIsPrintedWithOneInkAlone) {
                                      {50, 0, 1e-9},  // a trace of another ink
                                      {40, 0, -1},    // a negative value does not print
                                      {25, 0, 0}});   //
-  EXPECT_EQ(collectWedge(chart, 0, ZeroSteps::skip), (Indices{3, 6, 5, 1}));
-  EXPECT_EQ(collectWedge(chart, 0, ZeroSteps::keep), (Indices{0, 3, 6, 5, 1}));
-  EXPECT_EQ(collectWedge(chart, 1, ZeroSteps::skip), (Indices{2}));
-  EXPECT_EQ(collectWedge(chart, 2, ZeroSteps::skip), Indices{});
-  EXPECT_EQ(collectWedge(table_of({{100}, {kNan}, {50}, {kNan}}), 0, ZeroSteps::skip),
+  EXPECT_EQ(wedge_of(chart, 0, ZeroSteps::skip), (Indices{3, 6, 5, 1}));
+  EXPECT_EQ(wedge_of(chart, 0, ZeroSteps::keep), (Indices{0, 3, 6, 5, 1}));
+  EXPECT_EQ(wedge_of(chart, 1, ZeroSteps::skip), (Indices{2}));
+  EXPECT_EQ(wedge_of(chart, 2, ZeroSteps::skip), Indices{});
+  EXPECT_EQ(wedge_of(table_of({{100}, {kNan}, {50}, {kNan}}), 0, ZeroSteps::skip),
             (Indices{1, 3, 2, 0}));
 }
 
