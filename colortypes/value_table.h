@@ -2,6 +2,8 @@
 #ifndef MEASDATA_COLORTYPES_VALUE_TABLE_H
 #define MEASDATA_COLORTYPES_VALUE_TABLE_H
 
+#include "base/large_block.h"
+
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -16,11 +18,11 @@ class ValueTable {
   /// gives: the caller fills them, all of them, before anything else is done with the table.
   double* reset(std::size_t width, std::size_t rows) {
     *this = ValueTable();
-    double* const first = new double[width * rows];  // not zeroed: memory is touched once
-    values_.reset(first);
+    const std::shared_ptr<double[]> values = Base::allocate_numbers(width * rows);
+    values_ = values;
     width_ = width;
     rows_ = rows;
-    return first;
+    return values.get();
   }
 
   std::size_t rows() const { return rows_; }

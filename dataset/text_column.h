@@ -20,7 +20,10 @@ class TextColumn {
     texts.bytes.insert(texts.bytes.end(), text.begin(), text.end());
     texts.bytes.push_back('\0');
   }
-  void reserve(std::size_t rows) { texts_.edit().starts.reserve(rows); }
+  void reserve(std::size_t rows) {
+    texts_.edit().starts.reserve(rows);
+    texts_.edit().bytes.reserve(rows * kUsualLength);
+  }
   std::size_t size() const { return texts_.get().starts.size(); }
   bool empty() const { return size() == 0; }
   std::string_view at(std::size_t row) const {
@@ -35,6 +38,7 @@ class TextColumn {
   }
 
  private:
+  static constexpr std::size_t kUsualLength = 8;
   struct Texts {
     std::vector<char> bytes;
     std::vector<std::size_t> starts;
