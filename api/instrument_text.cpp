@@ -142,11 +142,8 @@ Answer find_density_standard(std::string_view text) {
 
 Answer find_weighting(std::string_view text, std::string_view key) {
   const Words words = split_words(text);
-  if (words.empty() || !words[0].starts_with(key)) return std::nullopt;
-  if (words.size() > 1) return words[1];
-  const std::size_t comma = words[0].find(',');
-  if (comma == std::string::npos || comma + 1 == words[0].size()) return std::nullopt;
-  return words[0].substr(comma + 1);
+  if (words.size() < 2 || !words[0].starts_with(key)) return std::nullopt;
+  return words[1];
 }
 
 }  // namespace vantor::Api

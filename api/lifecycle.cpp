@@ -1,17 +1,15 @@
 // Handles, loading, messages and version.
 #include "api/measdata.h"
+#include "api/own_memory.h"
 #include "api/parse.h"
 #include "api/parser_state.h"
 #include "dataset/build.h"
 #include "dataset/fill.h"
 #include "measdata/meas_file_parser.h"
 
-#include <algorithm>
-#include <array>
 #include <exception>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <utility>
 
 using vantor::Api::ParserState;
@@ -34,22 +32,13 @@ void clear_after_failure(ParserState& state) {
   state.chart.all_patches.messages = std::move(messages);
 }
 
-// Takes texts out of a data set that the caller may hold, to keep them alive.
-auto take_texts(PatchDataSet& patches) {
-  return std::tuple(std::move(patches.messages), std::move(patches.sample_ids),
-                    std::move(patches.sample_locations), std::move(patches.sample_names));
-}
-
-// `read` fills all_patches by way of a reader. Name, path or block may be texts that this handle
-// gave out: the name is copied, and the texts live until the load is done.
+// `read` fills all_patches by way of a reader. The name may be a text that this handle gave out.
 template <typename Read>
 int load(void* handle, const char* name, Read read) noexcept {
   if (handle == nullptr) return 0;
   ParserState& state = *state_of(handle);
   try {
     const std::string name_copy(name == nullptr ? "" : name);
-    const auto texts_of_patches = take_texts(state.chart.all_patches);
-    const auto texts_of_merged_patches = take_texts(state.chart.unique_patches);
     MeasFileParser reader(state.parse_mode + 1);
     if (read(state.chart.all_patches, reader, name_copy)) {
       return parse(handle, &reader, name == nullptr ? nullptr : name_copy.c_str());
@@ -85,16 +74,13 @@ int parse_file(void* handle, const char* path) noexcept {
 }
 
 int parse_mem(void* handle, size_t length, const char* block, const char* name) noexcept {
-  // Strings as short as this may lie inside the state, where the load overwrites them.
-  constexpr size_t kShortText = 64;
-  std::array<char, kShortText> copy{};
-  std::string_view text(block, block == nullptr ? 0 : length);
-  if (text.size() <= copy.size()) {
-    std::copy(text.begin(), text.end(), copy.begin());
-    text = {copy.data(), text.size()};
-  }
-  const auto read = [text](PatchDataSet& patches, MeasFileParser& reader, const std::string&) {
-    return vantor::DataSet::read_memory(patches, text, reader);
+  if (block == nullptr) length = 0;
+  const auto read = [=](PatchDataSet& patches, MeasFileParser& reader, const std::string&) {
+    const ParserState& state = *state_of(handle);
+    const bool is_own = length != 0 && vantor::Api::is_own_memory(state, block);
+    const std::string copy = is_own ? std::string(block, length) : std::string();
+    return vantor::DataSet::read_memory(patches, is_own ? copy : std::string_view(block, length),
+                                        reader);
   };
   return load(handle, name, read);
 }

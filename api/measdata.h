@@ -4,7 +4,8 @@
  *
  * 1. Handles. init_parser makes a handle, cleanup_parser releases it. In between it can be loaded
  *    again and again; each load replaces the file before. Before the first load and after a failed
- *    one there are no patches and no channels. (Keywords stay, see there.)
+ *    one there are no patches and no channels. (Keywords stay, see there. And a load that fails
+ * only for a full-tone colour in the keywords, which is told, leaves the patches.)
  * 2. Null. A null handle never crashes: counts, yes/no answers and numbers are 0, strings are null
  *    or, where said, empty, indices are -1, arrays of the caller stay untouched. A null name finds
  *    nothing.

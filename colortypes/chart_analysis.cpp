@@ -14,7 +14,7 @@ namespace {
 class ValueCounter {
  public:
   void count(double value) {
-    Slot& slot = slots_[find(slots_.data(), bits_, value)];
+    Slot& slot = find(slots_, value);
     if (slot.count++ == 0) {
       slot.value = value;
       if (4 * ++taken_ > 3 * slots_.size()) grow();
@@ -44,24 +44,22 @@ class ValueCounter {
   };
 
   // The slot of the value, or the free one where it belongs.
-  std::size_t find(const Slot* slots, unsigned bits, double value) const {
-    const std::size_t mask = (std::size_t{1} << bits) - 1;
-    std::size_t slot = hash_(value, bits);
+  Slot& find(std::vector<Slot>& slots, double value) const {
+    const std::size_t mask = slots.size() - 1;
+    std::size_t slot = hashValue(value, seed_) & mask;
     while (slots[slot].count != 0 && slots[slot].value != value) slot = (slot + 1) & mask;
-    return slot;
+    return slots[slot];
   }
   void grow() {
     std::vector<Slot> larger(2 * slots_.size());
     for (const Slot& slot : slots_) {
-      if (slot.count != 0) larger[find(larger.data(), bits_ + 1, slot.value)] = slot;
+      if (slot.count != 0) find(larger, slot.value) = slot;
     }
     slots_.swap(larger);
-    ++bits_;
   }
 
-  ValueHash hash_;
-  unsigned bits_ = 6;
-  std::vector<Slot> slots_ = std::vector<Slot>(std::size_t{1} << bits_);  // always some are free
+  std::uint64_t seed_ = Base::hash_seed();
+  std::vector<Slot> slots_ = std::vector<Slot>(64);  // a power of two of them, always some free
   std::size_t taken_ = 0;
 };
 

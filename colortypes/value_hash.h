@@ -12,42 +12,28 @@
 
 namespace vantor::ColorTypes {
 
-/// The bits of a value, folded because round numbers have none below. 0.0 and -0.0 count as the
-/// same.
-inline std::uint64_t foldedBits(double value) {
-  const auto bits = std::bit_cast<std::uint64_t>(value + 0.0);  // -0.0 + 0.0 is 0.0
-  return bits ^ (bits >> 32U);
+/// Whatever the rounding mode, 0.0 and -0.0 count as the same.
+inline std::uint64_t hashValue(double value, std::uint64_t seed) {
+  return Base::mix((value == 0.0 ? 0 : std::bit_cast<std::uint64_t>(value)) ^ seed);
 }
-
-class ValueHash {
- public:
-  /// A number of `bits` bits, 1 to 64.
-  std::size_t operator()(double value, unsigned bits) const {
-    return static_cast<std::size_t>((foldedBits(value) * factor_) >> (64U - bits));
-  }
-
- private:
-  std::uint64_t factor_ = Base::hash_seed() | 1U;
-};
 
 /// Hashes rows of one width.
 class RowHash {
  public:
-  explicit RowHash(std::size_t width) : seed_(Base::hash_seed()), factors_(width) {
-    std::uint64_t state = seed_;
-    for (std::uint64_t& factor : factors_) factor = (state = Base::mix(state + 1)) | 1U;
+  explicit RowHash(std::size_t width) : seeds_(width) {
+    std::uint64_t state = Base::hash_seed();
+    for (std::uint64_t& seed : seeds_) seed = state = Base::mix(state + 1);
   }
 
-  // One multiplication a value, none of which waits for another.
+  // No value waits for another.
   std::uint64_t operator()(std::span<const double> row) const {
-    std::uint64_t sum = seed_;
-    for (std::size_t i = 0; i < factors_.size(); ++i) sum += foldedBits(row[i]) * factors_[i];
-    return Base::mix(sum);
+    std::uint64_t sum = 0;
+    for (std::size_t i = 0; i < seeds_.size(); ++i) sum += hashValue(row[i], seeds_[i]);
+    return sum;
   }
 
  private:
-  std::uint64_t seed_;
-  std::vector<std::uint64_t> factors_;
+  std::vector<std::uint64_t> seeds_;
 };
 
 }  // namespace vantor::ColorTypes

@@ -31,6 +31,8 @@ class ValueTable {
   std::span<const double> row(std::size_t index) const {
     return {values_.get() + index * width_, width_};
   }
+  /// All rows, one behind the other.
+  std::span<const double> values() const { return {values_.get(), rows_ * width_}; }
 
  private:
   std::shared_ptr<const double[]> values_;

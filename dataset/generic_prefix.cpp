@@ -59,8 +59,10 @@ bool GenericPrefixRule::has_wavelength(std::string_view name, std::size_t prefix
   const std::string_view rest = name.substr(prefix_length);
   // No number of this range begins with anything else; most names are told by this alone.
   constexpr std::string_view kStarts = "0123456789.+ \t\v\f";
+  constexpr std::string_view kNumberCharacters = "0123456789.,+- \t\v\fabcdefABCDEFpPxX";
   if (rest.empty() || kStarts.find(rest.front()) == std::string_view::npos) return false;
-  const double nm = numbers_.read(rest);
+  // What follows the number may be long.
+  const double nm = numbers_.read(rest.substr(0, rest.find_first_not_of(kNumberCharacters)));
   return nm >= kShortestNm && nm <= kLongestNm;
 }
 

@@ -18,21 +18,29 @@ struct ByName {
 
 void KeywordStore::add(std::vector<StoredKeyword> keywords) {
   const std::size_t held = entries_.size();
-  std::vector<const StoredKeyword*> order;
-  order.reserve(held + keywords.size());
-  order = order_;
+  std::vector<const StoredKeyword*> added;
+  added.reserve(keywords.size());
+  order_.reserve(held + keywords.size());
   try {
     for (StoredKeyword& keyword : keywords) {
-      order.push_back(&entries_.emplace_back(std::move(keyword)));
+      added.push_back(&entries_.emplace_back(std::move(keyword)));
     }
-    const auto middle = order.begin() + static_cast<std::ptrdiff_t>(held);
-    std::stable_sort(middle, order.end(), ByName());
-    std::inplace_merge(order.begin(), middle, order.end(), ByName());
+    std::stable_sort(added.begin(), added.end(), ByName());
   } catch (...) {
     entries_.resize(held);
     throw;
   }
-  order_ = std::move(order);
+  // From the last on: each is sought by halving, so that few of the names held before are looked
+  // at.
+  order_.resize(held + added.size());
+  auto gap_end = order_.end();
+  auto held_end = order_.begin() + static_cast<std::ptrdiff_t>(held);
+  for (auto keyword = added.rbegin(); keyword != added.rend(); ++keyword) {
+    const auto place = std::upper_bound(order_.begin(), held_end, *keyword, ByName());
+    gap_end = std::move_backward(place, held_end, gap_end);
+    *--gap_end = *keyword;
+    held_end = place;
+  }
 }
 
 std::span<const StoredKeyword* const> KeywordStore::find(std::string_view name) const {

@@ -118,7 +118,9 @@ void append_statistics_of(const PatchDataSet& all, Members members, PatchDataSet
   Distances lab;
   if (members.size() > 1) {
     if (all.has_spectral) spectral = pairwiseDistances(gather(all.spectra, members));
-    lab = pairwiseDistances(gather_lab(all, members));
+    if (all.has_color_data() && has_patch_lab(all)) {
+      lab = pairwiseDistances(gather_lab(all, members));
+    }
   }
   append_statistics(members.size(), spectral, lab, unique);
 }

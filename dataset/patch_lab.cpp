@@ -6,6 +6,11 @@
 
 namespace vantor::DataSet {
 
+bool has_patch_lab(const PatchDataSet& data_set) {
+  return (data_set.has_spectral && data_set.lab_conversion != nullptr) || data_set.has_lab ||
+         data_set.has_xyz;
+}
+
 void write_patch_lab(const PatchDataSet& data_set, std::size_t patch, double* lab) {
   if (data_set.has_spectral && data_set.lab_conversion != nullptr) {
     data_set.lab_conversion->spectralToLab(data_set.spectra.row(patch).data(), lab[0], lab[1],

@@ -8,6 +8,9 @@
 
 namespace vantor::DataSet {
 
+/// True when there is something to make Lab of.
+bool has_patch_lab(const PatchDataSet& data_set);
+
 /// Writes L*, a*, b* of a patch: from its spectrum when the data set has a conversion for it, else
 /// the file's own Lab, else from XYZ; nothing when there is none of these.
 void write_patch_lab(const PatchDataSet& data_set, std::size_t patch, double* lab);

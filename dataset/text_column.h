@@ -5,6 +5,7 @@
 #include "base/copy_on_write.h"
 
 #include <cstddef>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -36,6 +37,8 @@ class TextColumn {
     const Texts& texts = texts_.get();
     return texts.bytes.data() + texts.starts[row];
   }
+  /// All texts, each with its zero.
+  std::span<const char> bytes() const { return texts_.get().bytes; }
 
  private:
   static constexpr std::size_t kUsualLength = 8;

@@ -127,7 +127,7 @@ TEST(Metadata, FromTheWeightingFunctions) {
       "WEIGHTING_FUNCTION \"OBSERVER,\t2 degree\"\nILLUMINANT D65\nOBSERVER 10\n";
   EXPECT_EQ(ask(illuminant, both), "D50");
   EXPECT_EQ(ask(observer, both), "2");
-  EXPECT_EQ(ask(illuminant, "WEIGHTING_FUNCTION \"ILLUMINANT,A\"\n"), "A");
+  EXPECT_EQ(ask(illuminant, "WEIGHTING_FUNCTION \"ILLUMINANT,A\"\n"), "(null)");
   EXPECT_EQ(ask(illuminant, "WEIGHTING_FUNCTION \"ILLUMINANT,\"\nILLUMINANT D65\n"), "D65");
   EXPECT_EQ(ask(illuminant, "WEIGHTING_FUNCTION \"ILLUMINANTS D55\"\n"), "D55");
   EXPECT_EQ(ask(observer, "WEIGHTING_FUNCTION \"the OBSERVER, 2\"\n"), "(null)");

@@ -88,4 +88,30 @@ TEST(Succession, WhatAFailedLoadLeaves) {
   EXPECT_STREQ(sample_serial_number(handle), "1");
 }
 
+// Whatever the handle gave out can be read again as a file, though the load replaces it.
+TEST(Succession, MemoryOfTheHandleAsInput) {
+  const std::string table = "A;B;" + repeated("0", 80);
+  test::Handle handle;
+  ASSERT_EQ(handle.load(test::file_of("GRAY SAMPLE_NAME " + test::numbered("nm", 380, 10, 36),
+                                      "1 \"" + table + "\"" + repeated(" 0.5", 36) + "\n",
+                                      "INK_NAME_1 \"" + table + "\"\n")),
+            1);
+  const char* ink = get_device_channel_name(handle, 0);
+  ASSERT_EQ(std::string(ink), table);
+  set_parse_mode(handle, 1);
+  EXPECT_EQ(parse_mem(handle, table.size(), ink, nullptr), 1);
+
+  set_parse_mode(handle, 0);
+  const std::string repeats =
+      test::file_of("GRAY " + test::numbered("nm", 380, 10, 36),
+                    "1" + repeated(" 0.25", 36) + "\n1" + repeated(" 0.5", 36) + "\n");
+  for (const auto& spectrum_of : {get_spectrum_from_patch, get_spectrum_from_index}) {
+    ASSERT_EQ(handle.load(repeats), 1);
+    const double* spectrum = spectrum_of(handle, 0);
+    EXPECT_EQ(parse_mem(handle, 36 * sizeof(double), reinterpret_cast<const char*>(spectrum), ""),
+              0);
+    EXPECT_NE(handle.messages(), "");
+  }
+}
+
 }  // namespace

@@ -99,6 +99,14 @@ TEST(UniquePatches, SpectraAreAveragedAndJudgedByTheirLab) {
   EXPECT_EQ(lab_from_index(own, 0), (Triple{50, 1, 2}));
 }
 
+// A single band is a grid that no conversion takes.
+TEST(UniquePatches, SpectraThatGiveNoLabAreNotCompared) {
+  const std::string rows = "1 2 3 4 0.5\n1 2 3 4 0.75\n";
+  const Loaded chart(test::file_of("CMYK_C CMYK_M CMYK_Y CMYK_K SPECTRAL_NM_550", rows));
+  ASSERT_EQ(chart.result, 1) << chart.messages();
+  EXPECT_EQ(stats(chart, 0), (std::vector<double>{2, 0, -DBL_MAX}));
+}
+
 TEST(UniquePatches, WithoutDeviceValuesNothingIsMerged) {
   const Loaded chart(test::file_of("SAMPLE_NAME LAB_L LAB_A LAB_B XYZ_X XYZ_Y XYZ_Z",
                                    "a 50 1 2 3 4 5\na 50 1 2 3 4 5\n"));
