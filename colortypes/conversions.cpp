@@ -1,19 +1,11 @@
 #include "colortypes/conversions.h"
 
+#include "colortypes/lab_curve.h"
+
 #include <cmath>
 
 namespace vantor::ColorTypes {
 namespace {
-
-constexpr double labEpsilon = 0.008856451679035631;  // (6/29)^3
-constexpr double labKappaSlope = 7.787037037037037;  // (29/6)^2 / 3
-constexpr double labOffset = 0.13793103448275862;    // 4/29
-constexpr double kOneThird = 0.3333333333333333;
-
-double compress(double ratio) {
-  if (ratio > labEpsilon) return std::pow(ratio, kOneThird);
-  return labKappaSlope * ratio + labOffset;
-}
 
 double expand(double f) {
   const double cube = f * f * f;
@@ -34,10 +26,7 @@ double encode(double linear) {
 }  // namespace
 
 Lab xyzToLab(const Tristimulus& xyz, const Tristimulus& white) {
-  const double fx = compress(xyz.x / white.x);
-  const double fy = compress(xyz.y / white.y);
-  const double fz = compress(xyz.z / white.z);
-  return {116.0 * fy - 16.0, 500.0 * (fx - fy), 200.0 * (fy - fz)};
+  return ratiosToLab({xyz.x / white.x, xyz.y / white.y, xyz.z / white.z});
 }
 
 Tristimulus labToXyz(const Lab& lab, const Tristimulus& white) {

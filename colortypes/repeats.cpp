@@ -1,7 +1,6 @@
 #include "colortypes/repeats.h"
 
 #include "base/position_table.h"
-#include "colortypes/difference.h"
 #include "colortypes/value_hash.h"
 
 #include <algorithm>
@@ -99,22 +98,6 @@ RepeatGroups::RepeatGroups(const ValueTable& rows) {
   for (std::size_t row = 0; row < entry_of_row.size(); ++row) {
     members_[next[entry_of_row[row]]++] = static_cast<std::uint32_t>(row);
   }
-}
-
-Distances pairwiseDistances(const ValueTable& rows) {
-  Distances distances;
-  double sum = 0.0;
-  for (std::size_t k = 1; k < rows.rows(); ++k) {
-    const std::span<const double> row = rows.row(k);
-    for (std::size_t j = 0; j < k; ++j) {
-      const double distance = vectorDistance(row, rows.row(j));
-      sum += distance;
-      if (distance > distances.max) distances.max = distance;
-    }
-  }
-  const auto count = static_cast<double>(rows.rows());
-  if (rows.rows() > 1) distances.mean = sum / (0.5 * count * (count - 1.0));
-  return distances;
 }
 
 void meanOfRows(const ValueTable& table, std::span<const std::uint32_t> rows, double* mean) {

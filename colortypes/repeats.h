@@ -1,5 +1,4 @@
-// Finds the patches of a chart that were measured more than once, and how far the measurements lie
-// apart.
+// Finds the patches of a chart that were measured more than once.
 #ifndef MEASDATA_COLORTYPES_REPEATS_H
 #define MEASDATA_COLORTYPES_REPEATS_H
 
@@ -7,7 +6,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <span>
 #include <vector>
 
@@ -35,18 +33,6 @@ class RepeatGroups {
   std::vector<std::uint32_t> members_;  // the entries one behind the other
   std::vector<std::uint32_t> starts_;   // of each entry in members_, and the end
 };
-
-/// The largest distance of a single measurement, which has none: the lowest finite double.
-inline constexpr double kNoDistance = std::numeric_limits<double>::lowest();
-
-struct Distances {
-  double mean = 0.0;
-  double max = kNoDistance;
-};
-
-/// Mean and maximum of the distances between all pairs of rows. The time grows with the number of
-/// pairs.
-Distances pairwiseDistances(const ValueTable& rows);
 
 /// The mean of the given rows of a table, value by value.
 void meanOfRows(const ValueTable& table, std::span<const std::uint32_t> rows, double* mean);

@@ -1,5 +1,6 @@
 #include "dataset/merge.h"
 
+#include "colortypes/pair_distances.h"
 #include "colortypes/repeats.h"
 #include "dataset/device_channels.h"
 #include "dataset/patch_lab.h"
@@ -85,23 +86,19 @@ void copy_all_patches(const PatchDataSet& all, PatchDataSet& unique) {
   unique.spectra = all.spectra;
 }
 
-// The rows of the members one behind the other, for the comparison of all pairs.
-ValueTable gather(const ValueTable& from, Members members) {
-  ValueTable rows;
-  double* next = rows.reset(from.width(), members.size());
-  for (const std::uint32_t member : members) next = std::ranges::copy(from.row(member), next).out;
-  return rows;
-}
-
-// Lab of each member, from its spectrum where that can be converted.
-ValueTable gather_lab(const PatchDataSet& all, Members members) {
-  ValueTable rows;
-  double* next = rows.reset(3, members.size());
-  for (const std::uint32_t member : members) {
-    write_patch_lab(all, member, next);
-    next += 3;
+// Lab of every patch that repeats, from its spectrum where that can be converted; the other rows
+// are never looked at. Nothing where there is nothing to make Lab of.
+ValueTable lab_of_repeats(const PatchDataSet& all, const RepeatGroups& groups) {
+  ValueTable table;
+  if (!all.has_color_data() || !has_patch_lab(all)) return table;
+  double* const rows = table.reset(3, static_cast<std::size_t>(all.num_patches));
+  for (std::size_t entry = 0; entry < groups.size(); ++entry) {
+    if (groups.members(entry).size() == 1) continue;
+    for (const std::uint32_t member : groups.members(entry)) {
+      write_patch_lab(all, member, rows + 3 * std::size_t{member});
+    }
   }
-  return rows;
+  return table;
 }
 
 void append_statistics(std::size_t repeat_count, const Distances& spectral, const Distances& lab,
@@ -113,16 +110,15 @@ void append_statistics(std::size_t repeat_count, const Distances& spectral, cons
   unique.de_max.push_back(lab.max);
 }
 
-void append_statistics_of(const PatchDataSet& all, Members members, PatchDataSet& unique) {
-  Distances spectral = {0.0, all.has_spectral ? ColorTypes::kNoDistance : 0.0};
-  Distances lab;
+void append_statistics_of(const PatchDataSet& all, const ValueTable& lab, Members members,
+                          PatchDataSet& unique) {
+  Distances spectral_distances = {0.0, all.has_spectral ? ColorTypes::kNoDistance : 0.0};
+  Distances lab_distances;
   if (members.size() > 1) {
-    if (all.has_spectral) spectral = pairwiseDistances(gather(all.spectra, members));
-    if (all.has_color_data() && has_patch_lab(all)) {
-      lab = pairwiseDistances(gather_lab(all, members));
-    }
+    if (all.has_spectral) spectral_distances = pairwiseDistances(all.spectra, members);
+    if (!lab.empty()) lab_distances = pairwiseDistances(lab, members);
   }
-  append_statistics(members.size(), spectral, lab, unique);
+  append_statistics(members.size(), spectral_distances, lab_distances, unique);
 }
 
 }  // namespace
@@ -154,9 +150,10 @@ void merge_repeats(PatchDataSet& all_patches, PatchDataSet& unique_patches) {
   take_device_values(all_patches.device_values, groups, unique_patches.device_values);
   merge_rows(all_patches.lab_values, groups, unique_patches.lab_values);
   merge_rows(all_patches.spectra, groups, unique_patches.spectra);
+  const ValueTable lab = lab_of_repeats(all_patches, groups);
   for (std::size_t entry = 0; entry < groups.size(); ++entry) {
     append_entry(all_patches, groups.members(entry).front(), unique_patches);
-    append_statistics_of(all_patches, groups.members(entry), unique_patches);
+    append_statistics_of(all_patches, lab, groups.members(entry), unique_patches);
   }
 }
 

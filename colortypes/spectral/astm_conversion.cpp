@@ -1,6 +1,6 @@
 #include "colortypes/spectral/astm_conversion.h"
 
-#include "colortypes/conversions.h"
+#include "colortypes/lab_curve.h"
 #include "colortypes/spectral/weight_tables.h"
 
 #include <cstddef>
@@ -91,7 +91,10 @@ bool ASTMSpectralConversion::configure(const AstmParameters& parameters) {
   } else {
     sums.divideBy(parameters.whiteValue);
   }
-  white_ = parameters.keepWhitePoint ? white : sums.plainSums(parameters.whiteValue);
+  const Tristimulus lab_white =
+      parameters.keepWhitePoint ? white : sums.plainSums(parameters.whiteValue);
+  const Tristimulus& factor = sums.factor();
+  lab_scale_ = {factor.x / lab_white.x, factor.y / lab_white.y, factor.z / lab_white.z};
   sums_ = std::move(sums);
   return true;
 }
@@ -106,7 +109,9 @@ void ASTMSpectralConversion::spectralToXYZ(const double* spectrum, double& x, do
 
 void ASTMSpectralConversion::spectralToLab(const double* spectrum, double& l, double& a,
                                            double& b) const {
-  const Lab lab = xyzToLab(sums_.xyzOf(spectrum), white_);
+  const Tristimulus fractions = sums_.fractionsOf(spectrum);
+  const Lab lab = ratiosToLab(
+      {fractions.x * lab_scale_.x, fractions.y * lab_scale_.y, fractions.z * lab_scale_.z});
   l = lab.l;
   a = lab.a;
   b = lab.b;

@@ -42,7 +42,9 @@ class ASTMSpectralConversion final : public ISpectralToLabConversion {
 
  private:
   WeightedSums sums_;
-  Tristimulus white_ = {0.0, 0.0, 0.0};
+  // What fractions of the sums' divisors are multiplied with to become fractions of the white to
+  // which Lab refers; exactly 1 where XYZ refers to the same.
+  Tristimulus lab_scale_ = {0.0, 0.0, 0.0};
 };
 
 }  // namespace vantor::ColorTypes::Spectral

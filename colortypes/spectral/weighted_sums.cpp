@@ -16,20 +16,9 @@ Tristimulus WeightedSums::plainSums(double value) const {
   return plainSums(std::vector<double>(weightsX_.size(), value).data());
 }
 
-Tristimulus WeightedSums::plainSums(const double* spectrum) const {
-  Tristimulus sums = {0.0, 0.0, 0.0};
-  for (std::size_t i = 0; i < weightsX_.size(); ++i) {
-    sums.x += spectrum[i] * weightsX_[i];
-    sums.y += spectrum[i] * weightsY_[i];
-    sums.z += spectrum[i] * weightsZ_[i];
-  }
-  return sums;
-}
-
 Tristimulus WeightedSums::xyzOf(const double* spectrum) const {
-  const Tristimulus sums = plainSums(spectrum);
-  return {sums.x / divisor_.x * factor_.x, sums.y / divisor_.y * factor_.y,
-          sums.z / divisor_.z * factor_.z};
+  const Tristimulus fractions = fractionsOf(spectrum);
+  return {fractions.x * factor_.x, fractions.y * factor_.y, fractions.z * factor_.z};
 }
 
 }  // namespace vantor::ColorTypes::Spectral

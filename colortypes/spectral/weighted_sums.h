@@ -2,6 +2,7 @@
 #ifndef MEASDATA_COLORTYPES_SPECTRAL_WEIGHTED_SUMS_H
 #define MEASDATA_COLORTYPES_SPECTRAL_WEIGHTED_SUMS_H
 
+#include "colortypes/lanes.h"
 #include "colortypes/tristimulus.h"
 
 #include <cstddef>
@@ -31,6 +32,10 @@ class WeightedSums {
 
   /// The plain sums of a spectrum of `value` throughout.
   Tristimulus plainSums(double value) const;
+  /// Sums as fractions of the divisor: 1 for the white that normalise() was given.
+  Tristimulus fractionsOf(const double* spectrum) const;
+  /// What the fractions are multiplied with to make X, Y and Z.
+  const Tristimulus& factor() const { return factor_; }
   Tristimulus xyzOf(const double* spectrum) const;
 
  private:
@@ -42,6 +47,41 @@ class WeightedSums {
   Tristimulus divisor_ = {1.0, 1.0, 1.0};
   Tristimulus factor_ = {1.0, 1.0, 1.0};
 };
+
+// Two steps a round, so that fewer additions wait for the one before.
+inline Tristimulus WeightedSums::plainSums(const double* spectrum) const {
+  constexpr std::size_t kRound = 2 * kLanes;
+  const double* const x = weightsX_.data();
+  const double* const y = weightsY_.data();
+  const double* const z = weightsZ_.data();
+  Lanes x1{}, y1{}, z1{}, x2{}, y2{}, z2{};
+  std::size_t i = 0;
+  for (; i + kRound <= weightsX_.size(); i += kRound) {
+    const Lanes first = loadLanes(spectrum + i);
+    x1 += first * loadLanes(x + i);
+    y1 += first * loadLanes(y + i);
+    z1 += first * loadLanes(z + i);
+    const Lanes second = loadLanes(spectrum + i + kLanes);
+    x2 += second * loadLanes(x + i + kLanes);
+    y2 += second * loadLanes(y + i + kLanes);
+    z2 += second * loadLanes(z + i + kLanes);
+  }
+  x1 += x2;
+  y1 += y2;
+  z1 += z2;
+  Tristimulus sums = {x1[0] + x1[1], y1[0] + y1[1], z1[0] + z1[1]};
+  for (; i < weightsX_.size(); ++i) {
+    sums.x += spectrum[i] * x[i];
+    sums.y += spectrum[i] * y[i];
+    sums.z += spectrum[i] * z[i];
+  }
+  return sums;
+}
+
+inline Tristimulus WeightedSums::fractionsOf(const double* spectrum) const {
+  const Tristimulus sums = plainSums(spectrum);
+  return {sums.x / divisor_.x, sums.y / divisor_.y, sums.z / divisor_.z};
+}
 
 }  // namespace vantor::ColorTypes::Spectral
 

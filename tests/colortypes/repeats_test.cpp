@@ -1,12 +1,14 @@
 #include "colortypes/repeats.h"
 
 #include "colortypes/chart_analysis.h"
+#include "colortypes/pair_distances.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <random>
 #include <vector>
 
@@ -34,6 +36,12 @@ std::vector<std::vector<std::uint32_t>> members_of(const ValueTable& table) {
     }
   }
   return members;
+}
+
+Distances distances_of(const ValueTable& table) {
+  std::vector<std::uint32_t> rows(table.rows());
+  std::iota(rows.begin(), rows.end(), 0U);
+  return pairwiseDistances(table, rows);
 }
 
 std::vector<std::int32_t> paper_white_of(const ValueTable& table) {
@@ -80,18 +88,45 @@ TEST(Repeats, HashingFindsWhatASearchFinds) {
 }
 
 TEST(Repeats, DistancesOfAllPairs) {
-  const Distances two = pairwiseDistances(table_of({{50, 0, 0}, {50, 3, 4}}));
+  const Distances two = distances_of(table_of({{50, 0, 0}, {50, 3, 4}}));
   EXPECT_EQ(two.mean, 5.0);
   EXPECT_EQ(two.max, 5.0);
-  const Distances three = pairwiseDistances(table_of({{0}, {1}, {5}}));  // 1, 5, 4
+  const Distances three = distances_of(table_of({{0}, {1}, {5}}));  // 1, 5, 4
   EXPECT_NEAR(three.mean, 10.0 / 3.0, 1e-15);
   EXPECT_EQ(three.max, 5.0);
-  const Distances same = pairwiseDistances(table_of({{7, 7}, {7, 7}}));
+  const Distances same = distances_of(table_of({{7, 7}, {7, 7}}));
   EXPECT_EQ(same.mean, 0.0);
   EXPECT_EQ(same.max, 0.0);
-  const Distances single = pairwiseDistances(table_of({{7, 7}}));
+  const Distances single = distances_of(table_of({{7, 7}}));
   EXPECT_EQ(single.mean, 0.0);
   EXPECT_EQ(single.max, -1.7976931348623157e308);
+}
+
+// Against the definition, pair by pair, for counts that fill tiles of four and counts that do not.
+TEST(Repeats, DistancesOfManyPairs) {
+  std::mt19937 random(4);
+  for (std::size_t count = 2; count < 20; ++count) {
+    for (const std::size_t width : {1, 3, 36}) {
+      std::vector<std::vector<double>> rows(count, std::vector<double>(width));
+      for (auto& row : rows) {
+        for (double& value : row) value = static_cast<double>(random() % 1000) / 1000.0;
+      }
+      double sum = 0.0;
+      double max = 0.0;
+      for (std::size_t k = 1; k < count; ++k) {
+        for (std::size_t j = 0; j < k; ++j) {
+          double squares = 0.0;
+          for (std::size_t i = 0; i < width; ++i) squares += std::pow(rows[k][i] - rows[j][i], 2);
+          sum += std::sqrt(squares);
+          max = std::max(max, std::sqrt(squares));
+        }
+      }
+      const Distances distances = distances_of(table_of(rows));
+      const auto pairs = static_cast<double>(count * (count - 1)) / 2.0;
+      EXPECT_NEAR(distances.mean, sum / pairs, 1e-13) << count << " " << width;
+      EXPECT_NEAR(distances.max, max, 1e-14) << count << " " << width;
+    }
+  }
 }
 
 using Indices = std::vector<std::int32_t>;
