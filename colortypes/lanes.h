@@ -15,6 +15,9 @@ inline constexpr std::size_t kLanes = 2;
 /// Sums, differences and products work lane by lane.
 using Lanes = double __attribute__((vector_size(kLanes * sizeof(double))));
 
+/// Of each lane the larger; the second where the first is no number.
+inline Lanes largerOf(Lanes a, Lanes b) { return a > b ? a : b; }
+
 #else
 
 struct Lanes {
@@ -40,6 +43,11 @@ struct Lanes {
   }
   Lanes& operator+=(const Lanes& other) { return *this = *this + other; }
 };
+
+inline Lanes largerOf(Lanes a, const Lanes& b) {
+  for (std::size_t i = 0; i < kLanes; ++i) a.values[i] = a[i] > b[i] ? a[i] : b[i];
+  return a;
+}
 
 #endif
 

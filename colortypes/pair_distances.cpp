@@ -1,13 +1,20 @@
 #include "colortypes/pair_distances.h"
 
 #include "colortypes/difference.h"
-#include "colortypes/processor.h"
+#include "colortypes/lanes.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstring>
 #include <vector>
+
+#if defined(__GNUC__)
+#define MEASDATA_INLINE [[gnu::always_inline]] inline
+#else
+#define MEASDATA_INLINE inline
+#endif
 
 namespace vantor::ColorTypes {
 namespace {
@@ -16,16 +23,8 @@ using Rows = std::span<const std::uint32_t>;
 
 // Rows are compared in tiles of four with four, which the processor's registers hold.
 constexpr std::size_t kTile = 4;
-
-struct Totals {
-  std::array<double, kTile> sums{};
-  std::array<double, kTile> maxima = {kNoDistance, kNoDistance, kNoDistance, kNoDistance};
-
-  void take(std::size_t lane, double distance) {
-    sums[lane] += distance;
-    maxima[lane] = distance > maxima[lane] ? distance : maxima[lane];
-  }
-};
+// So many tiles at a time, whose distances stay in the nearest cache.
+constexpr std::size_t kBatch = 32;
 
 // The rows of each tile value by value: the first value of its four rows, the second, ...
 std::vector<double> tilesOf(const ValueTable& table, Rows rows) {
@@ -41,54 +40,147 @@ std::vector<double> tilesOf(const ValueTable& table, Rows rows) {
   return tiles;
 }
 
-// All pairs of a row of one tile and a row of the tiles at `others`.
-MEASDATA_FOR_WIDE_REGISTERS
-void compareTile(const double* tile, const double* others, std::size_t count, std::size_t width,
-                 Totals& totals) {
-  Totals result = totals;
-  for (std::size_t other = 0; other < count; ++other, others += width * kTile) {
-    double squares[kTile][kTile] = {};
-    for (std::size_t i = 0; i < width * kTile; i += kTile) {
-      for (std::size_t row = 0; row < kTile; ++row) {
-        for (std::size_t lane = 0; lane < kTile; ++lane) {
-          const double difference = others[i + lane] - tile[i + row];
-          squares[row][lane] += difference * difference;
+using TileRows = std::array<const double*, kTile>;
+
+// The distances of all pairs of one of four rows and a row of the tiles at `others`, at most kBatch
+// of these. `Vector` holds as many doubles as a register. Products and sums stay apart, so that
+// every kind of processor gives the same digits.
+template <typename Vector>
+MEASDATA_INLINE void compare(const TileRows& rows, const double* others, std::size_t count,
+                             std::size_t width, double* distances) {
+  constexpr std::size_t kParts = kTile * sizeof(double) / sizeof(Vector);
+  for (std::size_t other = 0; other < count; ++other) {
+    Vector squares[kTile][kParts] = {};
+    for (std::size_t i = 0; i < width; ++i) {
+      for (std::size_t part = 0; part < kParts; ++part) {
+        Vector values;
+        std::memcpy(&values, others, sizeof values);
+        others += kTile / kParts;
+        for (std::size_t row = 0; row < kTile; ++row) {
+          const Vector difference = values - rows[row][i];
+          squares[row][part] += difference * difference;
         }
       }
     }
     for (const auto& row : squares) {
-      for (std::size_t lane = 0; lane < kTile; ++lane) result.take(lane, std::sqrt(row[lane]));
+      for (const Vector& part : row) {
+        const Vector result = part;
+        std::memcpy(distances, &result, sizeof result);
+        distances += kTile / kParts;
+      }
     }
   }
-  totals = result;
+  double* const first = distances - count * kTile * kTile;
+  for (double* distance = first; distance != distances; ++distance) {
+    *distance = std::sqrt(*distance);
+  }
+}
+
+using Compare = void (*)(const TileRows&, const double*, std::size_t, std::size_t, double*);
+
+void compareAnywhere(const TileRows& rows, const double* others, std::size_t count,
+                     std::size_t width, double* distances) {
+  compare<Lanes>(rows, others, count, width, distances);
+}
+
+#if defined(__x86_64__) && defined(__GNUC__)
+
+using WideLanes = double __attribute__((vector_size(kTile * sizeof(double))));
+
+__attribute__((target("avx2"))) void compareWide(const TileRows& rows, const double* others,
+                                                 std::size_t count, std::size_t width,
+                                                 double* distances) {
+  compare<WideLanes>(rows, others, count, width, distances);
+}
+
+Compare chooseCompare() {
+  return __builtin_cpu_supports("avx2") != 0 ? compareWide : compareAnywhere;
+}
+
+#else
+
+Compare chooseCompare() { return compareAnywhere; }
+
+#endif
+
+class Totals {
+ public:
+  void take(double distance) {
+    single_sum_ += distance;
+    single_max_ = distance > single_max_ ? distance : single_max_;
+  }
+  // A multiple of two lanes of them. Four sums, so that fewer additions wait for the one before.
+  void take(const double* distances, std::size_t count) {
+    Lanes sum1 = sums_[0];
+    Lanes sum2 = sums_[1];
+    Lanes max1 = maxima_[0];
+    Lanes max2 = maxima_[1];
+    for (std::size_t i = 0; i < count; i += 2 * kLanes) {
+      const Lanes first = loadLanes(distances + i);
+      const Lanes second = loadLanes(distances + i + kLanes);
+      sum1 += first;
+      sum2 += second;
+      max1 = largerOf(first, max1);
+      max2 = largerOf(second, max2);
+    }
+    sums_ = {sum1, sum2};
+    maxima_ = {max1, max2};
+  }
+  double sum() const {
+    const Lanes both = sums_[0] + sums_[1];
+    return single_sum_ + (both[0] + both[1]);
+  }
+  double max() const {
+    const Lanes larger = largerOf(maxima_[0], maxima_[1]);
+    return std::max({single_max_, larger[0], larger[1]});
+  }
+
+ private:
+  double single_sum_ = 0.0;
+  double single_max_ = kNoDistance;
+  std::array<Lanes, 2> sums_ = {Lanes{0.0, 0.0}, Lanes{0.0, 0.0}};
+  std::array<Lanes, 2> maxima_ = {Lanes{kNoDistance, kNoDistance}, Lanes{kNoDistance, kNoDistance}};
+};
+
+// All pairs of rows in different tiles.
+void comparePairsOfTiles(const ValueTable& table, Rows rows, Totals& totals) {
+  std::array<double, kBatch * kTile * kTile> distances;  // NOLINT: filled before it is read
+  const std::vector<double> tiles = tilesOf(table, rows);
+  const std::size_t tile_size = kTile * table.width();
+  const Compare compare_tiles = chooseCompare();
+  for (std::size_t tile = 1; tile < rows.size() / kTile; ++tile) {
+    const auto row = [&](std::size_t i) { return table.row(rows[tile * kTile + i]).data(); };
+    const TileRows tile_rows = {row(0), row(1), row(2), row(3)};
+    for (std::size_t first = 0; first < tile; first += kBatch) {
+      const std::size_t count = std::min(kBatch, tile - first);
+      compare_tiles(tile_rows, tiles.data() + first * tile_size, count, table.width(),
+                    distances.data());
+      totals.take(distances.data(), count * kTile * kTile);
+    }
+  }
 }
 
 }  // namespace
 
 Distances pairwiseDistances(const ValueTable& table, Rows rows) {
   Totals totals;
-  const std::size_t tile_count = rows.size() / kTile;
-  if (tile_count > 1) {
-    const std::vector<double> tiles = tilesOf(table, rows.first(tile_count * kTile));
-    const std::size_t tile_size = kTile * table.width();
-    for (std::size_t tile = 1; tile < tile_count; ++tile) {
-      compareTile(tiles.data() + tile * tile_size, tiles.data(), tile, table.width(), totals);
-    }
+  const std::size_t in_tiles = rows.size() - rows.size() % kTile;
+  if (in_tiles > kTile && table.width() != 0) {
+    comparePairsOfTiles(table, rows.first(in_tiles), totals);
   }
   // Within the tiles, and the rows that fill no tile with all before them.
   for (std::size_t k = 1; k < rows.size(); ++k) {
-    const std::size_t first = k < tile_count * kTile ? k - k % kTile : 0;
+    const std::size_t first = k < in_tiles ? k - k % kTile : 0;
     for (std::size_t j = first; j < k; ++j) {
-      totals.take(j % kTile, vectorDistance(table.row(rows[k]), table.row(rows[j])));
+      totals.take(vectorDistance(table.row(rows[k]), table.row(rows[j])));
     }
   }
 
   Distances distances;
-  const auto count = static_cast<double>(rows.size());
   if (rows.size() > 1) {
-    const auto& sums = totals.sums;
-    distances.mean = ((sums[0] + sums[1]) + (sums[2] + sums[3])) / (0.5 * count * (count - 1.0));
-    distances.max = std::ranges::max(totals.maxima);
+    const auto count = static_cast<double>(rows.size());
+    distances.mean = totals.sum() / (0.5 * count * (count - 1.0));
+    distances.max = totals.max();
   }
   return distances;
 }
