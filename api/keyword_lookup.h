@@ -9,7 +9,7 @@
 namespace vantor::Api {
 
 /// All entries of that name, in order; none for a null handle or name.
-inline std::span<const DataSet::StoredKeyword* const> find_keyword(void* handle, const char* name) {
+inline std::span<const DataSet::Keyword> find_keyword(void* handle, const char* name) {
   if (handle == nullptr || name == nullptr) return {};
   return state_of(handle)->chart.keywords.find(name);
 }

@@ -11,13 +11,13 @@
 using vantor::Api::find_keyword;
 using vantor::Api::is_position;
 using vantor::Api::state_of;
+using vantor::DataSet::Keyword;
 using vantor::DataSet::KeywordStore;
-using vantor::DataSet::StoredKeyword;
 
 namespace {
 
 // The entry at a position of the whole store; positions below 0 count as 0.
-const StoredKeyword* keyword_at(void* handle, int i) {
+const Keyword* keyword_at(void* handle, int i) {
   if (handle == nullptr) return nullptr;
   const KeywordStore& store = state_of(handle)->chart.keywords;
   const auto position = static_cast<std::size_t>(std::max(i, 0));
@@ -40,7 +40,7 @@ const char* get_value_of_keyword(void* handle, const char* name) noexcept {
 
 const char* get_ith_value_of_keyword(void* handle, int i, const char* name) noexcept {
   const auto entries = find_keyword(handle, name);
-  return is_position(i, entries.size()) ? entries[static_cast<std::size_t>(i)]->value.c_str()
+  return is_position(i, entries.size()) ? entries[static_cast<std::size_t>(i)].value.data()
                                         : nullptr;
 }
 
@@ -49,13 +49,13 @@ int num_keywords(void* handle) noexcept {
 }
 
 const char* get_keyword(void* handle, int i) noexcept {
-  const StoredKeyword* keyword = keyword_at(handle, i);
-  return keyword == nullptr ? nullptr : keyword->name.c_str();
+  const Keyword* keyword = keyword_at(handle, i);
+  return keyword == nullptr ? nullptr : keyword->name.data();
 }
 
 const char* get_value(void* handle, int i) noexcept {
-  const StoredKeyword* keyword = keyword_at(handle, i);
-  return keyword == nullptr ? nullptr : keyword->value.c_str();
+  const Keyword* keyword = keyword_at(handle, i);
+  return keyword == nullptr ? nullptr : keyword->value.data();
 }
 
 const char* copyright(void* handle) noexcept { return get_value_of_keyword(handle, "COPYRIGHT"); }

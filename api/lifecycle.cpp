@@ -75,12 +75,11 @@ int parse_file(void* handle, const char* path) noexcept {
 
 int parse_mem(void* handle, size_t length, const char* block, const char* name) noexcept {
   if (block == nullptr) length = 0;
-  const auto read = [=](PatchDataSet& patches, MeasFileParser& reader, const std::string&) {
-    const ParserState& state = *state_of(handle);
-    const bool is_own = length != 0 && vantor::Api::is_own_memory(state, block);
-    const std::string copy = is_own ? std::string(block, length) : std::string();
-    return vantor::DataSet::read_memory(patches, is_own ? copy : std::string_view(block, length),
-                                        reader);
+  std::string copy;  // outlives the reader, which keeps views of the text
+  const auto read = [=, &copy](PatchDataSet& patches, MeasFileParser& reader, const std::string&) {
+    std::string_view text(block, length);
+    if (length != 0 && vantor::Api::is_own_memory(*state_of(handle), block)) text = copy = text;
+    return vantor::DataSet::read_memory(patches, text, reader);
   };
   return load(handle, name, read);
 }

@@ -35,7 +35,7 @@ const char* answer_from(void* handle, const char* keyword, Find find) noexcept {
   const auto entries = find_keyword(handle, keyword);
   if (entries.empty()) return nullptr;
   try {
-    return give(handle, find(entries.front()->value));
+    return give(handle, find(entries.front().value));
   } catch (const std::exception&) {
     return nullptr;
   }
@@ -51,8 +51,8 @@ const char* value_or_answer(void* handle, const char* keyword, const char* text_
 
 const char* answer_from_weighting(void* handle, std::string_view key) noexcept {
   try {
-    for (const auto* entry : find_keyword(handle, kWeightingFunction)) {
-      if (Answer answer = vantor::Api::find_weighting(entry->value, key)) {
+    for (const auto& entry : find_keyword(handle, kWeightingFunction)) {
+      if (Answer answer = vantor::Api::find_weighting(entry.value, key)) {
         return give(handle, std::move(answer));
       }
     }
@@ -107,7 +107,7 @@ const char* device_polarization(void* handle) noexcept {
   if (value != nullptr) return value;
   const auto entries = find_keyword(handle, kInstrumentation);
   const bool is_denied =
-      !entries.empty() && vantor::Api::denies_polarization(entries.front()->value);
+      !entries.empty() && vantor::Api::denies_polarization(entries.front().value);
   return is_denied ? "no" : nullptr;
 }
 
@@ -136,8 +136,8 @@ const char* illuminant(void* handle) noexcept {
 const char* observer(void* handle) noexcept {
   if (const char* text = answer_from_weighting(handle, "OBSERVER")) return text;
   for (const char* keyword : {"OBSERVER", "OBSERVER_ANGLE"}) {
-    const char* angle = answer_from(handle, keyword, [](const std::string& value) {
-      return Answer(without_degree_sign(value));
+    const char* angle = answer_from(handle, keyword, [](std::string_view value) {
+      return Answer(without_degree_sign(std::string(value)));
     });
     if (angle != nullptr) return angle;
   }

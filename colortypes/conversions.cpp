@@ -13,7 +13,7 @@ double expand(double f) {
 }
 
 double clip(double linear) {
-  if (linear < 0.0) return 0.0;
+  if (!(linear > 0.0)) return 0.0;  // also what is no number
   return linear > 1.0 ? 1.0 : linear;
 }
 

@@ -74,9 +74,12 @@ void count_distinct_values(Chart& chart) {
 
 void fill_keyword_store(Chart& chart) {
   const PatchDataSet& patches = chart.all_patches;
-  std::vector<StoredKeyword> keywords;
-  for (const HeaderKeyword& keyword : patches.header_keywords) {
-    keywords.push_back({keyword.name, keyword.value});
+  const HeaderKeywords& header = patches.header_keywords;
+  std::vector<Keyword> keywords;
+  keywords.reserve(header.size() + patches.weighting_functions.size() +
+                   patches.computational_parameters.size());
+  for (std::size_t i = 0; i < header.size(); ++i) {
+    keywords.push_back({header.names.at(i), header.values.at(i)});
   }
   for (const std::string& value : patches.weighting_functions) {
     keywords.push_back({"WEIGHTING_FUNCTION", value});
@@ -85,7 +88,7 @@ void fill_keyword_store(Chart& chart) {
   for (const std::string& value : patches.computational_parameters) {
     keywords.push_back({"COMPUTATIONAL_PARAMETERS", value});
   }
-  chart.keywords.add(std::move(keywords));
+  chart.keywords.add(keywords);
 }
 
 }  // namespace

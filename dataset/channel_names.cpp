@@ -13,13 +13,20 @@ namespace {
 using KeywordValues = MeasData::NameMap<std::string_view>;
 using Tokens = std::vector<std::string_view>;
 
+constexpr std::string_view kColorant = "LGOMCCHANNEL";
+constexpr std::string_view kInkName = "INK_NAME_";
 constexpr std::size_t kNameToken = 2;
 constexpr std::size_t kFirstToneToken = 5;
 
-// The first value of each keyword.
-KeywordValues index_of(const std::vector<HeaderKeyword>& keywords) {
+// The first value of each keyword that may name a channel.
+KeywordValues index_of(const HeaderKeywords& keywords) {
   KeywordValues values;
-  for (const HeaderKeyword& keyword : keywords) values.emplace(keyword.name, keyword.value);
+  for (std::size_t i = 0; i < keywords.size(); ++i) {
+    const std::string_view name = keywords.names.at(i);
+    if (name.starts_with(kColorant) || name.starts_with(kInkName)) {
+      values.emplace(name, keywords.values.at(i));
+    }
+  }
   return values;
 }
 
@@ -75,7 +82,7 @@ std::string_view read_full_tone(const Tokens& tokens, std::array<double, 3>& ton
 }
 
 std::string colorant_key(std::size_t number) {
-  return (number < 10 ? "LGOMCCHANNEL0" : "LGOMCCHANNEL") + std::to_string(number);
+  return std::string(kColorant) + (number < 10 ? "0" : "") + std::to_string(number);
 }
 
 ColorantList read_colorants(const KeywordValues& keywords) {
@@ -121,13 +128,12 @@ std::string_view without_apostrophes(std::string_view name) {
 
 }  // namespace
 
-ColorantList read_colorant_list(const std::vector<HeaderKeyword>& header_keywords) {
+ColorantList read_colorant_list(const HeaderKeywords& header_keywords) {
   return read_colorants(index_of(header_keywords));
 }
 
 ChannelNames build_channel_names(const std::vector<std::string>& field_names,
-                                 const std::vector<HeaderKeyword>& header_keywords,
-                                 const char* name) {
+                                 const HeaderKeywords& header_keywords, const char* name) {
   const KeywordValues keywords = index_of(header_keywords);
   const ColorantList colorants = read_colorants(keywords);
   ChannelNames result;
@@ -137,7 +143,7 @@ ChannelNames build_channel_names(const std::vector<std::string>& field_names,
   for (std::size_t channel = 0; channel < channels; ++channel) {
     std::string_view channel_name;
     if (channels == 1 && name != nullptr) channel_name = base_name(name);
-    const auto keyword = keywords.find("INK_NAME_" + std::to_string(channel + 1));
+    const auto keyword = keywords.find(std::string(kInkName) + std::to_string(channel + 1));
     if (channel < colorants.colorant_names.size()) {
       channel_name = colorants.colorant_names[channel];
     } else if (keyword != keywords.end()) {

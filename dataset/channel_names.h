@@ -20,7 +20,7 @@ struct ColorantList {
 };
 
 /// Reads the list up to the first number that is missing, or to the first failure.
-ColorantList read_colorant_list(const std::vector<HeaderKeyword>& header_keywords);
+ColorantList read_colorant_list(const HeaderKeywords& header_keywords);
 
 struct ChannelNames {
   std::vector<std::string> channel_names;  ///< one a device channel, empty where nothing names it
@@ -31,8 +31,7 @@ struct ChannelNames {
 /// by the fields of CMYK and CMY. A single channel that nothing names is named after the file.
 /// `field_names` are the names of the channels' fields; `name` may be null.
 ChannelNames build_channel_names(const std::vector<std::string>& field_names,
-                                 const std::vector<HeaderKeyword>& header_keywords,
-                                 const char* name);
+                                 const HeaderKeywords& header_keywords, const char* name);
 
 }  // namespace vantor::DataSet
 

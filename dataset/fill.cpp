@@ -143,11 +143,14 @@ void copy_texts(const std::vector<std::string_view>& views, std::vector<std::str
 }
 
 void copy_header(const MeasFileParser& reader, PatchDataSet& data_set) {
-  data_set.header_keywords.clear();
-  data_set.header_keywords.reserve(reader.keywords().size());
+  HeaderKeywords& keywords = data_set.header_keywords;
+  for (TextColumn* column : {&keywords.names, &keywords.values, &keywords.comments}) {
+    column->reserve(reader.keywords().size());
+  }
   for (const MeasData::KeywordEntry& entry : reader.keywords()) {
-    data_set.header_keywords.push_back(
-        {std::string(entry.name), std::string(entry.value), std::string(entry.comment)});
+    keywords.names.append(entry.name);
+    keywords.values.append(entry.value);
+    keywords.comments.append(entry.comment);
   }
   copy_texts(reader.weighting_functions(), data_set.weighting_functions);
   copy_texts(reader.computational_parameters(), data_set.computational_parameters);

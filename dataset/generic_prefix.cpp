@@ -1,8 +1,5 @@
 #include "dataset/generic_prefix.h"
 
-#include <algorithm>
-#include <numeric>
-
 namespace vantor::DataSet {
 namespace {
 
@@ -18,51 +15,67 @@ std::string_view propose(std::string_view name) {
   return has_digits_enough ? name.substr(0, last + 1) : std::string_view();
 }
 
+// No number of the range begins with anything else, and nothing else is part of one.
+bool may_begin_wavelength(char c) {
+  constexpr std::string_view kStarts = "0123456789.+ \t\v\f";
+  return kStarts.find(c) != std::string_view::npos;
+}
+constexpr std::string_view kNumberCharacters = "0123456789.,+- \t\v\fabcdefABCDEFpPxX";
+
+std::uint64_t extend(std::uint64_t hash, char next) {
+  return Base::mix(hash + static_cast<unsigned char>(next) + 1);
+}
+
 }  // namespace
 
 std::string_view GenericPrefixRule::prefix_from(std::size_t index) {
   const std::string_view prefix = propose(names_[index]);
   if (prefix.empty()) return {};
-  const auto judged = judged_.find(prefix);
-  const std::ptrdiff_t last_but_one_index =
-      judged != judged_.end() ? judged->second
-                              : judged_.emplace(prefix, last_but_one(prefix)).first->second;
-  return last_but_one_index >= static_cast<std::ptrdiff_t>(index) ? prefix : std::string_view();
+  if (!is_judged_) judge_all();
+  const Proposal* proposal = find(prefix, hash_of(prefix));
+  return proposal->last_but_one >= static_cast<std::ptrdiff_t>(index) ? prefix : std::string_view();
 }
 
-std::ptrdiff_t GenericPrefixRule::last_but_one(std::string_view prefix) {
-  if (by_name_.empty()) {
-    by_name_.resize(names_.size());
-    std::iota(by_name_.begin(), by_name_.end(), std::size_t{0});
-    std::sort(by_name_.begin(), by_name_.end(),
-              [this](std::size_t a, std::size_t b) { return names_[a] < names_[b]; });
+// Wherever a wavelength may begin, what stands before may be one of the prefixes.
+void GenericPrefixRule::judge_all() {
+  is_judged_ = true;
+  for (const std::string_view name : names_) {
+    const std::string_view prefix = propose(name);
+    if (prefix.empty()) continue;
+    const auto is_same = [this, prefix](auto i) { return proposals_[i].prefix == prefix; };
+    const auto position = positions_.find_or_add(hash_of(prefix), proposals_.size(), is_same);
+    if (position == proposals_.size()) proposals_.push_back({prefix});
   }
-  // Names that begin with the prefix stand together.
-  auto entry = std::lower_bound(
-      by_name_.begin(), by_name_.end(), prefix,
-      [this](std::size_t index, std::string_view value) { return names_[index] < value; });
-  const auto end = std::partition_point(entry, by_name_.end(), [this, prefix](std::size_t index) {
-    return names_[index].starts_with(prefix);
-  });
-  std::ptrdiff_t last = -1;
-  std::ptrdiff_t second = -1;
-  for (; entry != end; ++entry) {
-    if (!has_wavelength(names_[*entry], prefix.size())) continue;
-    const auto index = static_cast<std::ptrdiff_t>(*entry);
-    second = std::max(second, std::min(last, index));
-    last = std::max(last, index);
+  for (std::size_t index = 0; index < names_.size(); ++index) {
+    const std::string_view name = names_[index];
+    std::uint64_t hash = seed_;
+    for (std::size_t length = 1; length < name.size(); ++length) {
+      hash = extend(hash, name[length - 1]);
+      if (!may_begin_wavelength(name[length])) continue;
+      Proposal* const proposal = find(name.substr(0, length), hash);
+      if (proposal == nullptr || !has_wavelength(name.substr(length))) continue;
+      proposal->last_but_one = proposal->last;
+      proposal->last = static_cast<std::ptrdiff_t>(index);
+    }
   }
-  return second;
 }
 
-bool GenericPrefixRule::has_wavelength(std::string_view name, std::size_t prefix_length) const {
-  const std::string_view rest = name.substr(prefix_length);
-  // No number of this range begins with anything else; most names are told by this alone.
-  constexpr std::string_view kStarts = "0123456789.+ \t\v\f";
-  constexpr std::string_view kNumberCharacters = "0123456789.,+- \t\v\fabcdefABCDEFpPxX";
-  if (rest.empty() || kStarts.find(rest.front()) == std::string_view::npos) return false;
-  // What follows the number may be long.
-  const double nm = numbers_.read(rest.substr(0, rest.find_first_not_of(kNumberCharacters)));
+// Null for what no name proposes.
+GenericPrefixRule::Proposal* GenericPrefixRule::find(std::string_view prefix, std::uint64_t hash) {
+  const auto position =
+      positions_.find(hash, [this, prefix](auto i) { return proposals_[i].prefix == prefix; });
+  return position == Base::PositionTable::kNone ? nullptr : &proposals_[position];
+}
+
+std::uint64_t GenericPrefixRule::hash_of(std::string_view prefix) const {
+  std::uint64_t hash = seed_;
+  for (const char c : prefix) hash = extend(hash, c);
+  return hash;
+}
+
+bool GenericPrefixRule::has_wavelength(std::string_view behind_prefix) const {
+  const std::size_t end = behind_prefix.find_first_not_of(kNumberCharacters);
+  const double nm = numbers_.read(behind_prefix.substr(0, end));
   return nm >= kShortestNm && nm <= kLongestNm;
 }
 

@@ -2,10 +2,12 @@
 #ifndef MEASDATA_DATASET_GENERIC_PREFIX_H
 #define MEASDATA_DATASET_GENERIC_PREFIX_H
 
-#include "measdata/name_hash.h"
+#include "base/hashing.h"
+#include "base/position_table.h"
 #include "measdata/number_reader.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -14,8 +16,8 @@ namespace vantor::DataSet {
 /// A name that ends in digits proposes the rest of it as the prefix. The proposal holds when more
 /// than one field, from the proposing one on, begins with it and has a wavelength behind it.
 ///
-/// The names are sorted when the first prefix is proposed, and each proposal is judged once, so
-/// that a file of nothing but such names costs little more than sorting it.
+/// All proposals are judged when the first prefix is asked for, in one pass over the characters of
+/// all names.
 class GenericPrefixRule {
  public:
   explicit GenericPrefixRule(const std::vector<std::string_view>& names) : names_(names) {}
@@ -24,15 +26,24 @@ class GenericPrefixRule {
   std::string_view prefix_from(std::size_t index);
 
  private:
-  // The last but one field that begins with `prefix` and has a wavelength behind it, -1 when there
-  // are not two.
-  std::ptrdiff_t last_but_one(std::string_view prefix);
-  bool has_wavelength(std::string_view name, std::size_t prefix_length) const;
+  struct Proposal {
+    std::string_view prefix;
+    // The fields that begin with it and have a wavelength behind it: the last, and the one before.
+    std::ptrdiff_t last = -1;
+    std::ptrdiff_t last_but_one = -1;
+  };
+
+  void judge_all();
+  Proposal* find(std::string_view prefix, std::uint64_t hash);
+  std::uint64_t hash_of(std::string_view prefix) const;
+  bool has_wavelength(std::string_view behind_prefix) const;
 
   const std::vector<std::string_view>& names_;
   MeasData::NumberReader numbers_;
-  std::vector<std::size_t> by_name_;  // indices into names_, in the order of the names
-  MeasData::NameMap<std::ptrdiff_t> judged_;
+  bool is_judged_ = false;
+  std::uint64_t seed_ = Base::hash_seed();
+  std::vector<Proposal> proposals_;
+  Base::PositionTable positions_;  // of proposals, by prefix
 };
 
 }  // namespace vantor::DataSet

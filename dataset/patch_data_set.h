@@ -7,15 +7,18 @@
 #include "dataset/text_column.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace vantor::DataSet {
 
-/// A header keyword of the file.
-struct HeaderKeyword {
-  std::string name, value, comment;
+/// The header keywords of the file, in order.
+struct HeaderKeywords {
+  TextColumn names, values, comments;
+
+  std::size_t size() const { return names.size(); }
 };
 
 /// Which field groups a file has, in the order in which their first fields come.
@@ -98,7 +101,7 @@ struct PatchDataSet {
 
   std::string messages;                          ///< diagnostics of the build
   std::vector<std::string> unclassified_fields;  ///< names of the fields that no role wants
-  std::vector<HeaderKeyword> header_keywords;    ///< in file order
+  HeaderKeywords header_keywords;
 
   /// Turns a spectrum of this data set into Lab; null when nothing at hand fits its grid. Owned by
   /// whoever holds the data set.

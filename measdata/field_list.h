@@ -2,6 +2,7 @@
 #ifndef MEASDATA_MEASDATA_FIELD_LIST_H
 #define MEASDATA_MEASDATA_FIELD_LIST_H
 
+#include "base/position_table.h"
 #include "measdata/name_hash.h"
 
 #include <string_view>
@@ -14,14 +15,14 @@ class FieldList {
  public:
   const std::vector<std::string_view>& names() const { return names_; }
   int size() const { return static_cast<int>(names_.size()); }
-  bool contains(std::string_view name) const { return first_.contains(name); }
+  bool contains(std::string_view name) const { return find(name) != -1; }
   /// The first position of `name`, -1 when there is none.
   int find(std::string_view name) const {
-    const auto found = first_.find(name);
-    return found == first_.end() ? -1 : found->second;
+    const auto position = first_.find(hash_(name), IsNamed{names_, name});
+    return position == Base::PositionTable::kNone ? -1 : static_cast<int>(position);
   }
   void append(std::string_view name) {
-    first_.emplace(name, size());
+    first_.find_or_add(hash_(name), names_.size(), IsNamed{names_, name});
     names_.push_back(name);
   }
   void clear() {
@@ -30,8 +31,22 @@ class FieldList {
   }
 
  private:
+  struct IsNamed {
+    const std::vector<std::string_view>& names;
+    std::string_view name;
+    bool operator()(Base::PositionTable::Position position) const {
+      return names[position] == name;
+    }
+  };
+
+  auto is_named(std::string_view name) const {
+    return
+        [this, name](Base::PositionTable::Position position) { return names_[position] == name; };
+  }
+
   std::vector<std::string_view> names_;
-  NameMap<int> first_;
+  NameHash hash_;
+  Base::PositionTable first_;
 };
 
 }  // namespace vantor::MeasData

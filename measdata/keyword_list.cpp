@@ -3,18 +3,18 @@
 namespace vantor::MeasData {
 
 KeywordEntry* KeywordList::find(std::string_view name) {
-  const auto found = positions_.find(name);
-  return found == positions_.end() ? nullptr : &entries_[found->second];
+  const auto position = position_of(name);
+  return position == kNone ? nullptr : &entries_[position];
 }
 
 void KeywordList::append(const KeywordEntry& entry) {
-  positions_.emplace(entry.name, entries_.size());
+  positions_.find_or_add(hash_(entry.name), entries_.size(), [](auto) { return false; });
   entries_.push_back(entry);
 }
 
-void KeywordList::clear() {
-  entries_.clear();
-  positions_.clear();
+Base::PositionTable::Position KeywordList::position_of(std::string_view name) const {
+  return positions_.find(hash_(name),
+                         [this, name](auto position) { return entries_[position].name == name; });
 }
 
 }  // namespace vantor::MeasData

@@ -2,9 +2,9 @@
 #ifndef MEASDATA_MEASDATA_KEYWORD_LIST_H
 #define MEASDATA_MEASDATA_KEYWORD_LIST_H
 
+#include "base/position_table.h"
 #include "measdata/name_hash.h"
 
-#include <cstddef>
 #include <string_view>
 #include <vector>
 
@@ -22,16 +22,20 @@ struct KeywordEntry {
 class KeywordList {
  public:
   const std::vector<KeywordEntry>& entries() const { return entries_; }
-  bool contains(std::string_view name) const { return positions_.contains(name); }
+  bool contains(std::string_view name) const { return position_of(name) != kNone; }
   /// The entry of that name, null when there is none.
   KeywordEntry* find(std::string_view name);
   /// Adds an entry whose name is not yet held.
   void append(const KeywordEntry& entry);
-  void clear();
 
  private:
+  static constexpr auto kNone = Base::PositionTable::kNone;
+
+  Base::PositionTable::Position position_of(std::string_view name) const;
+
   std::vector<KeywordEntry> entries_;
-  NameMap<std::size_t> positions_;
+  NameHash hash_;
+  Base::PositionTable positions_;
 };
 
 }  // namespace vantor::MeasData

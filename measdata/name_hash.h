@@ -2,6 +2,8 @@
 #ifndef MEASDATA_MEASDATA_NAME_HASH_H
 #define MEASDATA_MEASDATA_NAME_HASH_H
 
+#include "base/hashing.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -14,11 +16,10 @@ namespace vantor::MeasData {
 /// meet in one bucket of a table.
 class NameHash {
  public:
-  NameHash();
   std::size_t operator()(std::string_view name) const;
 
  private:
-  std::uint64_t seed_;
+  std::uint64_t seed_ = Base::hash_seed();
 };
 
 /// Tables of names, which are views into the text of a file.

@@ -67,8 +67,9 @@ class DigitWord {
 inline constexpr std::ptrdiff_t kBytesBeforeNumber = 2 * DigitWord::kSize;
 
 /// An optional minus, up to sixteen characters that are digits and at most one point among them,
-/// nothing else: true when this is the whole text and the division of two exact numbers gives its
-/// correctly rounded value.
+/// nothing else: true when this is the whole text. Fifteen digits are exact in a double and divided
+/// by an exact power of ten, sixteen without a point are rounded and divided by 1: the value is
+/// rounded once, and so correctly.
 inline bool read_plain_decimal(std::string_view text, double& value) {
   if constexpr (std::endian::native != std::endian::little) return false;
   if (text.empty()) return false;
@@ -100,7 +101,6 @@ inline bool read_plain_decimal(std::string_view text, double& value) {
     }
     digits = high.value() * 100000000 + low.value();
     is_plain = is_plain && high.has_digits_only() && low.has_digits_only();
-    is_plain = is_plain && digits <= kLargestExact;
   } else {
     return false;
   }

@@ -90,7 +90,7 @@ TEST(Succession, WhatAFailedLoadLeaves) {
 
 // Whatever the handle gave out can be read again as a file, though the load replaces it.
 TEST(Succession, MemoryOfTheHandleAsInput) {
-  const std::string table = "A;B;" + repeated("0", 80);
+  const std::string table = "% Cyan;Magenta;Yellow;Black;" + repeated("0", 80);
   test::Handle handle;
   ASSERT_EQ(handle.load(test::file_of("GRAY SAMPLE_NAME " + test::numbered("nm", 380, 10, 36),
                                       "1 \"" + table + "\"" + repeated(" 0.5", 36) + "\n",
@@ -100,6 +100,7 @@ TEST(Succession, MemoryOfTheHandleAsInput) {
   ASSERT_EQ(std::string(ink), table);
   set_parse_mode(handle, 1);
   EXPECT_EQ(parse_mem(handle, table.size(), ink, nullptr), 1);
+  EXPECT_EQ(num_device_channels(handle), 4);
 
   set_parse_mode(handle, 0);
   const std::string repeats =

@@ -40,8 +40,8 @@ TEST(Fill, KeepsWhatTheHeaderSays) {
       "PROCESSCOLOR_ID q\nSPOTCOLOR_ID r\n"));
   EXPECT_EQ(data_set.file_identifier, "CGATS.17");
   ASSERT_EQ(data_set.header_keywords.size(), 1U);
-  EXPECT_EQ(data_set.header_keywords[0].value, "x");
-  EXPECT_EQ(data_set.header_keywords[0].comment, "c");
+  EXPECT_EQ(data_set.header_keywords.values.at(0), "x");
+  EXPECT_EQ(data_set.header_keywords.comments.at(0), "c");
   EXPECT_EQ(data_set.weighting_functions, (std::vector<std::string>{"a b", "c"}));
   EXPECT_EQ(data_set.computational_parameters, std::vector<std::string>{"p"});
   EXPECT_EQ(data_set.process_color_ids, std::vector<std::string>{"q"});
