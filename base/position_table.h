@@ -2,12 +2,13 @@
 #ifndef MEASDATA_BASE_POSITION_TABLE_H
 #define MEASDATA_BASE_POSITION_TABLE_H
 
+#include "base/large_block.h"
+
 #include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <stdexcept>
-#include <vector>
 
 namespace vantor::Base {
 
@@ -57,6 +58,7 @@ class PositionTable {
     std::uint32_t key = 0;
     Position position = kNone;
   };
+  using Slots = LargeVector<Slot>;
   static constexpr std::size_t kFewestSlots = 16;
 
   static std::uint32_t key_of(std::uint64_t hash) { return static_cast<std::uint32_t>(hash); }
@@ -75,7 +77,7 @@ class PositionTable {
   void grow() { rehash(slots_.empty() ? kFewestSlots : 2 * slots_.size()); }
 
   void rehash(std::size_t size) {
-    std::vector<Slot> slots(size);
+    Slots slots(size);
     for (const Slot& old : slots_) {
       if (old.position == kNone) continue;
       std::size_t slot = old.key & (size - 1);
@@ -85,7 +87,7 @@ class PositionTable {
     slots_.swap(slots);
   }
 
-  std::vector<Slot> slots_;  // a power of two of them, at most half of them taken
+  Slots slots_;  // a power of two of them, at most half of them taken
   std::size_t count_ = 0;
 };
 

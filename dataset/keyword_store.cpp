@@ -1,6 +1,7 @@
 #include "dataset/keyword_store.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace vantor::DataSet {
@@ -20,22 +21,66 @@ std::string_view put(std::string_view text, char*& next) {
   return {start, text.size()};
 }
 
+// How many characters all names have in common.
+std::size_t common_prefix(std::span<const Keyword> keywords) {
+  std::string_view prefix = keywords.front().name;
+  for (const Keyword& keyword : keywords) {
+    const auto end = std::ranges::mismatch(prefix, keyword.name).in1;
+    prefix = prefix.substr(0, static_cast<std::size_t>(end - prefix.begin()));
+  }
+  return prefix.size();
+}
+
+// The positions of the keywords in the order of their names; equal names stay in order. The names
+// lie scattered in memory: eight characters of each, behind what all have in common, mostly decide
+// without a look at them.
+std::vector<std::size_t> order_by_name(std::span<const Keyword> keywords) {
+  std::vector<std::size_t> order(keywords.size());
+  if (keywords.empty()) return order;
+  struct Key {
+    std::uint64_t characters;
+    std::size_t position;
+  };
+  Base::LargeVector<Key> keys;
+  keys.reserve(keywords.size());
+  const std::size_t skipped = common_prefix(keywords);
+  for (std::size_t i = 0; i < keywords.size(); ++i) {
+    std::uint64_t characters = 0;
+    for (std::size_t at = skipped; at < skipped + sizeof characters; ++at) {
+      const std::string_view name = keywords[i].name;
+      characters = characters << 8U | (at < name.size() ? static_cast<unsigned char>(name[at]) : 0);
+    }
+    keys.push_back({characters, i});
+  }
+  std::ranges::sort(keys, [keywords](const Key& a, const Key& b) {
+    if (a.characters != b.characters) return a.characters < b.characters;
+    const int names = keywords[a.position].name.compare(keywords[b.position].name);
+    return names != 0 ? names < 0 : a.position < b.position;
+  });
+  std::ranges::transform(keys, order.begin(), &Key::position);
+  return order;
+}
+
 }  // namespace
 
 void KeywordStore::add(std::span<const Keyword> keywords) {
   std::size_t size = 0;
   for (const Keyword& keyword : keywords) size += keyword.name.size() + keyword.value.size() + 2;
   std::unique_ptr<char[]> texts(new char[size]);
-  std::vector<Keyword> added;
+  const std::size_t held = entries_.size();
+  Base::LargeVector<Keyword> added;
   added.reserve(keywords.size());
   char* next = texts.get();
-  for (const Keyword& keyword : keywords) {
-    const std::string_view name = put(keyword.name, next);
-    added.push_back({name, put(keyword.value, next)});
+  for (const std::size_t position : order_by_name(keywords)) {
+    const std::string_view name = put(keywords[position].name, next);
+    added.push_back({name, put(keywords[position].value, next)});
   }
-  std::stable_sort(added.begin(), added.end(), ByName());
-  const std::size_t held = entries_.size();
   texts_.reserve(texts_.size() + 1);
+  if (held == 0) {
+    entries_ = std::move(added);
+    texts_.push_back(std::move(texts));
+    return;
+  }
   entries_.resize(held + added.size());
   texts_.push_back(std::move(texts));
   // From the last on: each is sought by halving, so that few of the names held before are looked

@@ -2,6 +2,8 @@
 #ifndef MEASDATA_DATASET_KEYWORD_STORE_H
 #define MEASDATA_DATASET_KEYWORD_STORE_H
 
+#include "base/large_block.h"
+
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -31,7 +33,7 @@ class KeywordStore {
 
  private:
   std::vector<std::unique_ptr<const char[]>> texts_;  // a block for each call of add
-  std::vector<Keyword> entries_;                      // sorted
+  Base::LargeVector<Keyword> entries_;                // sorted
 };
 
 }  // namespace vantor::DataSet

@@ -5,8 +5,8 @@
 #include "base/position_table.h"
 #include "measdata/name_hash.h"
 
+#include <deque>
 #include <string_view>
-#include <vector>
 
 namespace vantor::MeasData {
 
@@ -21,7 +21,7 @@ struct KeywordEntry {
 /// any number of them.
 class KeywordList {
  public:
-  const std::vector<KeywordEntry>& entries() const { return entries_; }
+  const std::deque<KeywordEntry>& entries() const { return entries_; }
   bool contains(std::string_view name) const { return position_of(name) != kNone; }
   /// The entry of that name, null when there is none.
   KeywordEntry* find(std::string_view name);
@@ -33,7 +33,7 @@ class KeywordList {
 
   Base::PositionTable::Position position_of(std::string_view name) const;
 
-  std::vector<KeywordEntry> entries_;
+  std::deque<KeywordEntry> entries_;
   NameHash hash_;
   Base::PositionTable positions_;
 };
