@@ -2,13 +2,12 @@
 #ifndef MEASDATA_BASE_POSITION_TABLE_H
 #define MEASDATA_BASE_POSITION_TABLE_H
 
-#include "base/large_block.h"
-
 #include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <stdexcept>
+#include <vector>
 
 namespace vantor::Base {
 
@@ -58,7 +57,7 @@ class PositionTable {
     std::uint32_t key = 0;
     Position position = kNone;
   };
-  using Slots = LargeVector<Slot>;
+  using Slots = std::vector<Slot>;
   static constexpr std::size_t kFewestSlots = 16;
 
   static std::uint32_t key_of(std::uint64_t hash) { return static_cast<std::uint32_t>(hash); }

@@ -2,8 +2,6 @@
 #ifndef MEASDATA_COLORTYPES_VALUE_TABLE_H
 #define MEASDATA_COLORTYPES_VALUE_TABLE_H
 
-#include "base/large_block.h"
-
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -18,7 +16,7 @@ class ValueTable {
   /// gives: the caller fills them, all of them, before anything else is done with the table.
   double* reset(std::size_t width, std::size_t rows) {
     *this = ValueTable();
-    const std::shared_ptr<double[]> values = Base::allocate_numbers(width * rows);
+    const std::shared_ptr<double[]> values(new double[width * rows]);  // not zeroed
     values_ = values;
     width_ = width;
     rows_ = rows;

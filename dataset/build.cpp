@@ -75,7 +75,7 @@ void count_distinct_values(Chart& chart) {
 void fill_keyword_store(Chart& chart) {
   const PatchDataSet& patches = chart.all_patches;
   const HeaderKeywords& header = patches.header_keywords;
-  Base::LargeVector<Keyword> keywords;
+  std::vector<Keyword> keywords;
   keywords.reserve(header.size() + patches.weighting_functions.size() +
                    patches.computational_parameters.size());
   for (std::size_t i = 0; i < header.size(); ++i) {

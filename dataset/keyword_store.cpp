@@ -41,7 +41,7 @@ std::vector<std::size_t> order_by_name(std::span<const Keyword> keywords) {
     std::uint64_t characters;
     std::size_t position;
   };
-  Base::LargeVector<Key> keys;
+  std::vector<Key> keys;
   keys.reserve(keywords.size());
   const std::size_t skipped = common_prefix(keywords);
   for (std::size_t i = 0; i < keywords.size(); ++i) {
@@ -68,7 +68,7 @@ void KeywordStore::add(std::span<const Keyword> keywords) {
   for (const Keyword& keyword : keywords) size += keyword.name.size() + keyword.value.size() + 2;
   std::unique_ptr<char[]> texts(new char[size]);
   const std::size_t held = entries_.size();
-  Base::LargeVector<Keyword> added;
+  std::vector<Keyword> added;
   added.reserve(keywords.size());
   char* next = texts.get();
   for (const std::size_t position : order_by_name(keywords)) {

@@ -2,8 +2,6 @@
 #ifndef MEASDATA_DATASET_KEYWORD_STORE_H
 #define MEASDATA_DATASET_KEYWORD_STORE_H
 
-#include "base/large_block.h"
-
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -33,7 +31,7 @@ class KeywordStore {
 
  private:
   std::vector<std::unique_ptr<const char[]>> texts_;  // a block for each call of add
-  Base::LargeVector<Keyword> entries_;                // sorted
+  std::vector<Keyword> entries_;                      // sorted
 };
 
 }  // namespace vantor::DataSet

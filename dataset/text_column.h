@@ -3,11 +3,11 @@
 #define MEASDATA_DATASET_TEXT_COLUMN_H
 
 #include "base/copy_on_write.h"
-#include "base/large_block.h"
 
 #include <cstddef>
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace vantor::DataSet {
 
@@ -43,8 +43,8 @@ class TextColumn {
  private:
   static constexpr std::size_t kUsualLength = 8;
   struct Texts {
-    Base::LargeVector<char> bytes;
-    Base::LargeVector<std::size_t> starts;
+    std::vector<char> bytes;
+    std::vector<std::size_t> starts;
   };
 
   Base::CopyOnWrite<Texts> texts_;

@@ -5,7 +5,6 @@
 #include "base/position_table.h"
 #include "measdata/name_hash.h"
 
-#include <deque>
 #include <string_view>
 
 namespace vantor::MeasData {
@@ -21,7 +20,7 @@ struct KeywordEntry {
 /// any number of them.
 class KeywordList {
  public:
-  const std::deque<KeywordEntry>& entries() const { return entries_; }
+  const std::vector<KeywordEntry>& entries() const { return entries_; }
   bool contains(std::string_view name) const { return position_of(name) != kNone; }
   /// The entry of that name, null when there is none.
   KeywordEntry* find(std::string_view name);
@@ -33,7 +32,7 @@ class KeywordList {
 
   Base::PositionTable::Position position_of(std::string_view name) const;
 
-  std::deque<KeywordEntry> entries_;
+  std::vector<KeywordEntry> entries_;
   NameHash hash_;
   Base::PositionTable positions_;
 };

@@ -11,7 +11,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <span>
 #include <string>
 #include <string_view>
@@ -67,7 +66,7 @@ class MeasFileParser final : public DataTableInterface {
   const std::vector<std::string_view>& field_names() const { return tables_.fields.names(); }
   /// True for the standard's field identifiers and those that the file declares.
   bool is_known_field(std::string_view name) const;
-  const std::deque<KeywordEntry>& keywords() const { return tables_.keywords.entries(); }
+  const std::vector<KeywordEntry>& keywords() const { return tables_.keywords.entries(); }
   std::string_view identifier() const { return tables_.identifier; }
   const std::string& messages() const { return tables_.log.text(); }
   std::int32_t number_of_fields() const { return tables_.number_of_fields; }

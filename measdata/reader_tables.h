@@ -2,7 +2,6 @@
 #ifndef MEASDATA_MEASDATA_READER_TABLES_H
 #define MEASDATA_MEASDATA_READER_TABLES_H
 
-#include "base/large_block.h"
 #include "measdata/field_list.h"
 #include "measdata/keyword_list.h"
 #include "measdata/known_names.h"
@@ -32,7 +31,7 @@ struct ReaderTables {
   /// those of the first govern the columns.
   std::vector<ColumnKind> column_kinds;
   /// The raw lines of the data block; cells are cut when they are asked for.
-  Base::LargeVector<std::string_view> rows;
+  std::vector<std::string_view> rows;
   KeywordList keywords;
   std::string_view identifier;
   FileKind file_kind = FileKind::other;
