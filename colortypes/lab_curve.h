@@ -16,18 +16,20 @@ inline double labCurve(double ratio) {
   return ratio > labEpsilon ? cubeRoot(ratio) : labKappaSlope * ratio + labOffset;
 }
 
+/// The curve for X, Y and Z; for nearly all colours two at once.
+inline Tristimulus labCurve(const Tristimulus& ratios) {
+  const auto is_light = [](double ratio) { return ratio > labEpsilon && ratio < kLargestForGuess; };
+  if (!is_light(ratios.x) || !is_light(ratios.y) || !is_light(ratios.z)) {
+    return {labCurve(ratios.x), labCurve(ratios.y), labCurve(ratios.z)};
+  }
+  const Lanes roots = refineCubeRoot(
+      Lanes{ratios.x, ratios.y}, Lanes{firstCubeRootGuess(ratios.x), firstCubeRootGuess(ratios.y)});
+  return {roots[0], roots[1], refineCubeRoot(ratios.z, firstCubeRootGuess(ratios.z))};
+}
+
 /// CIELAB of a colour whose X, Y and Z are given as fractions of the white's (CIE 15).
 inline Lab ratiosToLab(const Tristimulus& ratios) {
-  const auto is_light = [](double ratio) { return ratio > labEpsilon && ratio < kLargestForGuess; };
-  Tristimulus f;
-  if (is_light(ratios.x) && is_light(ratios.y) && is_light(ratios.z)) {  // nearly all: two at once
-    const Lanes roots =
-        refineCubeRoot(Lanes{ratios.x, ratios.y},
-                       Lanes{firstCubeRootGuess(ratios.x), firstCubeRootGuess(ratios.y)});
-    f = {roots[0], roots[1], refineCubeRoot(ratios.z, firstCubeRootGuess(ratios.z))};
-  } else {
-    f = {labCurve(ratios.x), labCurve(ratios.y), labCurve(ratios.z)};
-  }
+  const Tristimulus f = labCurve(ratios);
   return {116.0 * f.y - 16.0, 500.0 * (f.x - f.y), 200.0 * (f.y - f.z)};
 }
 

@@ -15,12 +15,40 @@ std::string_view propose(std::string_view name) {
   return has_digits_enough ? name.substr(0, last + 1) : std::string_view();
 }
 
-// No number of the range begins with anything else, and nothing else is part of one.
+constexpr std::string_view kBlanks = " \t\v\f";
+constexpr std::string_view kDigits = "0123456789";
+constexpr std::string_view kHexDigits = "0123456789abcdefABCDEF";
+
+// No number of the range begins with anything else.
 bool may_begin_wavelength(char c) {
-  constexpr std::string_view kStarts = "0123456789.+ \t\v\f";
-  return kStarts.find(c) != std::string_view::npos;
+  return kDigits.find(c) != std::string_view::npos || kBlanks.find(c) != std::string_view::npos ||
+         c == '.' || c == '+';
 }
-constexpr std::string_view kNumberCharacters = "0123456789.,+- \t\v\fabcdefABCDEFpPxX";
+
+// What a text begins with that may be a number of the C library, in any locale; what follows may be
+// long.
+std::string_view leading_number(std::string_view text) {
+  std::size_t end = 0;
+  const auto skip = [&text, &end](std::string_view characters, std::size_t most) {
+    for (; most != 0 && end < text.size() && characters.find(text[end]) != std::string_view::npos;
+         --most) {
+      ++end;
+    }
+  };
+  constexpr std::size_t kAll = std::string_view::npos;
+  skip(kBlanks, kAll);
+  skip("+", 1);
+  const std::string_view rest = text.substr(end);
+  const bool is_hex = rest.starts_with("0x") || rest.starts_with("0X");
+  if (is_hex) end += 2;
+  skip(is_hex ? kHexDigits : kDigits, kAll);
+  skip(".,", 1);
+  skip(is_hex ? kHexDigits : kDigits, kAll);
+  skip(is_hex ? "pP" : "eE", 1);
+  skip("+-", 1);
+  skip(kDigits, kAll);
+  return text.substr(0, end);
+}
 
 std::uint64_t extend(std::uint64_t hash, char next) {
   return Base::mix(hash + static_cast<unsigned char>(next) + 1);
@@ -74,8 +102,7 @@ std::uint64_t GenericPrefixRule::hash_of(std::string_view prefix) const {
 }
 
 bool GenericPrefixRule::has_wavelength(std::string_view behind_prefix) const {
-  const std::size_t end = behind_prefix.find_first_not_of(kNumberCharacters);
-  const double nm = numbers_.read(behind_prefix.substr(0, end));
+  const double nm = numbers_.read(leading_number(behind_prefix));
   return nm >= kShortestNm && nm <= kLongestNm;
 }
 

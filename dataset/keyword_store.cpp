@@ -83,14 +83,13 @@ void KeywordStore::add(std::span<const Keyword> keywords) {
   }
   entries_.resize(held + added.size());
   texts_.push_back(std::move(texts));
-  // From the last on: each is sought by halving, so that few of the names held before are looked
-  // at.
+  // From the last on. Each is sought by halving: few of the names held before are looked at.
   auto gap_end = entries_.end();
   auto held_end = entries_.begin() + static_cast<std::ptrdiff_t>(held);
-  for (auto keyword = added.rbegin(); keyword != added.rend(); ++keyword) {
-    const auto place = std::upper_bound(entries_.begin(), held_end, *keyword, ByName());
+  for (; !added.empty(); added.pop_back()) {
+    const auto place = std::upper_bound(entries_.begin(), held_end, added.back(), ByName());
     gap_end = std::move_backward(place, held_end, gap_end);
-    *--gap_end = *keyword;
+    *--gap_end = added.back();
     held_end = place;
   }
 }

@@ -42,7 +42,7 @@ class ByteBlock {
   struct Part {  // a bare __m128i loses its attributes as a template argument
     __m128i bytes;
   };
-  std::array<Part, kBlockSize / sizeof(__m128i)> parts_;
+  std::array<Part, kBlockSize / sizeof(__m128i)> parts_{};
 };
 
 #else
@@ -76,7 +76,7 @@ class ByteBlock {
     return ((top_bits >> 7U) * 0x0102040810204080U) >> 56U;
   }
 
-  std::array<std::uint64_t, kBlockSize / sizeof(std::uint64_t)> words_;
+  std::array<std::uint64_t, kBlockSize / sizeof(std::uint64_t)> words_{};
 };
 
 #endif
@@ -85,7 +85,7 @@ class ByteBlock {
 inline ByteBlock block_at(std::string_view text, std::size_t position, char filler) {
   const std::size_t left = text.size() - position;
   if (left >= kBlockSize) return ByteBlock(text.data() + position);
-  std::array<char, kBlockSize> padded;
+  std::array<char, kBlockSize> padded{};
   padded.fill(filler);
   if (left != 0) std::memcpy(padded.data(), text.data() + position, left);
   return ByteBlock(padded.data());

@@ -1,0 +1,239 @@
+// Measures what inputs cost that are made to cost much, at three sizes. Prints Markdown: time and
+// memory must grow no faster than the size.
+#include "bench/peak_memory.h"
+#include "bench/report.h"
+#include "measdata.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <ctime>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace {
+
+using bench::format;
+
+constexpr std::array<std::size_t, 3> kMegabytes = {1, 4, 16};
+constexpr std::size_t kMegabyte = 1000000;
+constexpr const char* kFields = "BEGIN_DATA_FORMAT\nSAMPLE_ID GRAY LAB_L LAB_A LAB_B\n";
+
+// A text of about `size` bytes: parts by number between a head and a tail.
+using Part = std::function<std::string(std::size_t)>;
+std::string filled(std::size_t size, const std::string& head, const Part& part,
+                   const std::string& tail) {
+  std::string text = head;
+  for (std::size_t i = 0; text.size() + tail.size() < size; ++i) text += part(i);
+  return text + tail;
+}
+
+std::string number(std::size_t value) { return std::to_string(value); }
+
+std::string with_header(std::size_t size, const Part& line) {
+  return filled(size, "CGATS.17\n", line,
+                std::string(kFields) + "END_DATA_FORMAT\nBEGIN_DATA\n1 50 60 1 2\nEND_DATA\n");
+}
+
+std::string with_fields(std::size_t size, const Part& name) {
+  return filled(size, "CGATS.17\nBEGIN_DATA_FORMAT\nGRAY LAB_L LAB_A LAB_B", name,
+                "\nEND_DATA_FORMAT\nBEGIN_DATA\n");
+}
+
+std::string with_rows(std::size_t size, const std::string& fields, const Part& row) {
+  return filled(size, "CGATS.17\nBEGIN_DATA_FORMAT\n" + fields + "\nEND_DATA_FORMAT\nBEGIN_DATA\n",
+                row, "END_DATA\n");
+}
+
+std::uint64_t scatter(std::uint64_t value) { return value * 0x9E3779B97F4A7C15U >> 20U; }
+
+// The whole list has as many cells as names.
+std::string with_row_for(const std::string& text, std::size_t names) {
+  std::string row;
+  for (std::size_t i = 0; i < names; ++i) row += "1 ";
+  return text + row + "\nEND_DATA\n";
+}
+
+std::string wide(std::size_t size, const Part& name) {
+  std::string text = with_fields(size * 4 / 5, name);
+  const auto first = text.find("GRAY");
+  const auto blanks =
+      std::count(text.begin() + static_cast<std::ptrdiff_t>(first), text.end(), ' ');
+  return with_row_for(text, static_cast<std::size_t>(blanks) + 1);
+}
+
+struct Kind {
+  const char* name;
+  std::function<std::string(std::size_t)> make;
+  int mode = 0;
+};
+
+std::vector<Kind> kinds() {
+  const auto channels = [](std::size_t i) {
+    std::string row;
+    for (std::size_t c = 0; c < 15; ++c) row += number(scatter(i * 15 + c) % 1000) + " ";
+    return row + "\n";
+  };
+  return {
+      {"one endless line of tokens",
+       [](std::size_t size) {
+         return filled(
+             size, "", [](std::size_t) { return "12.5 "; }, "");
+       }},
+      {"one endless number",
+       [](std::size_t size) {
+         return with_rows(size, "GRAY", [](std::size_t i) { return i == 0 ? "1" : "0"; }) + "\n";
+       }},
+      {"one open quote",
+       [](std::size_t size) {
+         return filled(
+             size, "\"", [](std::size_t) { return "a\n"; }, "");
+       }},
+      {"empty lines",
+       [](std::size_t size) {
+         return filled(
+             size, "", [](std::size_t) { return "\n"; }, "");
+       }},
+      {"different keywords",
+       [](std::size_t size) {
+         return with_header(size, [](std::size_t i) { return "K" + number(i) + " v\n"; });
+       }},
+      {"one keyword again and again",
+       [](std::size_t size) { return with_header(size, [](std::size_t) { return "KEY v\n"; }); }},
+      {"DATA_FORMAT_IDENTIFIER lines",
+       [](std::size_t size) {
+         return with_header(
+             size, [](std::size_t i) { return "DATA_FORMAT_IDENTIFIER F" + number(i) + "\n"; });
+       }},
+      {"WEIGHTING_FUNCTION lines",
+       [](std::size_t size) {
+         return with_header(size, [](std::size_t) { return "WEIGHTING_FUNCTION x\n"; });
+       }},
+      {"LGOMCCHANNEL01, 02, ...",
+       [](std::size_t size) {
+         return with_header(size, [](std::size_t i) {
+           return "LGOMCCHANNEL" + std::string(i < 9 ? "0" : "") + number(i + 1) +
+                  " \"InkName = A LabFullToneColor = 1 2 3\"\n";
+         });
+       }},
+      {"different fields",
+       [](std::size_t size) {
+         return wide(size, [](std::size_t i) { return " F" + number(i) + "X"; });
+       }},
+      {"one field again and again",
+       [](std::size_t size) { return wide(size, [](std::size_t) { return " DUP"; }); }},
+      {"a spectral run",
+       [](std::size_t size) {
+         return wide(size, [](std::size_t i) { return " SPECTRAL_NM" + number(380 + i); });
+       }},
+      {"fields that each propose a prefix",
+       [](std::size_t size) {
+         return wide(size, [](std::size_t i) { return " p" + number(i) + "_400"; });
+       }},
+      {"prefixes within prefixes",
+       [](std::size_t size) {
+         const auto name = [](std::size_t i) {
+           std::string nested(" ");
+           for (std::size_t k = 0; k <= i % 400; ++k) nested += "a1";
+           return nested + "a400";
+         };
+         return wide(size, name);
+       }},
+      {"rows of wrong width",
+       [](std::size_t size) {
+         return with_rows(size, "GRAY LAB_L LAB_A LAB_B", [](std::size_t) { return "1 2\n"; });
+       }},
+      {"rows of two widths in turn",
+       [](std::size_t size) {
+         return with_rows(size, "GRAY LAB_L LAB_A LAB_B",
+                          [](std::size_t i) { return i % 2 == 0 ? "1 2\n" : "1 2 3\n"; });
+       }},
+      {"rows with quotes",
+       [](std::size_t size) {
+         return with_rows(size, "GRAY SAMPLE_NAME",
+                          [](std::size_t i) { return number(i) + " \"a b\"\"\"\n"; });
+       }},
+      {"different patches, at random",
+       [](std::size_t size) {
+         return with_rows(size, "GRAY", [](std::size_t i) { return number(scatter(i)) + "\n"; });
+       }},
+      {"different patches, nearly equal",
+       [](std::size_t size) {
+         return with_rows(size, "GRAY",
+                          [](std::size_t i) { return "50.00" + number(1000000 + i) + "\n"; });
+       }},
+      {"patches without a number",
+       [](std::size_t size) {
+         return with_rows(size, "GRAY", [](std::size_t) { return "nan\n"; });
+       }},
+      {"one patch again and again, without colour",
+       [](std::size_t size) {
+         return with_rows(size, "GRAY", [](std::size_t) { return "50\n"; });
+       }},
+      {"15 channels",
+       [channels](std::size_t size) {
+         std::string fields;
+         for (int c = 1; c <= 15; ++c) fields += "15CLR_" + std::to_string(c) + " ";
+         return with_rows(size, fields, channels);
+       }},
+      {"semicolons alone",
+       [](std::size_t size) {
+         return filled(
+             size, "A;B\n", [](std::size_t) { return ";;;;;;;;\n"; }, "");
+       },
+       1},
+      {"a semicolon table of one line",
+       [](std::size_t size) {
+         return filled(
+             size, "", [](std::size_t) { return "A;"; }, "");
+       },
+       1},
+  };
+}
+
+void load_and_ask(const std::string& text, int mode) {
+  void* handle = init_parser();
+  set_parse_mode(handle, mode);
+  parse_mem(handle, text.size(), text.data(), "bench");
+  illuminant(handle);
+  observer(handle);
+  for (int channel = 0; channel < num_device_channels(handle); ++channel) {
+    get_device_channel_name(handle, channel);
+  }
+  cleanup_parser(&handle);
+}
+
+// Of the processor, the least of three.
+double milliseconds(const std::string& text, int mode) {
+  double best = 1e9;
+  for (int round = 0; round < 3; ++round) {
+    const std::clock_t start = std::clock();
+    load_and_ask(text, mode);
+    best = std::min(best, static_cast<double>(std::clock() - start) * 1e3 / CLOCKS_PER_SEC);
+  }
+  return best;
+}
+
+}  // namespace
+
+int main() {
+  std::vector<std::vector<std::string>> table = {
+      {"input", "1 MB", "4 MB", "16 MB", "16 MB over 4 MB", "peak memory, bytes a byte"}};
+  for (const Kind& kind : kinds()) {
+    const double size = static_cast<double>(kMegabytes.back() * kMegabyte);
+    // First of all: a child begins with what this process holds.
+    const double peak = bench::peak_bytes(
+        [&kind] { load_and_ask(kind.make(kMegabytes.back() * kMegabyte), kind.mode); });
+    std::array<double, kMegabytes.size()> times{};
+    for (std::size_t i = 0; i < times.size(); ++i) {
+      times[i] = milliseconds(kind.make(kMegabytes[i] * kMegabyte), kind.mode);
+    }
+    table.push_back({kind.name, format("%.1f ms", times[0]), format("%.1f ms", times[1]),
+                     format("%.1f ms", times[2]), format("%.1f", times[2] / times[1]),
+                     format("%.1f", peak / size)});
+  }
+  bench::print_table(table);
+  return 0;
+}
