@@ -138,6 +138,8 @@ TEST(Lifecycle, FilesThatCannotBeReadSaySo) {
   EXPECT_EQ(handle.messages(), "Failed to open file 'no/such/file'\n");
   EXPECT_EQ(parse_file(handle, nullptr), 0);
   EXPECT_EQ(handle.messages(), "Failed to open file ''\n");
+  EXPECT_EQ(parse_file(handle, "\xFF\xFE"), 0);  // not UTF-8
+  EXPECT_EQ(handle.messages(), "Failed to open file '\xFF\xFE'\n");
   EXPECT_EQ(parse_file(nullptr, "x"), 0);
   const std::string directory = testing::TempDir();
   EXPECT_EQ(parse_file(handle, directory.c_str()), 0);

@@ -1,0 +1,105 @@
+// What can go wrong between a path and its bytes.
+#include "api/measdata.h"
+#include "tests/support/loaded.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#ifdef __linux__
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+const std::string kFile = test::file_of("GRAY LAB_L LAB_A LAB_B", "50 60 1 2\n");
+
+// A file that lives as long as this.
+class TemporaryFile {
+ public:
+  explicit TemporaryFile(const std::string& utf8_name, const std::string& text = kFile)
+      : path_(testing::TempDir() + "/" + utf8_name), native_(native_of(path_)) {
+    std::ofstream(native_, std::ios::binary) << text;
+  }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  ~TemporaryFile() { std::filesystem::remove(native_); }
+
+  const char* path() const { return path_.c_str(); }
+  const std::filesystem::path& native() const { return native_; }
+
+ private:
+  static std::filesystem::path native_of(const std::string& utf8) {
+    return {reinterpret_cast<const char8_t*>(utf8.c_str())};
+  }
+
+  std::string path_;
+  std::filesystem::path native_;
+};
+
+TEST(FileReading, NamesInAnyScript) {
+  const TemporaryFile file(
+      "Pr\xC3\xBC"
+      "fbogen \xE6\xB8\xAC\xE5\xAE\x9A.txt");
+  test::Handle handle;
+  EXPECT_EQ(parse_file(handle, file.path()), 1) << handle.messages();
+  EXPECT_EQ(num_patches(handle), 1);
+}
+
+#ifdef __linux__
+
+// Nobody writes to this one: opening it would wait for ever.
+TEST(FileReading, APipeIsNotOpened) {
+  const std::string path = testing::TempDir() + "/pipe-" + std::to_string(getpid());
+  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+  test::Handle handle;
+  EXPECT_EQ(parse_file(handle, path.c_str()), 0);
+  EXPECT_EQ(handle.messages(), "Failed to open file '" + path + "'\n");
+  unlink(path.c_str());
+}
+
+TEST(FileReading, AFileThatMayNotBeRead) {
+  const TemporaryFile file("secret.txt");
+  std::filesystem::permissions(file.native(), std::filesystem::perms::none);
+  constexpr uid_t kNobody = 65534;
+  const bool is_root = geteuid() == 0;  // who may read everything
+  ASSERT_TRUE(!is_root || seteuid(kNobody) == 0);
+  test::Handle handle;
+  EXPECT_EQ(parse_file(handle, file.path()), 0);
+  ASSERT_TRUE(!is_root || seteuid(0) == 0);
+  EXPECT_EQ(handle.messages(), std::string("Failed to open file '") + file.path() + "'\n");
+}
+
+// The system tells 4096 bytes for each of its settings, and then gives fewer.
+TEST(FileReading, AFileThatIsShorterThanItWas) {
+  const char* path = "/sys/kernel/mm/transparent_hugepage/enabled";
+  std::error_code error;
+  const auto size = std::filesystem::file_size(path, error);
+  std::ifstream stream(path);
+  const std::string text{std::istreambuf_iterator<char>(stream), {}};
+  if (error || text.empty() || text.size() >= size) GTEST_SKIP() << "no such setting here";
+  test::Handle handle;
+  set_parse_mode(handle, 1);  // fields and nothing else: any text does
+  EXPECT_EQ(parse_file(handle, path), 1);
+  EXPECT_EQ(num_patches(handle), 0);
+}
+
+// The zeros behind the data are a hole in the file.
+TEST(FileReading, MoreThanTwoGigabytes) {
+  if (std::getenv("MEASDATA_LARGE_FILES") == nullptr) {
+    GTEST_SKIP() << "takes 2.2 GB of memory: set MEASDATA_LARGE_FILES to run it";
+  }
+  const TemporaryFile file("large.txt");
+  std::filesystem::resize_file(file.native(), 2200000000U);
+  test::Handle handle;
+  EXPECT_EQ(parse_file(handle, file.path()), 1) << handle.messages();
+  EXPECT_EQ(num_patches(handle), 1);
+}
+
+#endif
+
+}  // namespace
