@@ -1,5 +1,6 @@
 // Measures what inputs cost that are made to cost much, at three sizes. Prints Markdown: time and
 // memory must grow no faster than the size.
+#include "bench/charts.h"
 #include "bench/peak_memory.h"
 #include "bench/report.h"
 #include "measdata.h"
@@ -8,6 +9,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <ctime>
 #include <functional>
 #include <string>
@@ -19,6 +21,7 @@ using bench::format;
 
 constexpr std::array<std::size_t, 3> kMegabytes = {1, 4, 16};
 constexpr std::size_t kMegabyte = 1000000;
+constexpr int kRepeats = 20000;
 constexpr const char* kFields = "BEGIN_DATA_FORMAT\nSAMPLE_ID GRAY LAB_L LAB_A LAB_B\n";
 
 // A text of about `size` bytes: parts by number between a head and a tail.
@@ -235,5 +238,11 @@ int main() {
                      format("%.1f", peak / size)});
   }
   bench::print_table(table);
+
+  // The one cost that grows faster lies in what is asked.
+  constexpr double kPairs = 0.5 * kRepeats * (kRepeats - 1);
+  const double time = milliseconds(bench::single_patch_chart(kRepeats), 0);
+  std::printf("\n%d measurements of one patch, 36 bands: %.0f ms, %.0f million pairs a second.\n",
+              kRepeats, time, kPairs / time / 1e3);
   return 0;
 }
