@@ -3,7 +3,9 @@
 #include "colortypes/lab_curve.h"
 #include "colortypes/spectral/weight_tables.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -48,20 +50,20 @@ std::string missingTableText(const AstmParameters& parameters) {
          (parameters.useTable5 ? "table5" : "table6");
 }
 
-// Table row r belongs to sample r - offset. Rows without a sample are dropped or go to the nearest
-// end; samples without a row keep weight 0.
+// Table row r belongs to sample r + offset. Rows without a sample are dropped or go to the nearest
+// end; samples without a row have no weight.
 WeightedSums layWeights(const WeightTable& table, const AstmParameters& parameters) {
-  const auto count = static_cast<std::size_t>(parameters.sampleCount);
-  WeightedSums sums(count);
-  std::int64_t sample =
+  const std::int64_t offset =
       (kTableStartNm - std::int64_t{parameters.startNm}) / std::int64_t{parameters.stepNm};
+  const std::int64_t first = std::max<std::int64_t>(offset, 0);
+  const std::int64_t last =
+      std::min<std::int64_t>(offset + std::ssize(table), parameters.sampleCount) - 1;
+  WeightedSums sums(static_cast<std::size_t>(first), static_cast<std::size_t>(last - first + 1));
+  std::int64_t sample = offset;
   for (const WeightRow& row : table) {
-    const bool is_before = sample < 0;
-    const bool is_behind = sample >= parameters.sampleCount;
-    if (!is_before && !is_behind) {
-      sums.add(static_cast<std::size_t>(sample), row.x, row.y, row.z);
-    } else if (parameters.foldEnds) {
-      sums.add(is_before ? 0 : count - 1, row.x, row.y, row.z);
+    const std::int64_t nearest = std::clamp(sample, first, last);
+    if (nearest == sample || parameters.foldEnds) {
+      sums.add(static_cast<std::size_t>(nearest), row.x, row.y, row.z);
     }
     ++sample;
   }

@@ -32,7 +32,22 @@ void interpolate(double position, std::int64_t count, Share share) {
 
 struct Grid {
   std::int64_t start, step, count;
+
+  /// The sample nearest before a wavelength, or the nearest end.
+  std::int64_t sample_at(std::int64_t nm) const {
+    return std::clamp<std::int64_t>((nm - start) / step, 0, count - 1);
+  }
 };
+
+constexpr std::int64_t kCieEndNm = kCieStartNm + kCieStepNm * (std::int64_t{kCieCount} - 1);
+
+// Room for the samples that can count: those of the CIE data's range and two to each side.
+WeightedSums noWeights(const Grid& grid) {
+  const auto [low, high] = std::minmax({grid.sample_at(kCieStartNm), grid.sample_at(kCieEndNm)});
+  const std::int64_t first = std::max<std::int64_t>(low - 2, 0);
+  const std::int64_t last = std::min(high + 2, grid.count - 1);
+  return {static_cast<std::size_t>(first), static_cast<std::size_t>(last - first + 1)};
+}
 
 // A spectrum coarser than the CIE data is interpolated at each of their wavelengths.
 void addCoarse(const Grid& grid, WeightedSums& sums) {
@@ -49,13 +64,11 @@ void addCoarse(const Grid& grid, WeightedSums& sums) {
 // Of a finer one each sample counts for the CIE wavelengths around it, by the shares that they have
 // in the CIE data interpolated at its own.
 void addFine(const Grid& grid, WeightedSums& sums) {
-  constexpr std::int64_t kEndNm = kCieStartNm + kCieStepNm * (std::int64_t{kCieCount} - 1);
   const std::int64_t step = std::abs(grid.step);
   // The first wavelength of the grid, continued in both directions, that the CIE data cover.
   const std::int64_t first_nm = kCieStartNm + (((grid.start - kCieStartNm) % step) + step) % step;
-  for (std::int64_t nm = first_nm; nm <= kEndNm; nm += step) {
-    const std::int64_t nearest =
-        std::clamp<std::int64_t>((nm - grid.start) / grid.step, 0, grid.count - 1);
+  for (std::int64_t nm = first_nm; nm <= kCieEndNm; nm += step) {
+    const std::int64_t nearest = grid.sample_at(nm);
     const double position = static_cast<double>(nm - kCieStartNm) / kCieStepNm;
     interpolate(position, kCieCount, [&sums, nearest](std::int64_t index, double factor) {
       const CieRow& row = cieData()[static_cast<std::size_t>(index)];
@@ -70,7 +83,7 @@ void addFine(const Grid& grid, WeightedSums& sums) {
 bool CmfSpectralConversion::configure(std::int32_t start, std::int32_t step, std::int32_t count) {
   if (step == 0 || count < 2) return false;
   const Grid grid = {start, step, count};
-  WeightedSums sums(static_cast<std::size_t>(count));
+  WeightedSums sums = noWeights(grid);
   if (std::abs(grid.step) < kCieStepNm) {
     addFine(grid, sums);
   } else {

@@ -15,14 +15,16 @@ class WeightedSums {
  public:
   /// No weights: every sum is 0.
   WeightedSums() = default;
-  explicit WeightedSums(std::size_t samples)
-      : weightsX_(samples), weightsY_(samples), weightsZ_(samples) {}
+  /// Weights for `count` samples from `first` on; all others count for nothing, however many a
+  /// spectrum has.
+  WeightedSums(std::size_t first, std::size_t count)
+      : first_(first), weightsX_(count), weightsY_(count), weightsZ_(count) {}
 
   /// Adds to the weights of a sample.
   void add(std::size_t sample, double x, double y, double z) {
-    weightsX_[sample] += x;
-    weightsY_[sample] += y;
-    weightsZ_[sample] += z;
+    weightsX_[sample - first_] += x;
+    weightsY_[sample - first_] += y;
+    weightsZ_[sample - first_] += z;
   }
 
   /// From now on a spectrum of `white_value` throughout gives `white` exactly.
@@ -39,8 +41,10 @@ class WeightedSums {
   Tristimulus xyzOf(const double* spectrum) const;
 
  private:
-  Tristimulus plainSums(const double* spectrum) const;
+  // Takes the spectrum from its first weighted sample on.
+  Tristimulus plainSums(const double* weighted_samples) const;
 
+  std::size_t first_ = 0;
   std::vector<double> weightsX_, weightsY_, weightsZ_;
   // A sum becomes X, Y or Z as sum / divisor * factor: in this order a perfect white, whose sum is
   // the divisor, gives the factor without a rounding error.
@@ -49,7 +53,7 @@ class WeightedSums {
 };
 
 // Two steps a round, so that fewer additions wait for the one before.
-inline Tristimulus WeightedSums::plainSums(const double* spectrum) const {
+inline Tristimulus WeightedSums::plainSums(const double* weighted_samples) const {
   constexpr std::size_t kRound = 2 * kLanes;
   const double* const x = weightsX_.data();
   const double* const y = weightsY_.data();
@@ -57,11 +61,11 @@ inline Tristimulus WeightedSums::plainSums(const double* spectrum) const {
   Lanes x1{}, y1{}, z1{}, x2{}, y2{}, z2{};
   std::size_t i = 0;
   for (; i + kRound <= weightsX_.size(); i += kRound) {
-    const Lanes first = loadLanes(spectrum + i);
+    const Lanes first = loadLanes(weighted_samples + i);
     x1 += first * loadLanes(x + i);
     y1 += first * loadLanes(y + i);
     z1 += first * loadLanes(z + i);
-    const Lanes second = loadLanes(spectrum + i + kLanes);
+    const Lanes second = loadLanes(weighted_samples + i + kLanes);
     x2 += second * loadLanes(x + i + kLanes);
     y2 += second * loadLanes(y + i + kLanes);
     z2 += second * loadLanes(z + i + kLanes);
@@ -71,15 +75,15 @@ inline Tristimulus WeightedSums::plainSums(const double* spectrum) const {
   z1 += z2;
   Tristimulus sums = {x1[0] + x1[1], y1[0] + y1[1], z1[0] + z1[1]};
   for (; i < weightsX_.size(); ++i) {
-    sums.x += spectrum[i] * x[i];
-    sums.y += spectrum[i] * y[i];
-    sums.z += spectrum[i] * z[i];
+    sums.x += weighted_samples[i] * x[i];
+    sums.y += weighted_samples[i] * y[i];
+    sums.z += weighted_samples[i] * z[i];
   }
   return sums;
 }
 
 inline Tristimulus WeightedSums::fractionsOf(const double* spectrum) const {
-  const Tristimulus sums = plainSums(spectrum);
+  const Tristimulus sums = plainSums(spectrum + first_);
   return {sums.x / divisor_.x, sums.y / divisor_.y, sums.z / divisor_.z};
 }
 
