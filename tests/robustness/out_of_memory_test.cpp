@@ -2,6 +2,7 @@
 #include "tests/robustness/answers.h"
 #include "tests/robustness/counted_memory.h"
 #include "tests/robustness/sample_texts.h"
+#include "tests/robustness/temporary_path.h"
 
 #include <gtest/gtest.h>
 
@@ -30,7 +31,7 @@ std::string answers(void* handle) { return test::answers(kLibrary, handle); }
 class Source {
  public:
   explicit Source(const SampleText& sample)
-      : sample_(sample), path_(testing::TempDir() + "/measdata-out-of-memory.txt") {
+      : sample_(sample), path_(test::temporary_path("sample.txt")) {
     std::ofstream(path_, std::ios::binary) << sample.text;
   }
   Source(const Source&) = delete;
