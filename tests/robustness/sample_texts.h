@@ -4,6 +4,7 @@
 
 #include "tests/support/loaded.h"
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,8 @@ struct SampleText {
   int result;  ///< of a load
   std::string text;
   int mode = 0;
+
+  friend void PrintTo(const SampleText& sample, std::ostream* out) { *out << sample.kind; }
 };
 
 /// All numbers are whole: they read the same wherever a locale puts the decimal point.
