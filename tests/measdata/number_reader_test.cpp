@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <clocale>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -143,16 +142,6 @@ TEST(NumberReader, AgreesWithTheCLibraryOnGeneratedTexts) {
     expect_like_atof(soup, below(2) == 0 ? Comma::ends_number : Comma::is_decimal_point);
     if (HasFailure()) return;
   }
-}
-
-TEST(NumberReader, FollowsTheDecimalPointOfTheLocale) {
-  const char* locale = nullptr;
-  for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "de_DE"}) {
-    if (locale == nullptr) locale = std::setlocale(LC_NUMERIC, name);
-  }
-  if (locale == nullptr) GTEST_SKIP() << "no locale with a decimal comma is installed";
-  for (const char* text : {"1.5", "1,5", "12", "0x1,8p1", "1e3"}) expect_like_atof(text);
-  std::setlocale(LC_NUMERIC, "C");
 }
 
 }  // namespace

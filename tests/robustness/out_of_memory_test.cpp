@@ -1,0 +1,187 @@
+// Each allocation of the library fails once in turn, alone and with all that follow.
+#include "tests/robustness/answers.h"
+#include "tests/robustness/counted_memory.h"
+#include "tests/robustness/sample_texts.h"
+#include "tests/robustness/temporary_path.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+namespace {
+
+using test::MemoryShortage;
+using test::SampleText;
+using test::Shortage;
+
+const test::Interface kLibrary = {
+#define MEASDATA_EXPORT(name) &::name,
+#include "exports.inc"
+#undef MEASDATA_EXPORT
+};
+
+constexpr int kMostAllocations = 100000;  // a test that finds no end is a fault of the test
+
+std::string answers(void* handle) { return test::answers(kLibrary, handle); }
+
+// A sample as a block and as a file.
+class Source {
+ public:
+  explicit Source(const SampleText& sample)
+      : sample_(sample), path_(test::temporary_path("sample.txt")) {
+    std::ofstream(path_, std::ios::binary) << sample.text;
+  }
+  Source(const Source&) = delete;
+  Source& operator=(const Source&) = delete;
+  ~Source() { std::filesystem::remove(path_); }
+
+  int load(void* handle, bool from_file) const {
+    set_parse_mode(handle, sample_.mode);
+    return from_file ? parse_file(handle, path_.c_str())
+                     : parse_mem(handle, sample_.text.size(), sample_.text.data(), path_.c_str());
+  }
+
+ private:
+  const SampleText& sample_;
+  std::string path_;
+};
+
+void expect_nothing_loaded(void* handle) {
+  EXPECT_STREQ(parse_messages(handle), "Out of memory\n");
+  EXPECT_EQ(num_keywords(handle), 0);  // none of the file's, and there was no other
+  for (void* data_set : {handle, pass_unique_data(handle)}) {
+    EXPECT_EQ(num_patches(data_set), 0);
+    EXPECT_EQ(num_device_channels(data_set), 0);
+    EXPECT_EQ(has_color_data(data_set), 0);
+    EXPECT_EQ(spectral_size(data_set), 0);
+    EXPECT_EQ(get_spectrum_from_patch(data_set, 0), nullptr);
+    EXPECT_STREQ(get_id_from_patch(data_set, 0), "");
+  }
+  EXPECT_EQ(num_indices(handle), 0);
+  EXPECT_EQ(get_paperwhite_index(handle), -1);
+  EXPECT_EQ(get_device_channel_name(handle, 0), nullptr);
+  EXPECT_EQ(num_wedge_steps(handle, 0), 0);
+  EXPECT_EQ(num_distinct_dev_values(handle, 0), 0);
+}
+
+// False when nothing is left that could fail.
+bool load_with_shortage(const Source& source, bool from_file, long n, Shortage kind, int result,
+                        const std::string& expected) {
+  void* handle = init_parser();
+  bool has_struck = false;
+  int loaded = 0;
+  {
+    const MemoryShortage shortage(n, kind);
+    loaded = source.load(handle, from_file);
+    has_struck = shortage.has_struck();
+  }
+  // A sort does with less memory when it gets none.
+  if (has_struck && loaded == 0) {
+    expect_nothing_loaded(handle);
+    loaded = source.load(handle, from_file);
+  }
+  EXPECT_EQ(loaded, result);
+  EXPECT_EQ(answers(handle), expected);
+  cleanup_parser(&handle);
+  return has_struck;
+}
+
+class OutOfMemory : public testing::TestWithParam<SampleText> {};
+
+TEST_P(OutOfMemory, ALoadFailsAndTheNextOneSucceeds) {
+  const Source source(GetParam());
+  for (const bool from_file : {false, true}) {
+    test::Handle fresh;
+    source.load(fresh, from_file);
+    const std::string expected = answers(fresh);
+    for (const Shortage kind : {Shortage::once, Shortage::lasting}) {
+      const long live = test::live_blocks();
+      long n = 1;
+      while (n < kMostAllocations &&
+             load_with_shortage(source, from_file, n, kind, GetParam().result, expected)) {
+        ASSERT_EQ(test::live_blocks(), live) << "left over";
+        ASSERT_FALSE(HasFailure()) << "allocation " << n << (from_file ? " of a file" : "");
+        ++n;
+      }
+      EXPECT_EQ(test::live_blocks(), live) << "left over";
+      EXPECT_GT(n, 10);  // the shortage did strike
+      EXPECT_LT(n, kMostAllocations);
+    }
+  }
+}
+
+// Every answer is the right one or, where it takes memory, null.
+TEST_P(OutOfMemory, AnswersAreRightOrNull) {
+  test::Handle handle;
+  Source(GetParam()).load(handle, false);
+  const std::string expected = answers(handle);
+  std::string told;
+  told.reserve(test::kAnswersSize);
+  for (const Shortage kind : {Shortage::once, Shortage::lasting}) {
+    bool has_struck = true;
+    for (long n = 1; has_struck && n < kMostAllocations; ++n) {
+      told.clear();
+      {
+        const MemoryShortage shortage(n, kind);
+        test::write_answers(kLibrary, handle, told);
+        has_struck = shortage.has_struck();
+      }
+      std::istringstream expected_lines(expected), told_lines(told);
+      for (std::string right, line; std::getline(expected_lines, right);) {
+        std::getline(told_lines, line);
+        if (line == right) continue;
+        EXPECT_TRUE(has_struck && line == right.substr(0, right.find(':')) + ": (null)")
+            << line << " instead of " << right << ", allocation " << n;
+      }
+      ASSERT_FALSE(HasFailure());
+    }
+    EXPECT_FALSE(has_struck);
+    EXPECT_EQ(answers(handle), expected);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, OutOfMemory, testing::ValuesIn(test::sample_texts()),
+                         [](const auto& sample) {
+                           std::string name = sample.param.kind;
+                           for (char& c : name) c = c == ' ' ? '_' : c;
+                           return name;
+                         });
+
+TEST(OutOfMemory, AHandleThatCannotBeMadeIsNull) {
+  const long live = test::live_blocks();
+  void* handle = nullptr;
+  long n = 0;
+  while (handle == nullptr && ++n < kMostAllocations) {
+    const MemoryShortage shortage(n, Shortage::once);
+    handle = init_parser();
+    ASSERT_EQ(handle == nullptr, shortage.has_struck());
+  }
+  EXPECT_GT(n, 1);
+  cleanup_parser(&handle);
+  EXPECT_EQ(test::live_blocks(), live);
+}
+
+// The flags change with the last step of a load, after all that can fail.
+TEST(OutOfMemory, DISABLED_TheFlagsStayThoseOfTheLastSuccess) {
+  const SampleText cmyk = test::sample_texts()[0], rgb = test::sample_texts()[1];
+  const Source before(cmyk), after(rgb);
+  bool has_struck = true;
+  for (long n = 1; has_struck && n < kMostAllocations; ++n) {
+    test::Handle handle;
+    ASSERT_EQ(before.load(handle, false), 1);
+    int loaded = 0;
+    {
+      const MemoryShortage shortage(n, Shortage::lasting);
+      loaded = after.load(handle, false);
+      has_struck = shortage.has_struck();
+    }
+    ASSERT_EQ(dev_is_cmyk(handle), 1 - loaded) << "allocation " << n;
+    ASSERT_EQ(dev_is_rgb(handle), loaded) << "allocation " << n;
+  }
+  EXPECT_FALSE(has_struck);
+}
+
+}  // namespace
