@@ -50,15 +50,15 @@ int has_sample_name_data(void* handle) noexcept {
 }
 
 int dev_is_cmyk(void* handle) noexcept {
-  return handle == nullptr ? 0 : state_of(handle)->chart.dev_is_cmyk;
+  return handle == nullptr ? 0 : state_of(handle)->chart.device_flags.is_cmyk;
 }
 
 int dev_is_cmy(void* handle) noexcept {
-  return handle == nullptr ? 0 : state_of(handle)->chart.dev_is_cmy;
+  return handle == nullptr ? 0 : state_of(handle)->chart.device_flags.is_cmy;
 }
 
 int dev_is_rgb(void* handle) noexcept {
-  return handle == nullptr ? 0 : state_of(handle)->chart.dev_is_rgb;
+  return handle == nullptr ? 0 : state_of(handle)->chart.device_flags.is_rgb;
 }
 
 double spectral_start(void* handle) noexcept {

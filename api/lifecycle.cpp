@@ -87,9 +87,11 @@ int parse_mem(void* handle, size_t length, const char* block, const char* name) 
 int parse(void* handle, MeasFileParser* reader, const char* name) noexcept {
   if (handle == nullptr || reader == nullptr) return 0;
   ParserState& state = *state_of(handle);
+  const vantor::DataSet::DeviceFlags flags_before = state.chart.device_flags;
   try {
     return vantor::DataSet::build_chart(state.chart, *reader, name) ? 1 : 0;
   } catch (const std::exception&) {
+    state.chart.device_flags = flags_before;
     state.chart.all_patches.messages = kOutOfMemory;
     clear_after_failure(state);
     return 0;

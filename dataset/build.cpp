@@ -45,10 +45,12 @@ void size_channel_lists(Chart& chart) {
 }
 
 // By the names of the fields: a semicolon table with four inks is not CMYK in this sense.
-void set_device_flags(Chart& chart, const Names& field_names) {
-  chart.dev_is_cmy = field_names == Names{"CMY_C", "CMY_M", "CMY_Y"} ? 1 : 0;
-  chart.dev_is_rgb = field_names == Names{"RGB_R", "RGB_G", "RGB_B"} ? 1 : 0;
-  chart.dev_is_cmyk = field_names == Names{"CMYK_C", "CMYK_M", "CMYK_Y", "CMYK_K"} ? 1 : 0;
+DeviceFlags device_flags(const Names& field_names) {
+  DeviceFlags flags;
+  flags.is_cmy = field_names == Names{"CMY_C", "CMY_M", "CMY_Y"} ? 1 : 0;
+  flags.is_rgb = field_names == Names{"RGB_R", "RGB_G", "RGB_B"} ? 1 : 0;
+  flags.is_cmyk = field_names == Names{"CMYK_C", "CMYK_M", "CMYK_Y", "CMYK_K"} ? 1 : 0;
+  return flags;
 }
 
 void analyse_merged_patches(Chart& chart) {
@@ -101,7 +103,7 @@ bool build_chart(Chart& chart, const MeasFileParser& reader, const char* name) {
   for (const std::int32_t field : chart.all_patches.device_fields) {
     field_names.push_back(reader.field_name(field));
   }
-  set_device_flags(chart, field_names);
+  chart.device_flags = device_flags(field_names);
   analyse_merged_patches(chart);
   count_distinct_values(chart);
   ChannelNames names = build_channel_names(field_names, chart.all_patches.header_keywords, name);

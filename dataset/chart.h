@@ -14,6 +14,13 @@
 
 namespace vantor::DataSet {
 
+/// 1 when the device channels have exactly the names of one of these sets.
+struct DeviceFlags {
+  std::int32_t is_cmyk = 0;
+  std::int32_t is_cmy = 0;
+  std::int32_t is_rgb = 0;
+};
+
 struct Chart {
   Chart() = default;
   // The data sets refer to the conversions.
@@ -29,9 +36,7 @@ struct Chart {
   std::vector<std::string> channel_names;
 
   KeywordStore keywords;  ///< of every file loaded so far
-  std::int32_t dev_is_cmyk = 0;
-  std::int32_t dev_is_cmy = 0;
-  std::int32_t dev_is_rgb = 0;
+  DeviceFlags device_flags;
   ColorTypes::Spectral::ASTMSpectralConversion converter;
   ColorTypes::Spectral::CmfSpectralConversion fallback_converter;
 };

@@ -165,7 +165,7 @@ TEST(OutOfMemory, AHandleThatCannotBeMadeIsNull) {
 }
 
 // The flags change with the last step of a load, after all that can fail.
-TEST(OutOfMemory, DISABLED_TheFlagsStayThoseOfTheLastSuccess) {
+TEST(OutOfMemory, TheFlagsStayThoseOfTheLastSuccess) {
   const SampleText cmyk = test::sample_texts()[0], rgb = test::sample_texts()[1];
   const Source before(cmyk), after(rgb);
   bool has_struck = true;
