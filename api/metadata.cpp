@@ -28,17 +28,26 @@ const char* give(void* handle, Answer answer) {
   return result_text.c_str();
 }
 
-// What `find` makes of the first value of a keyword; null when the file lacks it. Running out of
-// memory counts as not knowing.
-template <typename Find>
-const char* answer_from(void* handle, const char* keyword, Find find) noexcept {
-  const auto entries = find_keyword(handle, keyword);
-  if (entries.empty()) return nullptr;
+// Makes of what `tell` does an answer to the caller: running out of memory counts as not knowing.
+template <typename Tell>
+const char* answer(Tell tell) noexcept {
   try {
-    return give(handle, find(entries.front().value));
+    return tell();
   } catch (const std::exception&) {
     return nullptr;
   }
+}
+
+// What `find` makes of the first value of a keyword; null when the file lacks it.
+template <typename Find>
+const char* found_in(void* handle, const char* keyword, Find find) {
+  const auto entries = find_keyword(handle, keyword);
+  return entries.empty() ? nullptr : give(handle, find(entries.front().value));
+}
+
+template <typename Find>
+const char* answer_from(void* handle, const char* keyword, Find find) noexcept {
+  return answer([=] { return found_in(handle, keyword, find); });
 }
 
 // The first value of a keyword or, when the file lacks it, what `find` makes of another.
@@ -49,14 +58,11 @@ const char* value_or_answer(void* handle, const char* keyword, const char* text_
   return value != nullptr ? value : answer_from(handle, text_keyword, find);
 }
 
-const char* answer_from_weighting(void* handle, std::string_view key) noexcept {
-  try {
-    for (const auto& entry : find_keyword(handle, kWeightingFunction)) {
-      if (Answer answer = vantor::Api::find_weighting(entry.value, key)) {
-        return give(handle, std::move(answer));
-      }
+const char* found_in_weighting(void* handle, std::string_view key) {
+  for (const auto& entry : find_keyword(handle, kWeightingFunction)) {
+    if (Answer found = vantor::Api::find_weighting(entry.value, key)) {
+      return give(handle, std::move(found));
     }
-  } catch (const std::exception&) {  // no memory: not known
   }
   return nullptr;
 }
@@ -75,6 +81,30 @@ Answer find_observer_setting(std::string_view text) {
   if (!angle) return angle;
   if (angle->ends_with(kDegree)) angle->resize(angle->size() - kDegree.size());
   return without_degree_sign(std::move(*angle));
+}
+
+const char* tell_illuminant(void* handle) {
+  if (const char* text = found_in_weighting(handle, "ILLUMINANT")) return text;
+  if (const char* text = get_value_of_keyword(handle, "ILLUMINANT")) return text;
+  if (const char* text = get_value_of_keyword(handle, "ILLUMINATION_NAME")) return text;
+  const char* setting = found_in(handle, kMeasurementSource, [](std::string_view text) {
+    return vantor::Api::find_setting(text, "Illumination=");
+  });
+  if (setting != nullptr) return setting;
+  return found_in(handle, kInstrumentation, vantor::Api::find_illuminant);
+}
+
+const char* tell_observer(void* handle) {
+  if (const char* text = found_in_weighting(handle, "OBSERVER")) return text;
+  for (const char* keyword : {"OBSERVER", "OBSERVER_ANGLE"}) {
+    const char* angle = found_in(handle, keyword, [](std::string_view value) {
+      return Answer(without_degree_sign(std::string(value)));
+    });
+    if (angle != nullptr) return angle;
+  }
+  const char* setting = found_in(handle, kMeasurementSource, find_observer_setting);
+  if (setting != nullptr) return setting;
+  return found_in(handle, kInstrumentation, vantor::Api::find_observer);
 }
 
 }  // namespace
@@ -123,27 +153,11 @@ const char* density_status(void* handle) noexcept {
 }
 
 const char* illuminant(void* handle) noexcept {
-  if (const char* text = answer_from_weighting(handle, "ILLUMINANT")) return text;
-  if (const char* text = get_value_of_keyword(handle, "ILLUMINANT")) return text;
-  if (const char* text = get_value_of_keyword(handle, "ILLUMINATION_NAME")) return text;
-  const char* setting = answer_from(handle, kMeasurementSource, [](std::string_view text) {
-    return vantor::Api::find_setting(text, "Illumination=");
-  });
-  if (setting != nullptr) return setting;
-  return answer_from(handle, kInstrumentation, vantor::Api::find_illuminant);
+  return answer([=] { return tell_illuminant(handle); });
 }
 
 const char* observer(void* handle) noexcept {
-  if (const char* text = answer_from_weighting(handle, "OBSERVER")) return text;
-  for (const char* keyword : {"OBSERVER", "OBSERVER_ANGLE"}) {
-    const char* angle = answer_from(handle, keyword, [](std::string_view value) {
-      return Answer(without_degree_sign(std::string(value)));
-    });
-    if (angle != nullptr) return angle;
-  }
-  const char* setting = answer_from(handle, kMeasurementSource, find_observer_setting);
-  if (setting != nullptr) return setting;
-  return answer_from(handle, kInstrumentation, vantor::Api::find_observer);
+  return answer([=] { return tell_observer(handle); });
 }
 
 const char* sample_backing(void* handle) noexcept {

@@ -5,6 +5,7 @@
 #include <ios>
 #include <string>
 #include <system_error>
+#include <utility>
 
 namespace vantor::MeasData {
 namespace {
@@ -29,7 +30,7 @@ FileStatus FileText::read(const char* path) {
   if (!file) return FileStatus::not_opened;
 
   const std::streamoff size = file.seekg(0, std::ios::end).tellg();
-  if (!file || size < 0) return FileStatus::not_read;
+  if (!file || !std::in_range<std::size_t>(size)) return FileStatus::not_read;
   file.seekg(0);
   // Not zeroed first: every byte is written by the read.
   bytes_.reset(new char[static_cast<std::size_t>(size)]);

@@ -59,6 +59,7 @@ inline std::vector<SampleText> sample_texts() {
        file_of("GRAY" + lab, "0 95 0 0\n",
                "WEIGHTING_FUNCTION \"ILLUMINANT, ALightThatHasALongName\"\n"
                "WEIGHTING_FUNCTION \"OBSERVER, AnObserverWithALongName\"\n"
+               "ILLUMINANT D65\nOBSERVER 10\n"  // not asked when memory fails
                "COMPUTATIONAL_PARAMETER \"some parameter of some computation\"\n")},
       {"a row too short", 0,
        file_of("SAMPLE_ID" + lab, std::string(1234, '\n') + "1 2 3\n", "SERIAL 1\nSERIAL 2\n")},
