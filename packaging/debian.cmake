@@ -1,0 +1,49 @@
+# The Debian packages libmeasdata1, libmeasdata-dev and measdata-tools, made by cpack.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_VENDOR measdata)
+set(CPACK_PACKAGE_CONTACT "The measdata developers <measdata@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
+set(CPACK_COMPONENTS_ALL runtime development tools)
+set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+set(about
+    "measdata reads colour-measurement files (CGATS.17, ISO 28178, semicolon tables) and\n\
+ answers questions about them: patches, Lab from spectra, repeats, wedges, ink names."
+)
+set(library libmeasdata${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${library})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "library that reads colour-measurement files\n ${about}")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libmeasdata-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${library} (= ${PROJECT_VERSION})")
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
+    "library that reads colour-measurement files - development\n ${about}"
+)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME measdata-tools)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${library} (= ${PROJECT_VERSION})")
+set(CPACK_COMPONENT_TOOLS_DESCRIPTION "tells what colour-measurement files hold\n ${about}")
+
+# Each package with the licence where Debian looks for it.
+foreach(component_package runtime:${library} development:libmeasdata-dev tools:measdata-tools)
+  string(REPLACE ":" ";" pair ${component_package})
+  list(GET pair 0 component)
+  list(GET pair 1 package)
+  install(
+    FILES ${PROJECT_SOURCE_DIR}/LICENSE
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package}
+    RENAME copyright
+    COMPONENT ${component}
+  )
+endforeach()
+include(CPack)

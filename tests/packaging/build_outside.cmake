@@ -1,0 +1,47 @@
+# Builds the outside project in one way and runs it.
+# Call: cmake -DWAY=... -DPREFIX=... -DSOURCE=... -DWORK=... -DCC=... -DCXX=... -P build_outside.cmake
+set(outside ${SOURCE}/tests/packaging/outside)
+set(chart ${SOURCE}/examples/data/cmyk-spectral-310.txt)
+file(REMOVE_RECURSE ${WORK})
+file(MAKE_DIRECTORY ${WORK})
+
+function(run)
+  execute_process(COMMAND ${ARGV} WORKING_DIRECTORY ${WORK} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+file(GLOB_RECURSE pc_file ${PREFIX}/*/measdata.pc)
+get_filename_component(pc_dir "${pc_file}" DIRECTORY)
+get_filename_component(lib_dir "${pc_dir}" DIRECTORY)
+
+if(WAY MATCHES "^pkg-config")
+  set(ENV{PKG_CONFIG_PATH} ${pc_dir})
+  if(WAY MATCHES "static")
+    set(static --static)
+  endif()
+  execute_process(
+    COMMAND pkg-config ${static} --cflags --libs measdata
+    OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY
+  )
+  if(WAY MATCHES "static")
+    string(REPLACE "-lmeasdata" "-l:libmeasdata.a" flags "${flags}")
+  endif()
+  separate_arguments(flags)
+  run(${CC} ${outside}/main.c -o outside ${flags})
+elseif(WAY STREQUAL "plain")
+  run(${CC} -I${PREFIX}/include ${outside}/main.c -o outside -L${lib_dir} -lmeasdata)
+else()
+  run(${CMAKE_COMMAND} -S ${outside} -B . -DWAY=${WAY} -DMEASDATA_SOURCE=${SOURCE}
+      -DCMAKE_PREFIX_PATH=${PREFIX} -DCMAKE_C_COMPILER=${CC} -DCMAKE_CXX_COMPILER=${CXX}
+      -DCMAKE_BUILD_TYPE=Debug)
+  run(${CMAKE_COMMAND} --build . --parallel 2)
+endif()
+
+set(ENV{LD_LIBRARY_PATH} ${lib_dir})
+execute_process(
+  COMMAND ${WORK}/outside ${chart}
+  OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY
+)
+if(NOT output MATCHES "^310 patches, read by [0-9]+[.][0-9]+[.][0-9]+\n$")
+  message(FATAL_ERROR "unexpected answer: ${output}")
+endif()
+message(STATUS "${output}")
