@@ -27,7 +27,6 @@ from __future__ import annotations
 
 import ctypes
 import ctypes.util
-import math
 import os
 import sys
 from array import array
@@ -254,29 +253,34 @@ class _DataSet:
             answers.append(lab.tobytes())
         return answers[0] == answers[1]
 
-    def fill(self, kind: str, positions: Iterable[int], values: array[float]) -> None:
+    def fill(self, kind: str, positions: Sequence[int], address: int) -> None:
         """Writes the numbers of patches one behind the other."""
-        pointer, address = self.pointer, _address(values)
-        stride = self.widths[kind] * values.itemsize
+        stride = self.widths[kind] * ctypes.sizeof(_DOUBLE)
         if kind == "spectrum":
-            for position in positions:
-                source = _library.get_spectrum_from_patch(pointer, position)
-                if source is None:
-                    raise LookupError("the patch has no spectrum")
-                ctypes.memmove(address, source, stride)
-                address += stride
+            self._fill_spectra(positions, address, stride)
         else:
-            write = _WRITERS[kind]
+            write, pointer = _WRITERS[kind], self.pointer
             for position in positions:
                 write(pointer, position, address)
                 address += stride
+
+    def _fill_spectra(self, positions: Sequence[int], address: int, stride: int) -> None:
+        sources = [_library.get_spectrum_from_patch(self.pointer, p) for p in positions]
+        if None in sources:
+            raise LookupError("a patch has no spectrum")
+        if sources and sources == _steps(sources[0], stride, len(sources)):
+            ctypes.memmove(address, sources[0], stride * len(sources))  # they lie in one block
+            return
+        for source in sources:
+            ctypes.memmove(address, source, stride)
+            address += stride
 
     def row(self, kind: str, position: int) -> tuple[float, ...] | None:
         width = self.widths[kind]
         if width == 0:
             return None
-        values = _zeros(width)
-        self.fill(kind, (position,), values)
+        values = (_DOUBLE * width)()
+        self.fill(kind, (position,), ctypes.addressof(values))
         return tuple(values)
 
     def table(self, kind: str, positions: range) -> Table | None:
@@ -284,7 +288,7 @@ class _DataSet:
         if width == 0:
             return None
         values = _zeros(width * len(positions))
-        self.fill(kind, positions, values)
+        self.fill(kind, positions, _address(values))
         return _table(values, width)
 
 
@@ -295,8 +299,12 @@ _WRITERS: dict[str, Callable[[ctypes.c_void_p, int, int], None]] = {
 }
 
 
+def _steps(first: int, step: int, count: int) -> list[int]:
+    return list(range(first, first + step * count, step))
+
+
 def _zeros(count: int) -> array[float]:
-    return array("d", bytes(8 * count))
+    return array("d", [0.0]) * count
 
 
 def _address(values: array[float]) -> int:
@@ -448,11 +456,9 @@ class Patch:
 
     @property
     def hex(self) -> str | None:
-        """The display colour as #RRGGBB; None without Lab or when it is not a number."""
+        """The display colour as #RRGGBB."""
         srgb = self.srgb
-        if srgb is None or any(map(math.isnan, srgb)):
-            return None
-        return "#" + "".join(f"{int(value + 0.5):02X}" for value in srgb)
+        return None if srgb is None else "#" + "".join(f"{int(value + 0.5):02X}" for value in srgb)
 
     def __eq__(self, other: object) -> bool:
         if not isinstance(other, Patch) or type(other) is not type(self):
@@ -555,9 +561,8 @@ class _PatchSequence(Sequence[_P]):
         if data.widths["lab"] == 0:
             return None
         values = _zeros(3 * len(self._positions))
-        data.fill("lab", self._positions, values)
-        start = _address(values)
-        for address in range(start, start + 8 * len(values), 24):
+        data.fill("lab", self._positions, _address(values))
+        for address in _steps(_address(values), 3 * values.itemsize, len(self._positions)):
             _library.lab_to_srgb(address, address)
         return _table(values, 3)
 
