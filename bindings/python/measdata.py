@@ -38,7 +38,6 @@ from typing import (
     List,
     Literal,
     NamedTuple,
-    NoReturn,
     Tuple,
     TypeVar,
     Union,
@@ -209,6 +208,7 @@ class _Handle:
 
     def __init__(self) -> None:
         self._release = _library.cleanup_parser  # still there when the module is torn down
+        # An object that cannot be copied, unlike a number: there must be no second owner.
         self.pointer = ctypes.c_void_p(_library.init_parser())
         if not self.pointer:
             raise MemoryError
@@ -216,9 +216,6 @@ class _Handle:
     def __del__(self) -> None:
         if hasattr(self, "pointer"):
             self._release(ctypes.byref(self.pointer))
-
-    def __reduce__(self) -> NoReturn:
-        raise TypeError("a chart cannot be pickled or copied deeply")
 
     def messages(self) -> list[str]:
         # Names from the file are part of the text; only line feeds end its lines.

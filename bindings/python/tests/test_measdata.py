@@ -74,7 +74,7 @@ class Values(unittest.TestCase):
     def test_patches_are_a_sequence(self):
         patches = chart_of("SAMPLE_ID GRAY", "a 0\nb 50\nc 100").patches
         self.assertEqual([p.id for p in patches], ["a", "b", "c"])
-        self.assertEqual([p.id for p in patches[::-2]], ["c", "a"])
+        self.assertEqual([p.id for p in patches[1:][::-1]], ["c", "b"])
         self.assertEqual((len(patches), patches[-1].id, patches[1:][0].id), (3, "c", "b"))
         self.assertEqual(rows_of(patches[:0:-1].device()), [(100,), (50,)])
         self.assertIn(patches[1], patches)
@@ -257,7 +257,7 @@ class Lifetime(unittest.TestCase):
 
 def run_python(code, **environment):
     return subprocess.run(
-        [sys.executable, "-W", "error", "-c", code],
+        [sys.executable, "-B", "-W", "error", "-c", code],
         env={**os.environ, "PYTHONPATH": str(BINDING), **environment},
         cwd=DATA,
         capture_output=True,
