@@ -1,0 +1,891 @@
+"""Reads colour-measurement files: CGATS.17 / ISO 28178 text files and semicolon tables.
+
+    import measdata
+
+    with measdata.load("chart.txt") as chart:
+        for patch in chart.patches:
+            print(patch.id, patch.device, patch.lab, patch.hex)
+
+Numbers are as in the file: Lab is CIELAB with L* from 0 to 100, computed from the spectra (D50, 2
+degrees) where the file has them; wavelengths are nanometres; device values and XYZ have the file's
+own scale. What a file does not hold is None.
+
+Texts of a file are taken as UTF-8 and, where they are not, as Latin-1.
+
+Memory: a chart holds the native data until it is closed or no longer referenced; patches and views
+keep it alive. Everything that is handed out is a copy. Asking a closed chart raises ValueError.
+
+Threads: loading releases the interpreter lock, so files load in parallel; every question holds it,
+so threads may share a chart. Closing a chart while another thread asks it is safe. On an
+interpreter without that lock use a chart in one thread at a time.
+
+The native library is the first of: the file that the environment variable MEASDATA_LIBRARY names,
+one beside this module, one that the system finds.
+"""
+
+from __future__ import annotations
+
+import ctypes
+import ctypes.util
+import os
+import sys
+from array import array
+from collections.abc import Callable, Iterable, Iterator, Mapping, Sequence
+from dataclasses import dataclass
+from typing import (
+    TYPE_CHECKING,
+    Any,
+    List,
+    Literal,
+    NamedTuple,
+    Tuple,
+    TypeVar,
+    Union,
+    overload,
+)
+
+if TYPE_CHECKING:
+    import numpy
+    from numpy.typing import NDArray
+
+__all__ = [
+    "RGB",
+    "XYZ",
+    "Channel",
+    "Chart",
+    "Instrument",
+    "Keywords",
+    "Lab",
+    "MeasurementError",
+    "MergedPatch",
+    "MergedPatches",
+    "Patch",
+    "Patches",
+    "RepeatStats",
+    "Sample",
+    "lab_to_srgb",
+    "load",
+    "load_bytes",
+    "version",
+]
+__version__ = "1.9.7"
+
+Mode = Literal["auto", "measurement", "table"]
+Table = Union["NDArray[numpy.float64]", List[Tuple[float, ...]]]
+"""Rows of numbers: an array when numpy is installed, else a list of tuples."""
+
+# ---- The native library ------------------------------------------------------------------------
+
+
+class _DeStats(ctypes.Structure):
+    _fields_ = (
+        ("repeat_count", ctypes.c_int32),
+        ("de_mean", ctypes.c_double),
+        ("de_max", ctypes.c_double),
+    )
+    repeat_count: int
+    de_mean: float
+    de_max: float
+
+
+_INT, _DOUBLE, _TEXT = ctypes.c_int, ctypes.c_double, ctypes.c_char_p
+_POINTER = ctypes.c_void_p  # handles and, as plain addresses, arrays of numbers
+
+# Functions by result and arguments.
+_SIGNATURES: tuple[tuple[Any, tuple[Any, ...], str], ...] = (
+    (_POINTER, (), "init_parser"),
+    (None, (ctypes.POINTER(_POINTER),), "cleanup_parser"),
+    (_INT, (_POINTER, _TEXT), "parse_file has_keyword num_keyword_values"),
+    (_INT, (_POINTER, ctypes.c_size_t, _TEXT, _TEXT), "parse_mem"),
+    (None, (_POINTER, _INT), "set_parse_mode"),
+    (_POINTER, (_POINTER,), "pass_unique_data"),
+    (_TEXT, (), "parser_version"),
+    (_INT, (), "parser_version_major parser_version_minor parser_version_bugfix"),
+    (
+        _INT,
+        (_POINTER,),
+        "get_parse_mode num_patches num_device_channels num_indices num_keywords"
+        " get_paperwhite_index dev_is_cmyk dev_is_cmy dev_is_rgb spectral_size"
+        " has_device_data has_xyz_data has_lab_data has_lch_data has_spectral_data has_color_data"
+        " has_sample_id_data has_sample_loc_data has_sample_name_data",
+    ),
+    (_DOUBLE, (_POINTER,), "spectral_start spectral_end spectral_step"),
+    (
+        _TEXT,
+        (_POINTER,),
+        "parse_messages copyright density_status illuminant observer"
+        " device_manufacturer device_model device_serial_number device_geometry device_filter"
+        " device_polarization device_measurement_source"
+        " sample_backing sample_colorant sample_manufacturer sample_material"
+        " sample_print_conditions sample_production_date sample_serial_number sample_target_type",
+    ),
+    (
+        _TEXT,
+        (_POINTER, _INT),
+        "get_id_from_patch get_loc_from_patch get_name_from_patch get_name_from_index"
+        " get_device_channel_name get_keyword get_value",
+    ),
+    (
+        None,
+        (_POINTER, _INT, _POINTER),
+        "get_dev_from_patch get_xyz_from_patch get_lab_from_patch"
+        " get_dev_from_index get_lab_from_index",
+    ),
+    (_POINTER, (_POINTER, _INT), "get_spectrum_from_patch get_spectrum_from_index"),
+    (None, (_POINTER, _INT, ctypes.POINTER(_DeStats)), "get_de_stats_from_index"),
+    (_INT, (_POINTER, _INT), "num_distinct_dev_values num_wedge_steps get_solid_index"),
+    (_DOUBLE, (_POINTER, _INT, _INT), "get_distinct_dev_value"),
+    (_INT, (_POINTER, _INT, _INT), "get_distinct_dev_value_count get_wedge_index"),
+    (_TEXT, (_POINTER, _TEXT), "get_value_of_keyword"),
+    (_TEXT, (_POINTER, _INT, _TEXT), "get_ith_value_of_keyword"),
+    (None, (_POINTER, _POINTER), "lab_to_srgb"),
+)
+
+
+def _library_paths() -> Iterator[str]:
+    chosen = os.environ.get("MEASDATA_LIBRARY")
+    if chosen:
+        yield chosen
+        return
+    names = {"win32": ["measdata.dll"], "darwin": ["libmeasdata.1.dylib", "libmeasdata.dylib"]}.get(
+        sys.platform, ["libmeasdata.so.1", "libmeasdata.so"]
+    )
+    beside = os.path.dirname(os.path.abspath(__file__))
+    yield from filter(os.path.exists, (os.path.join(beside, name) for name in names))
+    found = ctypes.util.find_library("measdata")
+    if found:
+        yield found
+    yield from names
+
+
+def _declare(library: ctypes.CDLL) -> None:
+    for result, arguments, names in _SIGNATURES:
+        for name in names.split():
+            function = getattr(library, name)
+            function.restype = result
+            function.argtypes = arguments
+
+
+def _open_library() -> tuple[ctypes.PyDLL, ctypes.CDLL]:
+    """The library twice: with calls that hold the interpreter lock, and with calls that do not."""
+    failures = []
+    for path in _library_paths():
+        try:
+            holding, releasing = ctypes.PyDLL(path), ctypes.CDLL(path)
+            _declare(holding)
+            _declare(releasing)
+            return holding, releasing
+        except (OSError, AttributeError) as error:  # not to be loaded, or another library
+            failures.append(f"\n  {path}: {error}")
+    raise OSError(
+        "the measdata library cannot be loaded; install it, or name its file in the environment"
+        " variable MEASDATA_LIBRARY. Tried:" + "".join(failures)
+    )
+
+
+_library, _releasing_library = _open_library()
+
+
+def _decoded(text: bytes) -> str:
+    try:
+        return text.decode("utf-8")
+    except UnicodeDecodeError:
+        return text.decode("latin-1")
+
+
+def _text(text: bytes | None) -> str | None:
+    return None if text is None else _decoded(text)
+
+
+version: str = _decoded(_library.parser_version())
+"""The version of the native library."""
+
+
+class _Handle:
+    """Owns a native handle. Whoever calls the library holds one of these until the call is over."""
+
+    __slots__ = ("_release", "pointer")
+
+    def __init__(self) -> None:
+        self._release = _library.cleanup_parser  # still there when the module is torn down
+        # An object that cannot be copied, unlike a number: there must be no second owner.
+        self.pointer = ctypes.c_void_p(_library.init_parser())
+        if not self.pointer:
+            raise MemoryError
+
+    def __del__(self) -> None:
+        if hasattr(self, "pointer"):
+            self._release(ctypes.byref(self.pointer))
+
+    def messages(self) -> list[str]:
+        # Names from the file are part of the text; only line feeds end its lines.
+        lines = _decoded(_library.parse_messages(self.pointer)).split("\n")
+        return lines[:-1] if lines[-1] == "" else lines
+
+
+class _DataSet:
+    """The patches of a file or the merged ones: what one pointer of the library stands for."""
+
+    __slots__ = ("count", "handle", "pointer", "widths")
+
+    def __init__(self, handle: _Handle, pointer: ctypes.c_void_p) -> None:
+        self.handle = handle
+        self.pointer = pointer
+        self.count: int = _library.num_patches(pointer)
+        has = _library
+        # How many numbers a patch has of each kind; 0 for what the file does not hold.
+        self.widths: dict[str, int] = {
+            "device": has.has_device_data(pointer) and has.num_device_channels(pointer),
+            "xyz": has.has_xyz_data(pointer) and 3,
+            "lab": 3 if self._has_lab() else 0,
+            "spectrum": has.has_spectral_data(pointer) and has.spectral_size(pointer),
+        }
+
+    def _has_lab(self) -> bool:
+        """Whether the library writes Lab, which no function tells: two fills, one answer."""
+        answers = []
+        for fill in (0.0, 1.0):
+            lab = array("d", [fill] * 3)
+            _library.get_lab_from_patch(self.pointer, 0, _address(lab))
+            answers.append(lab.tobytes())
+        return answers[0] == answers[1]
+
+    def fill(self, kind: str, positions: Sequence[int], address: int) -> None:
+        """Writes the numbers of patches one behind the other."""
+        stride = self.widths[kind] * ctypes.sizeof(_DOUBLE)
+        if kind == "spectrum":
+            self._fill_spectra(positions, address, stride)
+        else:
+            write, pointer = _WRITERS[kind], self.pointer
+            for position in positions:
+                write(pointer, position, address)
+                address += stride
+
+    def _fill_spectra(self, positions: Sequence[int], address: int, stride: int) -> None:
+        sources = [_library.get_spectrum_from_patch(self.pointer, p) for p in positions]
+        if None in sources:
+            raise LookupError("a patch has no spectrum")
+        if sources and sources == _steps(sources[0], stride, len(sources)):
+            ctypes.memmove(address, sources[0], stride * len(sources))  # they lie in one block
+            return
+        for source in sources:
+            ctypes.memmove(address, source, stride)
+            address += stride
+
+    def row(self, kind: str, position: int) -> tuple[float, ...] | None:
+        width = self.widths[kind]
+        if width == 0:
+            return None
+        values = (_DOUBLE * width)()
+        self.fill(kind, (position,), ctypes.addressof(values))
+        return tuple(values)
+
+    def table(self, kind: str, positions: range) -> Table | None:
+        width = self.widths[kind]
+        if width == 0:
+            return None
+        values = _zeros(width * len(positions))
+        self.fill(kind, positions, _address(values))
+        return _table(values, width)
+
+
+_WRITERS: dict[str, Callable[[ctypes.c_void_p, int, int], None]] = {
+    "device": _library.get_dev_from_patch,
+    "xyz": _library.get_xyz_from_patch,
+    "lab": _library.get_lab_from_patch,
+}
+
+
+def _steps(first: int, step: int, count: int) -> list[int]:
+    return list(range(first, first + step * count, step))
+
+
+def _zeros(count: int) -> array[float]:
+    return array("d", [0.0]) * count
+
+
+def _address(values: array[float]) -> int:
+    return values.buffer_info()[0]
+
+
+def _table(values: array[float], width: int) -> Table:
+    try:
+        import numpy
+    except ImportError:
+        return list(zip(*[iter(values)] * width))
+    return numpy.asarray(values).reshape(-1, width)
+
+
+# ---- Colours and statistics --------------------------------------------------------------------
+
+
+class Lab(NamedTuple):
+    """CIELAB."""
+
+    L: float
+    a: float
+    b: float
+
+
+class XYZ(NamedTuple):
+    """Tristimulus values in the scale of the file."""
+
+    X: float
+    Y: float
+    Z: float
+
+
+class RGB(NamedTuple):
+    """Display sRGB, each from 0 to 255 and not rounded."""
+
+    r: float
+    g: float
+    b: float
+
+
+@dataclass(frozen=True)
+class RepeatStats:
+    """How far the repeated measurements of a patch lie apart."""
+
+    count: int
+    """Measurements of this patch, at least 1."""
+    mean: float | None
+    """Mean Delta E*ab (CIE 1976) of all pairs of measurements; None for a single one."""
+    max: float | None
+    """The largest of them."""
+
+
+class Instrument(NamedTuple):
+    """The instrument and how it was used, in the file's own spelling."""
+
+    manufacturer: str | None
+    model: str | None
+    serial_number: str | None
+    geometry: str | None
+    filter: str | None
+    polarization: str | None
+    measurement_source: str | None
+
+
+class Sample(NamedTuple):
+    """What was measured, in the file's own spelling."""
+
+    backing: str | None
+    colorant: str | None
+    manufacturer: str | None
+    material: str | None
+    print_conditions: str | None
+    production_date: str | None
+    serial_number: str | None
+    target_type: str | None
+
+
+def lab_to_srgb(lab: Iterable[float]) -> RGB:
+    """Converts L*, a*, b* (D50) to display sRGB, each clipped to 0 to 255 and not rounded."""
+    values = array("d", lab)
+    if len(values) != 3:
+        raise ValueError("Lab has three numbers")
+    _library.lab_to_srgb(_address(values), _address(values))
+    return RGB(*values)
+
+
+# ---- Patches -----------------------------------------------------------------------------------
+
+
+class Patch:
+    """A row of the file. It holds no values: each is read from the chart when it is asked for."""
+
+    __slots__ = ("_chart", "_position")
+
+    def __init__(self, chart: Chart, position: int) -> None:
+        self._chart = chart
+        self._position = position
+
+    def _data(self) -> _DataSet:
+        return self._chart._open().rows
+
+    @property
+    def index(self) -> int:
+        """Its position among the patches of the chart."""
+        return self._position
+
+    @property
+    def id(self) -> str:
+        """Its identifier; empty when there is none, as name and location."""
+        data = self._data()
+        return _decoded(_library.get_id_from_patch(data.pointer, self._position))
+
+    @property
+    def name(self) -> str:
+        data = self._data()
+        return _decoded(_library.get_name_from_patch(data.pointer, self._position))
+
+    @property
+    def location(self) -> str:
+        data = self._data()
+        return _decoded(_library.get_loc_from_patch(data.pointer, self._position))
+
+    @property
+    def device(self) -> tuple[float, ...] | None:
+        """A value for each channel, mostly 0 to 100 for inks and 0 to 255 for RGB."""
+        return self._data().row("device", self._position)
+
+    @property
+    def xyz(self) -> XYZ | None:
+        values = self._data().row("xyz", self._position)
+        return None if values is None else XYZ(*values)
+
+    @property
+    def lab(self) -> Lab | None:
+        """Lab of the spectrum, else the file's own. XYZ alone does not give Lab."""
+        values = self._data().row("lab", self._position)
+        return None if values is None else Lab(*values)
+
+    @property
+    def spectrum(self) -> tuple[float, ...] | None:
+        """A value for each of the chart's wavelengths."""
+        return self._data().row("spectrum", self._position)
+
+    @property
+    def srgb(self) -> RGB | None:
+        lab = self.lab
+        return None if lab is None else lab_to_srgb(lab)
+
+    @property
+    def hex(self) -> str | None:
+        """The display colour as #RRGGBB."""
+        srgb = self.srgb
+        return None if srgb is None else "#" + "".join(f"{int(value + 0.5):02X}" for value in srgb)
+
+    def __eq__(self, other: object) -> bool:
+        if not isinstance(other, Patch) or type(other) is not type(self):
+            return NotImplemented
+        return self._chart is other._chart and self._position == other._position
+
+    def __hash__(self) -> int:
+        return hash((id(self._chart), self._position))
+
+    def __repr__(self) -> str:
+        return f"<{type(self).__name__} {self._position} of {self._chart.source!r}>"
+
+
+class MergedPatch(Patch):
+    """A patch with all its repeated measurements merged: the rows with the same device values."""
+
+    __slots__ = ()
+
+    def _data(self) -> _DataSet:
+        return self._chart._open().merged
+
+    @property
+    def stats(self) -> RepeatStats | None:
+        """None without Lab and spectra, or without device values to merge by."""
+        handle = self._chart._open().handle
+        stats = _DeStats(repeat_count=-1)
+        _library.get_de_stats_from_index(handle.pointer, self._position, ctypes.byref(stats))
+        if stats.repeat_count < 0:
+            return None
+        if stats.repeat_count < 2:
+            return RepeatStats(1, None, None)
+        return RepeatStats(stats.repeat_count, stats.de_mean, stats.de_max)
+
+
+_P = TypeVar("_P", bound=Patch)
+_S = TypeVar("_S", bound="_PatchSequence[Any]")
+
+
+class _PatchSequence(Sequence[_P]):
+    """A lazy sequence; slices are sequences of the same kind.
+
+    The methods give the values of all its patches at once, one row a patch: an array when numpy is
+    installed, else a list of tuples, and None for what the file does not hold.
+    """
+
+    __slots__ = ("_chart", "_positions")
+    _patch: type[_P]
+
+    def __init__(self, chart: Chart, positions: range) -> None:
+        self._chart = chart
+        self._positions = positions
+
+    def _data(self) -> _DataSet:
+        raise NotImplementedError
+
+    def __len__(self) -> int:
+        self._chart._open()
+        return len(self._positions)
+
+    @overload
+    def __getitem__(self, key: int) -> _P: ...
+
+    @overload
+    def __getitem__(self: _S, key: slice) -> _S: ...
+
+    def __getitem__(self: _S, key: int | slice) -> _P | _S:
+        self._chart._open()
+        if isinstance(key, slice):
+            return type(self)(self._chart, self._positions[key])
+        try:
+            position = self._positions[key]
+        except IndexError:
+            raise IndexError("there is no such patch") from None
+        patch: _P = self._patch(self._chart, position)
+        return patch
+
+    def __iter__(self) -> Iterator[_P]:
+        self._chart._open()
+        return (self._patch(self._chart, position) for position in self._positions)
+
+    def device(self) -> Table | None:
+        """The device values of all patches."""
+        return self._data().table("device", self._positions)
+
+    def xyz(self) -> Table | None:
+        """X, Y, Z of all patches."""
+        return self._data().table("xyz", self._positions)
+
+    def lab(self) -> Table | None:
+        """L*, a*, b* of all patches."""
+        return self._data().table("lab", self._positions)
+
+    def spectra(self) -> Table | None:
+        """The spectra of all patches."""
+        return self._data().table("spectrum", self._positions)
+
+    def srgb(self) -> Table | None:
+        """Display sRGB of all patches, 0 to 255 and not rounded."""
+        data = self._data()
+        if data.widths["lab"] == 0:
+            return None
+        values = _zeros(3 * len(self._positions))
+        data.fill("lab", self._positions, _address(values))
+        for address in _steps(_address(values), 3 * values.itemsize, len(self._positions)):
+            _library.lab_to_srgb(address, address)
+        return _table(values, 3)
+
+    def __repr__(self) -> str:
+        return f"<{type(self).__name__}: {len(self._positions)} of {self._chart.source!r}>"
+
+
+class Patches(_PatchSequence[Patch]):
+    """The patches of a chart in the order of the file."""
+
+    __slots__ = ()
+    _patch = Patch
+
+    def _data(self) -> _DataSet:
+        return self._chart._open().rows
+
+
+class MergedPatches(_PatchSequence[MergedPatch]):
+    """The merged patches of a chart. There are none for a file with densities."""
+
+    __slots__ = ()
+    _patch = MergedPatch
+
+    def _data(self) -> _DataSet:
+        return self._chart._open().merged
+
+
+# ---- Charts ------------------------------------------------------------------------------------
+
+
+class Channel:
+    """A device channel of a chart."""
+
+    __slots__ = ("_chart", "_position")
+
+    def __init__(self, chart: Chart, position: int) -> None:
+        self._chart = chart
+        self._position = position
+
+    @property
+    def name(self) -> str | None:
+        """The ink or colorant; None when nothing names it."""
+        return _text(self._chart._ask(_library.get_device_channel_name, self._position))
+
+    @property
+    def distinct(self) -> list[tuple[float, int]]:
+        """The values that the channel takes, ascending, each with the number of its patches."""
+        ask, channel = self._chart._ask, self._position
+        return [
+            (
+                ask(_library.get_distinct_dev_value, channel, i),
+                ask(_library.get_distinct_dev_value_count, channel, i),
+            )
+            for i in range(ask(_library.num_distinct_dev_values, channel))
+        ]
+
+    @property
+    def wedge(self) -> list[MergedPatch]:
+        """The merged patches in which this channel alone is printed, by ascending value."""
+        ask, channel = self._chart._ask, self._position
+        return [
+            MergedPatch(self._chart, ask(_library.get_wedge_index, channel, step))
+            for step in range(ask(_library.num_wedge_steps, channel))
+        ]
+
+    @property
+    def solid(self) -> MergedPatch | None:
+        """The last step of the wedge when its value is exactly 100."""
+        return self._chart._merged_at(self._chart._ask(_library.get_solid_index, self._position))
+
+    def __repr__(self) -> str:
+        return f"<Channel {self._position} of {self._chart.source!r}>"
+
+
+class Keywords(Mapping[str, List[str]]):
+    """The keywords of a file's header: names, sorted, and for each its values in file order."""
+
+    def __init__(self, entries: Iterable[tuple[str, str]]) -> None:
+        self._values: dict[str, list[str]] = {}
+        for name, value in entries:
+            self._values.setdefault(name, []).append(value)
+
+    def __getitem__(self, name: str) -> list[str]:
+        return list(self._values[name])
+
+    def __iter__(self) -> Iterator[str]:
+        return iter(self._values)
+
+    def __len__(self) -> int:
+        return len(self._values)
+
+    def __contains__(self, name: object) -> bool:
+        return name in self._values
+
+    def names(self) -> list[str]:
+        """The names, each once."""
+        return list(self._values)
+
+    def first(self, name: str) -> str | None:
+        """The first value of a keyword; None when there is no such keyword."""
+        return self._values[name][0] if name in self._values else None
+
+    def __repr__(self) -> str:
+        return f"Keywords({self._values!r})"
+
+
+class _Native(NamedTuple):
+    handle: _Handle
+    rows: _DataSet
+    merged: _DataSet
+
+
+class Chart:
+    """A measurement file that was loaded, see load and load_bytes."""
+
+    def __init__(self, handle: _Handle, source: str, mode: Mode) -> None:
+        merged = ctypes.c_void_p(_library.pass_unique_data(handle.pointer))
+        self._native: _Native | None = _Native(
+            handle, _DataSet(handle, handle.pointer), _DataSet(handle, merged)
+        )
+        self.source = source
+        """The path or name that it was loaded by."""
+        self.mode = mode
+        """How it was read: "measurement" or "table"."""
+
+    def close(self) -> None:
+        """Releases the native data. Whatever is asked afterwards raises ValueError."""
+        self._native = None
+
+    @property
+    def closed(self) -> bool:
+        return self._native is None
+
+    def __enter__(self) -> Chart:
+        self._open()
+        return self
+
+    def __exit__(self, *_: object) -> None:
+        self.close()
+
+    def _open(self) -> _Native:
+        native = self._native
+        if native is None:
+            raise ValueError("the chart is closed")
+        return native
+
+    def _ask(self, function: Callable[..., Any], *arguments: int) -> Any:
+        handle = self._open().handle
+        return function(handle.pointer, *arguments)
+
+    def _merged_at(self, index: int) -> MergedPatch | None:
+        return None if index < 0 else MergedPatch(self, index)
+
+    @property
+    def messages(self) -> list[str]:
+        """What the library has to tell about the file, line by line."""
+        return self._open().handle.messages()
+
+    @property
+    def patches(self) -> Patches:
+        return Patches(self, range(self._open().rows.count))
+
+    @property
+    def merged(self) -> MergedPatches:
+        """The patches with repeated measurements merged."""
+        return MergedPatches(self, range(self._open().merged.count))
+
+    @property
+    def paper_white(self) -> MergedPatch | None:
+        """The merged patch in which every channel is 0."""
+        return self._merged_at(self._ask(_library.get_paperwhite_index))
+
+    @property
+    def channels(self) -> tuple[Channel, ...]:
+        return tuple(Channel(self, i) for i in range(self._ask(_library.num_device_channels)))
+
+    @property
+    def device_space(self) -> Literal["CMYK", "CMY", "RGB"] | None:
+        """None for other channels than these."""
+        if self._ask(_library.dev_is_cmyk):
+            return "CMYK"
+        if self._ask(_library.dev_is_cmy):
+            return "CMY"
+        return "RGB" if self._ask(_library.dev_is_rgb) else None
+
+    @property
+    def holds(self) -> frozenset[str]:
+        """What the file itself gives of its patches: "device", "xyz", "lab", "lch", "spectrum",
+        "id", "name", "location"."""
+        questions = {
+            "device": _library.has_device_data,
+            "xyz": _library.has_xyz_data,
+            "lab": _library.has_lab_data,
+            "lch": _library.has_lch_data,
+            "spectrum": _library.has_spectral_data,
+            "id": _library.has_sample_id_data,
+            "name": _library.has_sample_name_data,
+            "location": _library.has_sample_loc_data,
+        }
+        return frozenset(kind for kind, question in questions.items() if self._ask(question))
+
+    @property
+    def wavelengths(self) -> tuple[float, ...]:
+        """Those of the spectra, nm; empty without spectra. They are spaced evenly from the first to
+        the last, which are all that the library tells."""
+        size = self._ask(_library.spectral_size)
+        start, end = self._ask(_library.spectral_start), self._ask(_library.spectral_end)
+        return tuple(start + i * (end - start) / max(size - 1, 1) for i in range(size))
+
+    @property
+    def keywords(self) -> Keywords:
+        """A copy, which outlives the chart."""
+        ask = self._ask
+        return Keywords(
+            (_decoded(ask(_library.get_keyword, i)), _decoded(ask(_library.get_value, i)))
+            for i in range(ask(_library.num_keywords))
+        )
+
+    @property
+    def instrument(self) -> Instrument:
+        return Instrument(
+            *(_text(self._ask(getattr(_library, "device_" + f))) for f in Instrument._fields)
+        )
+
+    @property
+    def sample(self) -> Sample:
+        return Sample(*(_text(self._ask(getattr(_library, "sample_" + f))) for f in Sample._fields))
+
+    @property
+    def illuminant(self) -> str | None:
+        """The illuminant of the file's colorimetric values, such as "D50"."""
+        return _text(self._ask(_library.illuminant))
+
+    @property
+    def observer(self) -> str | None:
+        """The angle of their observer, such as "2"."""
+        return _text(self._ask(_library.observer))
+
+    @property
+    def density_status(self) -> str | None:
+        """Such as "Status T"."""
+        return _text(self._ask(_library.density_status))
+
+    def __repr__(self) -> str:
+        native = self._native
+        state = "closed" if native is None else f"{native.rows.count} patches"
+        return f"<Chart {self.source!r}: {state}>"
+
+
+# ---- Loading -----------------------------------------------------------------------------------
+
+
+class MeasurementError(Exception):
+    """A file that cannot be read as measurements."""
+
+    def __init__(self, source: str, messages: list[str]) -> None:
+        super().__init__(source, messages)
+        self.source = source
+        self.messages = messages
+        """What the library noticed, line by line."""
+
+    def __str__(self) -> str:
+        return ": ".join([self.source, "; ".join(self.messages) or "no measurements"])
+
+
+def load(path: str | bytes | os.PathLike[str] | os.PathLike[bytes], mode: Mode = "auto") -> Chart:
+    """Loads a file.
+
+    The mode "measurement" reads CGATS.17 / ISO 28178 files and their older form with a
+    seven-character identifier, "table" semicolon-separated tables; "auto" tries the first and, when
+    it fails, takes a table whose columns are known.
+
+    Raises OSError for a file that cannot be opened, MeasurementError for one that cannot be read.
+    """
+    encoded = os.fsencode(path)  # UTF-8 on Windows and macOS, the bytes of the name elsewhere
+    if b"\0" in encoded:
+        raise ValueError("embedded null character")
+    parse = _releasing_library.parse_file
+    try:
+        return _load(lambda handle: parse(handle, encoded), os.fsdecode(path), mode)
+    except MeasurementError:
+        # Pipes and devices are never read, and opening one could block.
+        if os.path.isfile(path) or os.path.isdir(path) or not os.path.exists(path):
+            with open(path, "rb"):
+                pass
+        raise
+
+
+def load_bytes(
+    data: bytes | bytearray | memoryview, name: str | None = None, mode: Mode = "auto"
+) -> Chart:
+    """Loads the contents of a file. The name stands for its path; for the modes see load."""
+    block = data if isinstance(data, bytes) else bytes(memoryview(data))
+    encoded = None if name is None else name.encode("utf-8", "surrogateescape")
+    if encoded is not None and b"\0" in encoded:
+        raise ValueError("embedded null character")
+    parse = _releasing_library.parse_mem
+    source = "<bytes>" if name is None else name
+    return _load(lambda handle: parse(handle, len(block), block, encoded), source, mode)
+
+
+def _load(parse: Callable[[ctypes.c_void_p], Any], source: str, mode: Mode) -> Chart:
+    if mode not in ("auto", "measurement", "table"):
+        raise ValueError("mode must be 'auto', 'measurement' or 'table'")
+    handle = _Handle()
+    if mode != "table":
+        if parse(handle.pointer):
+            return Chart(handle, source, "measurement")
+        if mode == "measurement":
+            raise MeasurementError(source, handle.messages())
+    # Keywords would stay in a handle that is loaded again.
+    table = _Handle()
+    _library.set_parse_mode(table.pointer, 1)
+    if parse(table.pointer) and (mode == "table" or _has_known_columns(table)):
+        return Chart(table, source, "table")
+    raise MeasurementError(source, (table if mode == "table" else handle).messages())
+
+
+def _has_known_columns(table: _Handle) -> bool:
+    """Any text can be read as a table; a table that lacks the first ink still has one channel."""
+    pointer = table.pointer
+    return bool(
+        _library.num_patches(pointer) > 0
+        and (
+            _library.num_device_channels(pointer) == 4
+            or _library.has_color_data(pointer)
+            or _library.has_xyz_data(pointer)
+        )
+    )

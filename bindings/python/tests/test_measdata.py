@@ -1,0 +1,312 @@
+"""Tests of the Python binding; MEASDATA_LIBRARY names the library.
+
+With MEASDATA_TEST_WITHOUT_NUMPY set they run as if numpy were not installed.
+"""
+
+import copy
+import doctest
+import gc
+import importlib.util
+import os
+import pickle
+import re
+import subprocess
+import sys
+import tempfile
+import threading
+import unittest
+from pathlib import Path
+
+BINDING = Path(__file__).resolve().parents[1]
+PROJECT = BINDING.parents[1]
+DATA = PROJECT / "examples" / "data"
+sys.path.insert(0, str(BINDING))
+if os.environ.get("MEASDATA_TEST_WITHOUT_NUMPY"):
+    sys.modules["numpy"] = None
+HAS_NUMPY = "numpy" not in sys.modules and importlib.util.find_spec("numpy") is not None
+
+import build_backend  # noqa: E402
+import measdata  # noqa: E402
+
+
+def chart_of(fields, rows, header=""):
+    columns = f"BEGIN_DATA_FORMAT\n{fields}\nEND_DATA_FORMAT\n"
+    text = f"CGATS.17\n{header}\n{columns}BEGIN_DATA\n{rows}\nEND_DATA\n"
+    return measdata.load_bytes(text.encode("latin-1"))
+
+
+def rows_of(table):
+    return [tuple(row) for row in table]
+
+
+class Declarations(unittest.TestCase):
+    def test_every_function_is_declared_as_the_header_has_it(self):
+        header = (PROJECT / "api" / "measdata.h").read_text()
+        kinds = {"int": "i", "double": "d", "size_t": "n", "void": "v", "char*": "s", "void*": "p"}
+        kinds.update({"void**": "p", "double*": "p", "DeStats*": "p"})
+
+        def kind(declaration):
+            stars = "*" * declaration.count("*")
+            return kinds[re.findall(r"\w+", declaration.replace("const ", ""))[0] + stars]
+
+        expected = {}
+        for result, name, arguments in re.findall(
+            r"MEASDATA_API (.+?)(\w+)\(([^)]*)\) MEASDATA_NOEXCEPT;", header
+        ):
+            listed = [] if arguments == "void" else arguments.split(",")
+            expected[name] = (kind(result), "".join(map(kind, listed)))
+        codes = {measdata._INT: "i", measdata._DOUBLE: "d", measdata._TEXT: "s", None: "v"}
+        codes[measdata.ctypes.c_size_t] = "n"
+        declared = {
+            name: (codes.get(result, "p"), "".join(codes.get(a, "p") for a in arguments))
+            for result, arguments, names in measdata._SIGNATURES
+            for name in names.split()
+        }
+        self.assertEqual(declared, expected)
+        exports = (PROJECT / "api" / "exports.txt").read_text().splitlines()
+        self.assertEqual({name for name in exports if "(" not in name}, set(declared))
+
+    def test_versions_agree(self):
+        self.assertEqual(measdata.__version__, measdata.version)
+
+
+class Values(unittest.TestCase):
+    def test_patches_are_a_sequence(self):
+        patches = chart_of("SAMPLE_ID GRAY", "a 0\nb 50\nc 100").patches
+        self.assertEqual([p.id for p in patches], ["a", "b", "c"])
+        self.assertEqual([p.id for p in patches[1:][::-1]], ["c", "b"])
+        self.assertEqual((len(patches), patches[-1].id, patches[1:][0].id), (3, "c", "b"))
+        self.assertEqual(rows_of(patches[:0:-1].device()), [(100,), (50,)])
+        self.assertIn(patches[1], patches)
+        self.assertEqual(patches.index(patches[1]), 1)
+        for position in (3, -4):
+            with self.assertRaises(IndexError):
+                patches[position]
+
+    def test_what_the_file_lacks_is_none(self):
+        patch = chart_of("XYZ_X XYZ_Y XYZ_Z", "1 2 3").patches[0]
+        self.assertEqual(patch.xyz, (1, 2, 3))
+        for value in (patch.lab, patch.srgb, patch.hex, patch.spectrum, patch.device):
+            self.assertIsNone(value)
+        self.assertEqual((patch.id, patch.name, patch.location), ("", "", ""))
+        chart = chart_of("SAMPLE_ID GRAY", "1 0")
+        self.assertIsNone(chart.merged[0].stats)
+        patches = chart.patches
+        for table in (patches.xyz, patches.lab, patches.srgb, chart.merged.spectra):
+            self.assertIsNone(table())
+        self.assertIsNone(chart_of("GRAY", "5").paper_white)
+        self.assertEqual(chart.wavelengths, ())
+
+    def test_black_is_a_colour(self):
+        patch = chart_of("LAB_L LAB_A LAB_B", "0 0 0").patches[0]
+        self.assertEqual((patch.lab, patch.hex), ((0, 0, 0), "#000000"))
+
+    def test_tables_agree_with_patches(self):
+        chart = measdata.load(DATA / "cmyk-spectral-310.txt")
+        for patches in (chart.patches[5:90], chart.patches[::-3], chart.merged, chart.patches[9:9]):
+            self.assertEqual(rows_of(patches.spectra()), [p.spectrum for p in patches])
+            self.assertEqual(rows_of(patches.lab()), [p.lab for p in patches])
+            self.assertEqual(rows_of(patches.srgb()), [p.srgb for p in patches])
+            self.assertEqual(rows_of(patches.device()), [p.device for p in patches])
+        table = chart.patches.lab()
+        self.assertEqual(type(table).__name__, "ndarray" if HAS_NUMPY else "list")
+
+    def test_a_table_outlives_its_chart(self):
+        chart = chart_of("GRAY", "1\n2")
+        table = chart.patches.device()
+        chart.close()
+        self.assertEqual(rows_of(table), [(1,), (2,)])
+
+    def test_merged_patches(self):
+        fields = "CMYK_C CMYK_M CMYK_Y CMYK_K LAB_L LAB_A LAB_B"
+        rows = "0 0 0 0 90 0 0\n0 0 0 0 93 4 0\n100 0 0 0 50 1 2\n40 0 0 0 70 0 0\n40 9 0 0 60 0 0"
+        chart = chart_of(fields, rows)
+        white = chart.paper_white
+        self.assertEqual((len(chart.merged), white.lab), (4, (91.5, 2, 0)))
+        self.assertEqual(white.stats, measdata.RepeatStats(2, 5.0, 5.0))
+        single = measdata.RepeatStats(1, None, None)
+        cyan = chart.channels[0]
+        self.assertEqual([p.device[0] for p in cyan.wedge], [40, 100])
+        self.assertEqual((cyan.solid, cyan.solid.stats), (cyan.wedge[-1], single))
+        self.assertEqual(cyan.distinct, [(0, 2), (40, 2), (100, 1)])
+        self.assertEqual((chart.device_space, chart.channels[1].solid), ("CMYK", None))
+        # Without any repeat the library gives other numbers for a single measurement.
+        self.assertEqual(chart_of(fields, rows.splitlines()[0]).merged[0].stats, single)
+
+    def test_wavelengths_are_those_of_the_fields(self):
+        names = " ".join(f"SPECTRAL_NM{nm}" for nm in (400, 420, 440))
+        chart = chart_of(names, ".1 .2 .3")
+        self.assertEqual(chart.wavelengths, (400, 420, 440))
+        self.assertEqual(chart.patches[0].spectrum, (0.1, 0.2, 0.3))
+
+    def test_header(self):
+        chart = measdata.load(DATA / "densities.txt")
+        self.assertEqual(chart.instrument[:4], ("Maker", "Model", "42", "45/0"))
+        self.assertEqual((chart.sample.backing, chart.sample.material), ("black", None))
+        self.assertEqual((chart.density_status, chart.illuminant), ("Status T", "D50"))
+        self.assertEqual(chart.messages, ["Averaging of densities not implemented, yet!"])
+
+    def test_keywords_and_encodings(self):
+        twice = 'WEIGHTING_FUNCTION "b"\nWEIGHTING_FUNCTION "a"\n'
+        chart = chart_of("GRAY", "0", twice + 'SERIAL "\xb0"\nMATERIAL "\xc2\xb0"')
+        keywords = chart.keywords
+        self.assertEqual(keywords["WEIGHTING_FUNCTION"], ["b", "a"])
+        self.assertEqual(keywords.names(), ["MATERIAL", "SERIAL", "WEIGHTING_FUNCTION"])
+        self.assertEqual((chart.sample.serial_number, chart.sample.material), ("\xb0", "\xb0"))
+        self.assertEqual((keywords.first("NONE"), "NONE" in keywords), (None, False))
+        with self.assertRaises(KeyError):
+            keywords["NONE"]
+
+    def test_lab_to_srgb(self):
+        self.assertEqual(measdata.lab_to_srgb(iter((0, 0, 0))), (0, 0, 0))
+        for wrong in ((1, 2), (1, 2, 3, 4)):
+            with self.assertRaises(ValueError):
+                measdata.lab_to_srgb(wrong)
+
+
+class Loading(unittest.TestCase):
+    def test_modes(self):
+        table = (DATA / "semicolon-table.csv").read_bytes()
+        for mode in ("auto", "table"):
+            chart = measdata.load_bytes(memoryview(table), mode=mode)
+            self.assertEqual((chart.mode, len(chart.patches)), ("table", 7))
+        for data, mode in ((table, "measurement"), (b"% a;b\n1;2\n", "auto"), (b"", "auto")):
+            with self.assertRaises(measdata.MeasurementError) as failure:
+                measdata.load_bytes(data, name="x.txt", mode=mode)
+            self.assertTrue(failure.exception.messages)
+            self.assertIn("x.txt: ", str(failure.exception))
+            unpickled = pickle.loads(pickle.dumps(failure.exception))
+            self.assertEqual(str(unpickled), str(failure.exception))
+        with self.assertRaises(ValueError):
+            measdata.load_bytes(table, mode="semicolon")
+        for wrong in ("text", 5):
+            with self.assertRaises(TypeError):
+                measdata.load_bytes(wrong)
+
+    def test_files_that_cannot_be_read(self):
+        with tempfile.TemporaryDirectory() as directory:
+            with self.assertRaises(FileNotFoundError):
+                measdata.load(Path(directory) / "none")
+            with self.assertRaises(OSError):
+                measdata.load(directory)
+            letter = Path(directory) / "Gr\xfc\xdfe \u6e2c.txt"
+            letter.write_bytes(b"Hello")
+            with self.assertRaises(measdata.MeasurementError):
+                measdata.load(letter)
+            letter.write_bytes((DATA / "rgb-older-form.txt").read_bytes())
+            self.assertEqual(len(measdata.load(str(letter)).patches), 12)
+            with self.assertRaises(ValueError):
+                measdata.load(f"{letter}\0.txt")  # would name the letter
+            if hasattr(os, "mkfifo"):
+                os.mkfifo(f"{directory}/pipe")
+                with self.assertRaises(measdata.MeasurementError):
+                    measdata.load(f"{directory}/pipe")
+
+
+class Lifetime(unittest.TestCase):
+    def test_a_closed_chart_answers_nothing(self):
+        with chart_of("SAMPLE_ID GRAY LAB_L LAB_A LAB_B", "1 100 1 2 3") as chart:
+            patch, merged, channel = chart.patches[0], chart.merged[0], chart.channels[0]
+            holders = (chart, chart.patches, chart.merged, patch, merged, channel)
+        chart.close()
+        for holder in holders:
+            repr(holder)
+            for name in dir(type(holder)):
+                if isinstance(getattr(type(holder), name), property):
+                    if name not in ("closed", "index"):
+                        with self.subTest(name=name), self.assertRaises(ValueError):
+                            getattr(holder, name)
+        for ask in (chart.__enter__, holders[1].lab, holders[1].__len__, holders[1].__iter__):
+            with self.assertRaises(ValueError):
+                ask()
+
+    def test_patches_keep_their_chart(self):
+        patch = chart_of("SAMPLE_ID GRAY", "1 7").patches[0]
+        gc.collect()
+        self.assertEqual((patch.id, patch.device), ("1", (7,)))
+
+    def test_no_second_owner_of_the_native_data(self):
+        chart = chart_of("GRAY", "7")
+        with self.assertRaises((TypeError, ValueError)):
+            copy.deepcopy(chart)
+        copy.copy(chart).close()
+        self.assertEqual(chart.patches[0].device, (7,))
+
+    def test_closing_while_others_ask(self):
+        for _ in range(20):
+            chart = measdata.load(DATA / "cmyk-spectral-310.txt")
+            seen = []
+
+            def ask(chart=chart, seen=seen):
+                try:
+                    while True:
+                        seen.append(len(chart.patches.spectra()))
+                except ValueError:
+                    seen.append("closed")
+
+            threads = [threading.Thread(target=ask) for _ in range(2)]
+            for thread in threads:
+                thread.start()
+            while not seen:
+                pass
+            chart.close()
+            for thread in threads:
+                thread.join()
+            self.assertEqual((set(seen), seen.count("closed")), ({310, "closed"}, 2))
+
+
+def run_python(code, **environment):
+    return subprocess.run(
+        [sys.executable, "-B", "-W", "error", "-c", code],
+        env={**os.environ, "PYTHONPATH": str(BINDING), **environment},
+        cwd=DATA,
+        capture_output=True,
+        text=True,
+    )
+
+
+class Interpreter(unittest.TestCase):
+    def test_end_with_open_charts(self):
+        code = f"import measdata; c = measdata.load({str(DATA / 'rgb-older-form.txt')!r}); c.me = c"
+        ended = run_python(code)
+        self.assertEqual((ended.returncode, ended.stderr), (0, ""))
+
+    def test_a_missing_library_is_told(self):
+        for wrong in ("/no/such/library.so", measdata.ctypes.util.find_library("c") or "libc.so.6"):
+            ended = run_python("import measdata", MEASDATA_LIBRARY=wrong)
+            self.assertIn("OSError: the measdata library cannot be loaded", ended.stderr)
+            self.assertIn(wrong, ended.stderr)
+
+    def test_wheel(self):
+        with tempfile.TemporaryDirectory() as directory:
+            wheel = str(Path(directory) / build_backend.build_wheel(directory))
+            code = "import measdata as b, importlib.metadata as m; print(m.version('measdata'), b)"
+            ended = run_python(code, PYTHONPATH=wheel)
+            self.assertEqual(ended.stderr, "")
+            self.assertEqual(ended.stdout.split()[0], measdata.version)
+            self.assertIn(wheel, ended.stdout)
+
+
+class MarkdownParser(doctest.DocTestParser):
+    """Code fences end the expected output."""
+
+    def parse(self, string, name="<string>"):
+        return super().parse(string.replace("```", ""), name)
+
+
+def load_tests(loader, tests, pattern):
+    here = os.getcwd()
+    tests.addTests(
+        doctest.DocFileSuite(
+            str(BINDING / "README.md"),
+            module_relative=False,
+            parser=MarkdownParser(),
+            setUp=lambda test: os.chdir(DATA),
+            tearDown=lambda test: os.chdir(here),
+        )
+    )
+    return tests
+
+
+if __name__ == "__main__":
+    unittest.main()
