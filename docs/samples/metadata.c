@@ -12,7 +12,7 @@ int main(int argc, char** argv) {
   if (argc != 2) return 2;
   void* parser = init_parser();
   const int is_loaded = parse_file(parser, argv[1]);
-  /* [print] */
+  /* [ask] */
   print("maker", device_manufacturer(parser));
   print("model", device_model(parser));
   print("serial number", device_serial_number(parser));
@@ -24,7 +24,7 @@ int main(int argc, char** argv) {
   print("density", density_status(parser));
   print("backing", sample_backing(parser));
   print("date", sample_production_date(parser));
-  /* [print] */
+  /* [ask] */
   cleanup_parser(&parser);
   return is_loaded ? 0 : 1;
 }

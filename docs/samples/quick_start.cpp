@@ -24,6 +24,7 @@ Parser load(const char* path) {
 }
 // [handle]
 
+// [main]
 int main(int argc, char** argv) {
   if (argc != 2) return 2;
   try {
@@ -42,3 +43,4 @@ int main(int argc, char** argv) {
     return 1;
   }
 }
+// [main]

@@ -30,8 +30,8 @@ TEST(GuideFiles, ExampleFilesGiveWhatIsSaid) {
        "Overwriting keyword 'SERIAL'\n"
        "In DATA block : line 10 has 3 fields, but 4 are required!\n"},
       {"table.csv", 1, 1, 3, 3, 4, ""},
-      {"table.csv", 0, 0, 0, 0, 0, "EOF, but no DATA found!\n"},
-      {"chart.txt", 1, 1, 0, 0, 1, ""},
+      {"table.csv", 0, 0, 0, 0, 0, "Overwriting keyword '%'\nEOF, but no DATA found!\n"},
+      {"chart.txt", 1, 1, 16, 16, 1, ""},
   };
   for (const auto& c : cases) {
     const test::Handle file;

@@ -61,7 +61,7 @@ std::set<std::string> patterns_of_sources() {
 }  // namespace
 
 std::vector<Row> rows_of_page() {
-  static const std::regex row(R"re(\n\| `([^`]+)` \| ([^|]+) \|)re");
+  static const std::regex row(R"re(\n\| `+([^`]+)`+ \| ([^|]+) \|)re");
   std::vector<Row> rows;
   const std::string page = text_of(std::filesystem::path(SOURCES) / "docs/guide/messages.md");
   for (const std::smatch& match : all_matches(page, row)) rows.push_back({match[1], match[2]});
