@@ -82,13 +82,16 @@ TEST(GuideMessages, FilesThatCannotBeRead) {
   std::filesystem::remove(empty);
 }
 
-// Only the full-tone colour leaves the patches when a load fails for it.
+// Only the full-tone colour leaves the patches when a load fails for it, but neither names of
+// channels nor keywords.
 TEST(GuideMessages, FailuresThatLeaveThePatches) {
   for (const Trigger& trigger : kTriggers) {
     const test::Loaded file(trigger.text);
     if (file.result == 1) continue;
     const bool is_full_tone = trigger.messages.find("stod") != std::string::npos;
     EXPECT_EQ(num_patches(file), is_full_tone ? 1 : 0) << trigger.text;
+    EXPECT_EQ(get_device_channel_name(file, 0), nullptr) << trigger.text;
+    EXPECT_EQ(num_keywords(file), 0) << trigger.text;
   }
 }
 
