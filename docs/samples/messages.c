@@ -4,6 +4,7 @@
 
 int main(int argc, char** argv) {
   void* parser = init_parser();
+  if (!parser) return 1;
   for (int i = 1; i < argc; ++i) {
     /* [load] */
     const int is_loaded = parse_file(parser, argv[i]);

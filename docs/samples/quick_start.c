@@ -5,6 +5,7 @@
 int main(int argc, char** argv) {
   if (argc != 2) return 2;
   void* parser = init_parser();
+  if (!parser) return 1; /* no memory */
   if (!parse_file(parser, argv[1])) {
     fputs(parse_messages(parser), stderr);
     cleanup_parser(&parser);

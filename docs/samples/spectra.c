@@ -5,6 +5,7 @@
 int main(int argc, char** argv) {
   if (argc != 2) return 2;
   void* parser = init_parser();
+  if (!parser) return 1;
   const int is_loaded = parse_file(parser, argv[1]);
   /* [wavelengths] */
   printf("%.0f to %.0f nm by %.0f nm, %d values\n", spectral_start(parser), spectral_end(parser),
