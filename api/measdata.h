@@ -1,29 +1,30 @@
-/* measdata: reads colour-measurement files and answers questions about them.
+/** @file
+ *  measdata: reads colour-measurement files and answers questions about them.
  *
- * What holds for every function:
+ *  What holds for every function:
  *
- * 1. Handles. init_parser makes a handle, cleanup_parser releases it. In between it can be loaded
- *    again and again; each load replaces the file before. Before the first load and after a failed
- *    one there are no patches and no channels. (Keywords stay, see there. And a load that fails
- * only for a full-tone colour in the keywords, which is told, leaves the patches.)
- * 2. Null. A null handle never crashes: counts, yes/no answers and numbers are 0, strings are null
- *    or, where said, empty, indices are -1, arrays of the caller stay untouched. A null name finds
- *    nothing.
- * 3. Positions. Patches, channels and steps are counted from 0. A position that does not exist,
- *    negative ones included, is answered like data that the file does not hold.
- * 4. Strings and arrays that a function returns belong to the library. They are valid until the
- *    next load of the handle or its release, or for less time where that is said, and must not be
- *    freed. Strings are bytes of the file, in whatever encoding it has, and end with a zero byte.
- * 5. Arrays that a function fills belong to the caller and must have the size that is said.
- * 6. Errors. A load tells success by its result and everything else by parse_messages. No C++
- *    exception leaves the library.
- * 7. Threads. One handle must not be used by two threads at once. Different handles are
- *    independent. The library keeps no global state and starts no threads.
- * 8. Patches and indices. A "patch" is a row of the file; functions named ..._from_patch take one.
- *    An "index" is a patch with all its repeated measurements merged: rows with the same device
- *    values. Functions named ..._from_index take one; paper white, wedges and solids are indices.
- * 9. Numbers. Lab is CIELAB, L* from 0 to 100; XYZ has Y = 100 for the white where the library
- *    computes it; wavelengths are nanometres; measured values are given as they stand in the file.
+ *  1. Handles. init_parser makes a handle, cleanup_parser releases it. In between it can be loaded
+ *     again and again; each load replaces the file before. Before the first load and after a failed
+ *     one there are no patches and no channels. (Keywords stay, see there. And a load that fails
+ *     only for a full-tone colour in the keywords, which is told, leaves the patches.)
+ *  2. Null. A null handle never crashes: counts, yes/no answers and numbers are 0, strings are null
+ *     or, where said, empty, indices are -1, arrays of the caller stay untouched. A null name finds
+ *     nothing.
+ *  3. Positions. Patches, channels and steps are counted from 0. A position that does not exist,
+ *     negative ones included, is answered like data that the file does not hold.
+ *  4. Strings and arrays that a function returns belong to the library. They are valid until the
+ *     next load of the handle or its release, or for less time where that is said, and must not be
+ *     freed. Strings are bytes of the file, in whatever encoding it has, and end with a zero byte.
+ *  5. Arrays that a function fills belong to the caller and must have the size that is said.
+ *  6. Errors. A load tells success by its result and everything else by parse_messages. No C++
+ *     exception leaves the library.
+ *  7. Threads. One handle must not be used by two threads at once. Different handles are
+ *     independent. The library keeps no global state and starts no threads.
+ *  8. Patches and indices. A "patch" is a row of the file; functions named ..._from_patch take one.
+ *     An "index" is a patch with all its repeated measurements merged: rows with the same device
+ *     values. Functions named ..._from_index take one; paper white, wedges and solids are indices.
+ *  9. Numbers. Lab is CIELAB, L* from 0 to 100; XYZ has Y = 100 for the white where the library
+ *     computes it; wavelengths are nanometres; measured values are given as they stand in the file.
  */
 #ifndef MEASDATA_H
 #define MEASDATA_H
@@ -50,13 +51,14 @@ extern "C" {
 #define MEASDATA_NOEXCEPT
 #endif
 
-/* ---- Handles and loading ---------------------------------------------------------------- */
+/** @defgroup loading Handles and loading
+ *  @{ */
 
 /** A new handle; null when there is no memory for it. Release it with cleanup_parser. */
 MEASDATA_API void* init_parser(void) MEASDATA_NOEXCEPT;
 
-/** Releases *handle with all that it holds and sets *handle to null. Does nothing when `handle` or
- *  *handle is null. */
+/** Releases `*handle` with all that it holds and sets `*handle` to null. Does nothing when `handle`
+ *  or `*handle` is null. */
 MEASDATA_API void cleanup_parser(void** handle) MEASDATA_NOEXCEPT;
 
 /** Loads the file named by a UTF-8 path. 1 on success, 0 on failure; parse_messages tells why. Only
@@ -78,15 +80,15 @@ MEASDATA_API void set_parse_mode(void* handle, int mode) MEASDATA_NOEXCEPT;
 MEASDATA_API int get_parse_mode(void* handle) MEASDATA_NOEXCEPT;
 
 /** What is to be told about the last load: lines of English text, or an empty string. After a
- * failed load it is all that was noticed in the file, names from it spliced in as they are; after a
- *  successful one only what bears on the answers. Null for a null handle. */
+ *  failed load it is all that was noticed in the file, names from it spliced in as they are;
+ *  after a successful one only what bears on the answers. Null for a null handle. */
 MEASDATA_API const char* parse_messages(void* handle) MEASDATA_NOEXCEPT;
 
-/** The merged patches of the handle, for the functions that read no more than one set of patches:
- * they take this pointer in place of a handle and answer for the merged patches, whose positions
- * are indices. These are num_patches, num_device_channels, has_device_data and the other
- * has_..._data, the spectral_... and the ..._from_patch functions. All others need the handle
- * itself. The pointer is valid as long as the handle and must not be released. */
+/** The merged patches of the handle, for the functions that read no more than one set of
+ *  patches: they take this pointer in place of a handle and answer for the merged patches, whose
+ *  positions are indices. These are num_patches, num_device_channels, has_device_data and the
+ *  other has_..._data, the spectral_... and the ..._from_patch functions. All others need the
+ *  handle itself. The pointer is valid as long as the handle and must not be released. */
 MEASDATA_API void* pass_unique_data(void* handle) MEASDATA_NOEXCEPT;
 
 /** The version of the library, "major.minor.bugfix", and its parts. */
@@ -95,7 +97,10 @@ MEASDATA_API int parser_version_major(void) MEASDATA_NOEXCEPT;
 MEASDATA_API int parser_version_minor(void) MEASDATA_NOEXCEPT;
 MEASDATA_API int parser_version_bugfix(void) MEASDATA_NOEXCEPT;
 
-/* ---- What the file holds ---------------------------------------------------------------- */
+/** @} */
+
+/** @defgroup contents What the file holds
+ *  @{ */
 
 /** The number of patches: one a row of the file. */
 MEASDATA_API int num_patches(void* handle) MEASDATA_NOEXCEPT;
@@ -124,7 +129,10 @@ MEASDATA_API int dev_is_cmyk(void* handle) MEASDATA_NOEXCEPT;
 MEASDATA_API int dev_is_cmy(void* handle) MEASDATA_NOEXCEPT;
 MEASDATA_API int dev_is_rgb(void* handle) MEASDATA_NOEXCEPT;
 
-/* ---- The wavelengths of the spectra ----------------------------------------------------- */
+/** @} */
+
+/** @defgroup wavelengths The wavelengths of the spectra
+ *  @{ */
 
 /** First and last wavelength, nm; 0.0 without spectra. */
 MEASDATA_API double spectral_start(void* handle) MEASDATA_NOEXCEPT;
@@ -136,7 +144,10 @@ MEASDATA_API double spectral_step(void* handle) MEASDATA_NOEXCEPT;
 /** Number of wavelengths, which is the number of values in a spectrum. */
 MEASDATA_API int spectral_size(void* handle) MEASDATA_NOEXCEPT;
 
-/* ---- One patch ---------------------------------------------------------------------------- */
+/** @} */
+
+/** @defgroup patch One patch
+ *  @{ */
 
 /** Identifier, location and name of a patch as the file gives them. An empty string, never null,
  *  when there is none. */
@@ -151,18 +162,22 @@ MEASDATA_API void get_dev_from_patch(void* handle, int patch, double* out) MEASD
 /** Writes X, Y, Z of a patch as the file gives them: 3 numbers, in the file's own scale. */
 MEASDATA_API void get_xyz_from_patch(void* handle, int patch, double* out) MEASDATA_NOEXCEPT;
 
-/** Writes L*, a*, b* of a patch: 3 numbers. They are computed from the spectrum when the file has
- *  spectra (ASTM E308 weighting tables, D50, 2 degrees); else they are the file's own. Spectra that
- *  no weighting table fits (not at 10 or 20 nm, or not from 460 nm or less to 680 nm or more) give
- * way to the file's own Lab or, without it, are integrated with the CIE 1931 colour-matching
- * functions. Writes nothing when has_color_data is 0 or none of this can be had. */
+/** Writes L*, a*, b* of a patch: 3 numbers. They are computed from the spectrum when the file
+ *  has spectra (ASTM E308 weighting tables, D50, 2 degrees); else they are the file's own.
+ *  Spectra that no weighting table fits (not at 10 or 20 nm, or not from 460 nm or less to 680
+ *  nm or more) give way to the file's own Lab or, without it, are integrated with the CIE 1931
+ *  colour-matching functions. Writes nothing when has_color_data is 0 or none of this can be
+ *  had. */
 MEASDATA_API void get_lab_from_patch(void* handle, int patch, double* out) MEASDATA_NOEXCEPT;
 
 /** The spectrum of a patch, spectral_size numbers as they stand in the file, in the order of the
  *  wavelengths. Null when there is none. */
 MEASDATA_API const double* get_spectrum_from_patch(void* handle, int patch) MEASDATA_NOEXCEPT;
 
-/* ---- Merged patches ------------------------------------------------------------------------ */
+/** @} */
+
+/** @defgroup merged Merged patches
+ *  @{ */
 
 /** How far the repeated measurements of a merged patch lie apart. */
 typedef struct DeStats {
@@ -173,7 +188,7 @@ typedef struct DeStats {
 } DeStats;
 
 /** The number of merged patches. 0 for a file with densities, which are not merged yet. Without
- * device values nothing is merged: every patch is an index. */
+ *  device values nothing is merged: every patch is an index. */
 MEASDATA_API int num_indices(void* handle) MEASDATA_NOEXCEPT;
 
 /** The name of a merged patch: that of its first measurement. Empty, never null, without one. */
@@ -183,28 +198,31 @@ MEASDATA_API const char* get_name_from_index(void* handle, int index) MEASDATA_N
 MEASDATA_API void get_dev_from_index(void* handle, int index, double* out) MEASDATA_NOEXCEPT;
 
 /** Writes L*, a*, b* of a merged patch: 3 numbers, as get_lab_from_patch does, from the mean
- * spectrum or the mean Lab of its measurements. */
+ *  spectrum or the mean Lab of its measurements. */
 MEASDATA_API void get_lab_from_index(void* handle, int index, double* out) MEASDATA_NOEXCEPT;
 
 /** The spectrum of a merged patch, the mean of its measurements: spectral_size numbers. Null when
  *  there is none. */
 MEASDATA_API const double* get_spectrum_from_index(void* handle, int index) MEASDATA_NOEXCEPT;
 
-/** Fills the statistics of a merged patch. Lab of the measurements comes from their spectra or from
- * the file, as for get_lab_from_patch. Leaves the record untouched when has_color_data is 0 or the
- * file has no device values to merge by. */
+/** Fills the statistics of a merged patch. Lab of the measurements comes from their spectra or
+ *  from the file, as for get_lab_from_patch. Leaves the record untouched when has_color_data is
+ *  0 or the file has no device values to merge by. */
 MEASDATA_API void get_de_stats_from_index(void* handle, int index, DeStats* out) MEASDATA_NOEXCEPT;
 
 /** The index of the paper white, in which every channel is 0; -1 when there is none. */
 MEASDATA_API int get_paperwhite_index(void* handle) MEASDATA_NOEXCEPT;
 
-/* ---- Device channels ------------------------------------------------------------------------ */
+/** @} */
+
+/** @defgroup channels Device channels
+ *  @{ */
 
 /** The name of the ink or colorant of a channel; null when nothing names it. */
 MEASDATA_API const char* get_device_channel_name(void* handle, int channel) MEASDATA_NOEXCEPT;
 
-/** How many distinct values a channel takes over all patches, the i-th of them in ascending order,
- * and how many patches have it. 0 for a bad channel or i. */
+/** How many distinct values a channel takes over all patches, the i-th of them in ascending
+ *  order, and how many patches have it. 0 for a bad channel or i. */
 MEASDATA_API int num_distinct_dev_values(void* handle, int channel) MEASDATA_NOEXCEPT;
 MEASDATA_API double get_distinct_dev_value(void* handle, int channel, int i) MEASDATA_NOEXCEPT;
 MEASDATA_API int get_distinct_dev_value_count(void* handle, int channel, int i) MEASDATA_NOEXCEPT;
@@ -216,16 +234,19 @@ MEASDATA_API int num_wedge_steps(void* handle, int channel) MEASDATA_NOEXCEPT;
 MEASDATA_API int get_wedge_index(void* handle, int channel, int step) MEASDATA_NOEXCEPT;
 
 /** The index of a channel's solid, the last step of its wedge when its value is exactly 100; -1
- * when there is none. */
+ *  when there is none. */
 MEASDATA_API int get_solid_index(void* handle, int channel) MEASDATA_NOEXCEPT;
 
-/* ---- Keywords --------------------------------------------------------------------------------
+/** @} */
+
+/** @defgroup keywords Keywords
  *
- * The keywords of the file's header. They stay when the handle is loaded again: those of a later
- * file stand behind equal ones of an earlier file. Load each file into a fresh handle to have its
- * own alone. Names are compared byte for byte. Several WEIGHTING_FUNCTION lines of a file are
- * several values of one keyword; COMPUTATIONAL_PARAMETER lines are found under
- * "COMPUTATIONAL_PARAMETERS". */
+ *  The keywords of the file's header. They stay when the handle is loaded again: those of a later
+ *  file stand behind equal ones of an earlier file. Load each file into a fresh handle to have its
+ *  own alone. Names are compared byte for byte. Several WEIGHTING_FUNCTION lines of a file are
+ *  several values of one keyword; COMPUTATIONAL_PARAMETER lines are found under
+ *  "COMPUTATIONAL_PARAMETERS".
+ *  @{ */
 
 /** 1 when there is such a keyword, else 0. */
 MEASDATA_API int has_keyword(void* handle, const char* name) MEASDATA_NOEXCEPT;
@@ -234,7 +255,7 @@ MEASDATA_API int has_keyword(void* handle, const char* name) MEASDATA_NOEXCEPT;
 MEASDATA_API int num_keyword_values(void* handle, const char* name) MEASDATA_NOEXCEPT;
 
 /** The first value of a keyword, or the i-th; null when there is none. Mind the order of the
- * arguments. */
+ *  arguments. */
 MEASDATA_API const char* get_value_of_keyword(void* handle, const char* name) MEASDATA_NOEXCEPT;
 MEASDATA_API const char* get_ith_value_of_keyword(void* handle, int i,
                                                   const char* name) MEASDATA_NOEXCEPT;
@@ -243,19 +264,22 @@ MEASDATA_API const char* get_ith_value_of_keyword(void* handle, int i,
 MEASDATA_API int num_keywords(void* handle) MEASDATA_NOEXCEPT;
 
 /** Name and value of the i-th entry: by name, and for equal names in the order of loading. An i
- * below 0 counts as 0; null beyond the last entry. */
+ *  below 0 counts as 0; null beyond the last entry. */
 MEASDATA_API const char* get_keyword(void* handle, int i) MEASDATA_NOEXCEPT;
 MEASDATA_API const char* get_value(void* handle, int i) MEASDATA_NOEXCEPT;
 
 /** The value of the file's keyword COPYRIGHT, null without it: it is not about the library. */
 MEASDATA_API const char* copyright(void* handle) MEASDATA_NOEXCEPT;
 
-/* ---- Instrument and sample --------------------------------------------------------------------
+/** @} */
+
+/** @defgroup instrument Instrument and sample
  *
- * Each answer is the value of the keyword that is meant for it or, where the file lacks it, found
- * in the free text of INSTRUMENTATION (I) or MEASUREMENT_SOURCE (M). Null when the file does not
- * tell. The text is the file's own spelling. It is valid only until the next call of one of these
- * functions on the same handle. */
+ *  Each answer is the value of the keyword that is meant for it or, where the file lacks it, found
+ *  in the free text of INSTRUMENTATION (I) or MEASUREMENT_SOURCE (M). Null when the file does not
+ *  tell. The text is the file's own spelling. It is valid only until the next call of one of these
+ *  functions on the same handle.
+ *  @{ */
 
 /** Maker, model and serial number of the instrument (I). */
 MEASDATA_API const char* device_manufacturer(void* handle) MEASDATA_NOEXCEPT;
@@ -278,8 +302,8 @@ MEASDATA_API const char* device_measurement_source(void* handle) MEASDATA_NOEXCE
 MEASDATA_API const char* density_status(void* handle) MEASDATA_NOEXCEPT;
 
 /** The illuminant, such as "D50", and the angle of the observer, such as "2", of the file's
- * colorimetric values: from WEIGHTING_FUNCTION, ILLUMINANT or ILLUMINATION_NAME, OBSERVER or
- * OBSERVER_ANGLE, (M), (I), the first that tells. */
+ *  colorimetric values: from WEIGHTING_FUNCTION, ILLUMINANT or ILLUMINATION_NAME, OBSERVER or
+ *  OBSERVER_ANGLE, (M), (I), the first that tells. */
 MEASDATA_API const char* illuminant(void* handle) MEASDATA_NOEXCEPT;
 MEASDATA_API const char* observer(void* handle) MEASDATA_NOEXCEPT;
 
@@ -295,11 +319,16 @@ MEASDATA_API const char* sample_production_date(void* handle) MEASDATA_NOEXCEPT;
 MEASDATA_API const char* sample_serial_number(void* handle) MEASDATA_NOEXCEPT;
 MEASDATA_API const char* sample_target_type(void* handle) MEASDATA_NOEXCEPT;
 
-/* ---- Conversion --------------------------------------------------------------------------- */
+/** @} */
+
+/** @defgroup conversion Conversion
+ *  @{ */
 
 /** Converts L*, a*, b* (D50) to display sRGB: 3 numbers from 0 to 255, not rounded, each clipped to
  *  that range. Does nothing when a pointer is null; both may be the same. */
 MEASDATA_API void lab_to_srgb(const double* lab, double* rgb) MEASDATA_NOEXCEPT;
+
+/** @} */
 
 #ifdef __cplusplus
 }
