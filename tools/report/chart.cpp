@@ -24,12 +24,12 @@ constexpr std::size_t kShortName = 12;
 constexpr std::size_t kLongName = 60;
 constexpr std::size_t kLongValue = 1000;
 
-std::string colour_of(const std::optional<Triple>& lab) {
-  return lab ? hex_colour(*lab).value_or("") : "";
-}
-
 bool is_drawable_lab(const std::optional<Triple>& lab) {
   return lab && std::ranges::all_of(*lab, is_drawable);
+}
+
+std::string colour_of(const std::optional<Triple>& lab) {
+  return is_drawable_lab(lab) ? hex_colour(*lab).value_or("") : "";
 }
 
 // Identifier and, where there is more to tell, name or location.
@@ -109,7 +109,7 @@ void gather_patches(Chart& chart, void* handle) {
     patch.colour = colour_of(patch.values.lab);
     patch.label = label_of(patch.values);
     if (patch.label.empty()) patch.label = "patch " + std::to_string(i + 1);
-    if (!is_drawable_lab(patch.values.lab)) patch.values.lab.reset();
+    if (patch.colour.empty()) patch.values.lab.reset();
     chart.patches.push_back(std::move(patch));
   }
 }
@@ -130,8 +130,9 @@ std::vector<WedgeStep> wedge_of(const Channel& channel, std::size_t position, vo
   std::vector<WedgeStep> steps;
   for (std::size_t i = 0; i < indices.size(); i += stride) {
     const Patch patch = merged_patch_at(handle, indices[i]);
-    if (!is_drawable(patch.device[position]) || !is_drawable_lab(patch.lab)) continue;
-    steps.push_back({patch.device[position], *patch.lab, colour_of(patch.lab)});
+    const std::string colour = colour_of(patch.lab);
+    if (colour.empty() || !is_drawable(patch.device[position])) continue;
+    steps.push_back({patch.device[position], *patch.lab, colour});
   }
   return steps;
 }
@@ -139,9 +140,7 @@ std::vector<WedgeStep> wedge_of(const Channel& channel, std::size_t position, vo
 void add_landmark(Chart& chart, void* handle, int index, std::string name) {
   ColouredPatch patch = {merged_patch_at(handle, index), "", std::move(name)};
   patch.colour = colour_of(patch.values.lab);
-  if (!patch.colour.empty() && is_drawable_lab(patch.values.lab)) {
-    chart.landmarks.push_back(std::move(patch));
-  }
+  if (!patch.colour.empty()) chart.landmarks.push_back(std::move(patch));
 }
 
 void gather_channels(Chart& chart, void* handle) {

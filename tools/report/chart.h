@@ -16,8 +16,8 @@ struct Entry {
   std::string name, value;
 };
 
-/// A patch with its colour as #RRGGBB, empty where the file tells none, and what to call it, which
-/// is safe to stand in HTML.
+/// A patch with its colour as #RRGGBB, empty where the file tells none and Lab is missing then, and
+/// what to call it, which is safe to stand in HTML.
 struct ColouredPatch {
   Patch values;
   std::string colour, label;

@@ -35,7 +35,8 @@ ColourAxes axes_over(Charts charts) {
       lightnesses.add(lab[0]);
     }
   }
-  return {axis_over(-opponents.high(), opponents.high(), 12), axis_over(0.0, chromas.high(), 7),
+  const int steps = half_width(charts) < 450.0 ? 6 : 12;
+  return {axis_over(-opponents.high(), opponents.high(), steps), axis_over(0.0, chromas.high(), 7),
           axis_over(lightnesses.low(), lightnesses.high(), 10)};
 }
 
@@ -50,7 +51,7 @@ void draw_patches(Plot& plot, const Chart& chart, Position position_of) {
   const double radius = dot_radius(chart.patches.size());
   plot.draw("<g class=\"dots\">\n");
   for (const ColouredPatch& patch : chart.patches) {
-    if (!patch.values.lab || patch.colour.empty()) continue;
+    if (!patch.values.lab) continue;
     const auto [x, y] = position_of(*patch.values.lab);
     plot.draw_dot(x, y, radius, patch.colour, patch.label);
   }
@@ -66,7 +67,7 @@ void draw_opponent_lines(Plot& plot, const Axis& axis) {
   cross.add(plot.x(0.0), plot.top());
   cross.add(plot.x(0.0), plot.bottom());
   plot.draw("<path class=\"zero\" d=\"" + cross.data() + "\"/>\n");
-  const double ring = axis.step * std::max(1.0, std::round(axis.last / axis.step / 2.0));
+  const double ring = axis.last / axis.step > 4.0 ? 2.0 * axis.step : axis.step;
   for (double chroma = ring; chroma <= axis.last; chroma += ring) {
     plot.draw("<circle class=\"zero\" cx=\"" + coordinate(plot.x(0.0)) + "\" cy=\"" +
               coordinate(plot.y(0.0)) + "\" r=\"" + coordinate(plot.x(chroma) - plot.x(0.0)) +

@@ -48,6 +48,11 @@ SpectraAxes axes_over(Charts charts) {
           {axis_over(percents.low(), percents.high(), 6), "reflectance, %"}};
 }
 
+const char* density_class(std::size_t spectra) {
+  if (spectra <= 60) return "few";
+  return spectra <= 600 ? "some" : "many";
+}
+
 std::string spectra_of(const Chart& chart, Charts charts, const SpectraAxes& axes) {
   if (chart.wavelengths.size() < 2) return "";
   Plot plot({full_width(charts), charts.size() == 1 ? 430.0 : 340.0}, axes.wavelength,
@@ -55,7 +60,7 @@ std::string spectra_of(const Chart& chart, Charts charts, const SpectraAxes& axe
   const double factor = percent_factor(chart);
   const std::size_t most = std::max<std::size_t>(kMostPoints / chart.wavelengths.size(), 1);
   const std::size_t shown = std::min(most, chart.patches.size());
-  plot.draw(std::string("<g class=\"spectra ") + (shown > 600 ? "many" : "few") + "\">\n");
+  plot.draw(std::string("<g class=\"spectra ") + density_class(shown) + "\">\n");
   for (std::size_t i = 0; i < shown; ++i) {
     const ColouredPatch& patch = chart.patches[i];
     SvgPath path;
@@ -74,6 +79,7 @@ std::string spectra_of(const Chart& chart, Charts charts, const SpectraAxes& axe
   }
   plot.draw("</g>\n");
   std::string html = std::move(plot).finish();
+  if (charts.size() == 1) html = "<div class=\"wide\">\n" + html + "</div>\n";
   if (shown < chart.patches.size()) {
     html += "<p class=\"note\">The spectra of the first " + grouped(shown) + " patches.</p>\n";
   }

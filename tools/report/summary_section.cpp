@@ -16,7 +16,7 @@ std::string key_figures(const Chart& chart) {
       "<ul class=\"key-figures\">\n" +
       key_figure(grouped(chart.patch_count), chart.patch_count == 1 ? "patch" : "patches");
   if (chart.merged_count != 0 && chart.merged_count != chart.patch_count) {
-    html += key_figure(grouped(chart.merged_count), "of them different");
+    html += key_figure(grouped(chart.merged_count), "different");
   }
   if (!chart.device_space.empty()) {
     const std::size_t blank = chart.device_space.find(' ');
@@ -29,7 +29,7 @@ std::string key_figures(const Chart& chart) {
   }
   if (!chart.repeats.empty()) {
     html += key_figure(decimal(chart.repeats.front().de_max, 2),
-                       "\u0394E*<sub>ab</sub> between repeats at most");
+                       "largest \u0394E*<sub>ab</sub> of repeats");
   }
   return html + "</ul>\n";
 }

@@ -11,8 +11,9 @@ constexpr std::size_t kMostValues = 64;
 
 std::string values_of(const ChartChannel& channel) {
   const std::size_t total = channel.distinct_values.size();
-  std::string html = "<dt>" + colour_field(channel.colour) + channel.name + " <small>" +
-                     grouped(total) + (total == 1 ? " value" : " values") + "</small></dt>\n<dd>";
+  std::string html = "<dt>" + (channel.colour.empty() ? "" : colour_field(channel.colour)) +
+                     channel.name + " <small>" + grouped(total) +
+                     (total == 1 ? " value" : " values") + "</small></dt>\n<dd>";
   for (std::size_t i = 0; i < std::min(total, kMostValues); ++i) {
     const DistinctValue& distinct = channel.distinct_values[i];
     html += "<span>" + shortest(distinct.value) + "<small>\u00D7" +

@@ -21,6 +21,8 @@ double chroma_of(const Triple& lab) { return std::hypot(lab[1], lab[2]); }
 
 enum class Kind { lightness, chroma };
 
+Measure measure_of(Kind kind) { return kind == Kind::lightness ? lightness_of : chroma_of; }
+
 bool is_shown(const ChartChannel& channel, Kind kind) {
   if (channel.wedge.size() < 2) return false;
   Extent lightness;
@@ -29,32 +31,31 @@ bool is_shown(const ChartChannel& channel, Kind kind) {
   return tells_lightness == (kind == Kind::lightness);
 }
 
-struct WedgeAxes {
-  TitledAxis device, measure;
-};
-
-WedgeAxes axes_over(Charts charts, Kind kind) {
+// Each chart has its own: inks go to 100, RGB goes to 255.
+TitledAxis device_axis(const Chart& chart) {
   Extent devices;
-  Extent measures;
   devices.add(0.0);
+  for (const ChartChannel& channel : chart.channels) {
+    for (const WedgeStep& step : channel.wedge) devices.add(step.device);
+  }
+  Axis axis = axis_over(devices.low(), devices.high(), 5);
+  axis.last = std::max(devices.high(), axis.first + axis.step);
+  const bool is_percent = !chart.is_rgb && devices.high() <= 100.0;
+  return {axis, is_percent ? "device value, %" : "device value"};
+}
+
+TitledAxis measure_axis(Charts charts, Kind kind) {
+  Extent measures;
   measures.add(0.0);
   if (kind == Kind::lightness) measures.add(100.0);
-  bool has_percents = true;
   for (const Chart& chart : charts) {
     for (const ChartChannel& channel : chart.channels) {
       if (!is_shown(channel, kind)) continue;
-      has_percents = has_percents && !chart.is_rgb;
-      for (const WedgeStep& step : channel.wedge) {
-        devices.add(step.device);
-        measures.add(kind == Kind::lightness ? lightness_of(step.lab) : chroma_of(step.lab));
-      }
+      for (const WedgeStep& step : channel.wedge) measures.add(measure_of(kind)(step.lab));
     }
   }
-  Axis device = axis_over(devices.low(), devices.high(), 5);
-  device.last = devices.high();
-  return {{device, has_percents && devices.high() <= 100.0 ? "device value, %" : "device value"},
-          {axis_over(measures.low(), measures.high(), 5),
-           kind == Kind::lightness ? "L*" : "C*<tspan class=\"sub\" dy=\"3\">ab</tspan>"}};
+  return {axis_over(measures.low(), measures.high(), 5),
+          kind == Kind::lightness ? "L*" : "C*<tspan class=\"sub\" dy=\"3\">ab</tspan>"};
 }
 
 struct EndLabel {
@@ -100,15 +101,15 @@ void draw_end_labels(Plot& plot, std::vector<EndLabel> labels) {
   }
 }
 
-std::string wedge_plot(const Chart& chart, Charts charts, const WedgeAxes& axes, Kind kind) {
+std::string wedge_plot(const Chart& chart, Charts charts, const TitledAxis& measured, Kind kind) {
   if (std::ranges::none_of(chart.channels, [kind](const auto& c) { return is_shown(c, kind); })) {
     return "";
   }
   const bool is_wide = charts.size() <= 2;
-  const Measure measure = kind == Kind::lightness ? lightness_of : chroma_of;
+  const Measure measure = measure_of(kind);
   const std::string name = kind == Kind::lightness ? "Lightness L*" : "Chroma C*";
-  Plot plot({half_width(charts), is_wide ? 400.0 : 320.0, is_wide ? 120.0 : 96.0}, axes.device,
-            axes.measure, name + " of the wedges of " + chart.name);
+  Plot plot({half_width(charts), is_wide ? 400.0 : 320.0, is_wide ? 120.0 : 96.0},
+            device_axis(chart), measured, name + " of the wedges of " + chart.name);
   std::vector<EndLabel> labels;
   for (const ChartChannel& channel : chart.channels) {
     if (!is_shown(channel, kind)) continue;
@@ -122,8 +123,8 @@ std::string wedge_plot(const Chart& chart, Charts charts, const WedgeAxes& axes,
 }  // namespace
 
 Section wedges_section(Charts charts) {
-  const WedgeAxes lightness = axes_over(charts, Kind::lightness);
-  const WedgeAxes chroma = axes_over(charts, Kind::chroma);
+  const TitledAxis lightness = measure_axis(charts, Kind::lightness);
+  const TitledAxis chroma = measure_axis(charts, Kind::chroma);
   return section_of(
       {"wedges", "Wedges",
        "Patches of a single colorant. Lightness is drawn where the wedge spans at least " +
