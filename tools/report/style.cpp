@@ -100,7 +100,7 @@ figure { margin: 0; }
 .tiny { --side: 11px; gap: 1px; }
 .large li { display: flex; align-items: flex-end; }
 .large span {
-  max-width: 100%; padding: 1px 5px; background: var(--surround); color: #fff; font-size: 11px;
+  max-width: 100%; padding: 1px 5px; background: #4a4a4a; color: #fff; font-size: 11px;
   line-height: 1.3; overflow: hidden; white-space: nowrap; text-overflow: ellipsis;
 }
 
