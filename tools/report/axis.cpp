@@ -19,10 +19,10 @@ double steps_above(double value, double step) { return std::ceil(value / step - 
 
 Axis axis_over(double low, double high, int most_steps) {
   if (!(high > low)) high = low + 1.0;
-  double power = std::pow(10.0, std::floor(std::log10((high - low) / most_steps)));
-  for (;; power *= 10.0) {
+  auto exponent = static_cast<int>(std::floor(std::log10((high - low) / most_steps)));
+  for (;; ++exponent) {
     for (const double digit : {1.0, 2.0, 5.0}) {
-      const double step = digit * power;
+      const double step = digit * std::pow(10.0, exponent);
       const double first = steps_below(low, step);
       const double last = steps_above(high, step);
       if (last - first <= most_steps) return {first * step, last * step, step};

@@ -68,9 +68,9 @@ void draw_opponent_lines(Plot& plot, const Axis& axis) {
   cross.add(plot.x(0.0), plot.bottom());
   plot.draw("<path class=\"zero\" d=\"" + cross.data() + "\"/>\n");
   const double ring = axis.last / axis.step > 4.0 ? 2.0 * axis.step : axis.step;
-  for (double chroma = ring; chroma <= axis.last; chroma += ring) {
+  for (int i = 1; i * ring <= axis.last; ++i) {
     plot.draw("<circle class=\"zero\" cx=\"" + coordinate(plot.x(0.0)) + "\" cy=\"" +
-              coordinate(plot.y(0.0)) + "\" r=\"" + coordinate(plot.x(chroma) - plot.x(0.0)) +
+              coordinate(plot.y(0.0)) + "\" r=\"" + coordinate(plot.x(i * ring) - plot.x(0.0)) +
               "\"/>\n");
   }
 }
