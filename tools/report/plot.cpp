@@ -5,11 +5,6 @@
 namespace tools::report {
 namespace {
 
-// Room for the tick labels and titles.
-constexpr double kLeftMargin = 44.0;
-constexpr double kTopMargin = 30.0;
-constexpr double kBottomMargin = 46.0;
-
 double share_of(const Axis& axis, double value) {
   return (value - axis.first) / (axis.last - axis.first);
 }
@@ -30,10 +25,10 @@ Plot::Plot(const PlotSize& size, const TitledAxis& x, const TitledAxis& y,
   draw_frame(x, y);
 }
 
-double Plot::left() const { return kLeftMargin; }
+double Plot::left() const { return size_.left_margin; }
 double Plot::right() const { return size_.width - size_.right_margin; }
-double Plot::top() const { return kTopMargin; }
-double Plot::bottom() const { return size_.height - kBottomMargin; }
+double Plot::top() const { return size_.top_margin; }
+double Plot::bottom() const { return size_.height - size_.bottom_margin; }
 double Plot::x(double value) const {
   return left() + share_of(x_axis_, value) * (right() - left());
 }

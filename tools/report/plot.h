@@ -13,6 +13,7 @@ namespace tools::report {
 struct PlotSize {
   double width, height;
   double right_margin = 16.0;
+  double left_margin = 44.0, top_margin = 30.0, bottom_margin = 46.0;  ///< for ticks and titles
 };
 
 /// An axis and its title, which may hold markup of SVG.
