@@ -6,6 +6,7 @@
 #include "tools/report/svg_path.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -30,7 +31,7 @@ struct RepeatAxes {
   std::vector<std::size_t> histogram_for(const Chart& chart) const {
     const double classes = (difference.last - difference.first) / class_width;
     return histogram_of(differences_of(chart), class_width,
-                        static_cast<std::size_t>(classes + 0.5));
+                        static_cast<std::size_t>(std::lround(classes)));
   }
 };
 

@@ -71,8 +71,9 @@ void spread(std::vector<EndLabel>& labels, double bottom) {
     labels[i].y = std::max(labels[i].y, labels[i - 1].y + kLineHeight);
   }
   double lowest = bottom;
-  for (std::size_t i = labels.size(); i-- > 0; lowest = labels[i].y - kLineHeight) {
+  for (std::size_t i = labels.size(); i-- > 0;) {
     labels[i].y = std::min(labels[i].y, lowest);
+    lowest = labels[i].y - kLineHeight;
   }
 }
 
