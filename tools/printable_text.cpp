@@ -5,13 +5,6 @@
 namespace tools {
 namespace {
 
-bool is_control(char32_t code) {
-  return code < 0x20 || (code >= 0x7F && code < 0xA0) ||  // C0, delete, C1
-         (code >= 0x200B && code <= 0x200F) ||            // invisible, direction marks
-         (code >= 0x2028 && code <= 0x202E) ||            // line separators, direction overrides
-         (code >= 0x2066 && code <= 0x2069);              // direction isolates
-}
-
 bool is_continuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
 void append_escaped(std::string& out, char byte) {
@@ -23,6 +16,13 @@ void append_escaped(std::string& out, char byte) {
 }
 
 }  // namespace
+
+bool is_control(char32_t code) {
+  return code < 0x20 || (code >= 0x7F && code < 0xA0) ||  // C0, delete, C1
+         (code >= 0x200B && code <= 0x200F) ||            // invisible, direction marks
+         (code >= 0x2028 && code <= 0x202E) ||            // line separators, direction overrides
+         (code >= 0x2066 && code <= 0x2069);              // direction isolates
+}
 
 std::size_t utf8_length(std::string_view text, char32_t& code) {
   const auto lead = static_cast<unsigned char>(text.front());

@@ -12,6 +12,10 @@ namespace tools {
 /// must not be empty. `code` receives the character.
 std::size_t utf8_length(std::string_view text, char32_t& code);
 
+/// Whether a character steers instead of showing: C0 and C1 controls, marks without width,
+/// separators of lines, what turns the direction of writing.
+bool is_control(char32_t code);
+
 /// UTF-8 characters as they stand; control characters and bytes of other encodings as \xNN, so that
 /// nothing in a file can steer the terminal.
 std::string printable(std::string_view text);

@@ -1,0 +1,74 @@
+#include "tools/report/numbers.h"
+#include "tools/report/sections.h"
+
+#include <algorithm>
+#include <string>
+
+namespace tools::report {
+namespace {
+
+constexpr std::size_t kFewPatches = 60;  // of so many each has its label beside it
+
+std::string device_text(const Chart& chart, const std::vector<double>& device) {
+  std::string text;
+  for (std::size_t c = 0; c < device.size(); ++c) {
+    const std::string& letter = chart.channels[c].letter;
+    text += (c == 0 ? "" : " ") + letter + (letter.empty() ? "" : " ") + shortest(device[c]);
+  }
+  return text;
+}
+
+// What is known of a patch, a line each.
+std::string tooltip_of(const Chart& chart, const ColouredPatch& patch) {
+  constexpr const char* kLineEnd = "&#10;";
+  std::string text = patch.label;
+  if (!patch.values.device.empty()) text += kLineEnd + device_text(chart, patch.values.device);
+  if (patch.values.lab) {
+    const Triple& lab = *patch.values.lab;
+    text += kLineEnd + ("L* " + decimal(lab[0], 1)) + " a* " + decimal(lab[1], 1) + " b* " +
+            decimal(lab[2], 1);
+  }
+  if (!patch.colour.empty()) text += kLineEnd + patch.colour;
+  return text;
+}
+
+const char* size_class(std::size_t patches) {
+  if (patches <= kFewPatches) return "large";
+  if (patches <= 400) return "medium";
+  return patches <= 2000 ? "small" : "tiny";
+}
+
+std::string swatches_of(const Chart& chart) {
+  if (chart.patches.empty()) return "";
+  const bool has_labels = chart.patches.size() <= kFewPatches;
+  std::string html = "<ol class=\"swatches " + std::string(size_class(chart.patches.size())) +
+                     "\" aria-label=\"Patches of " + chart.name + "\">\n";
+  for (const ColouredPatch& patch : chart.patches) {
+    html += patch.colour.empty() ? "<li class=\"unknown\""
+                                 : "<li style=\"background:" + patch.colour + "\"";
+    html += " title=\"" + tooltip_of(chart, patch) + "\">";
+    if (has_labels) html += "<span>" + patch.label + "</span>";
+    html += "</li>\n";
+  }
+  html += "</ol>\n";
+  if (chart.patches.size() < chart.patch_count) {
+    html += "<p class=\"note\">The first " + grouped(chart.patches.size()) + " of " +
+            grouped(chart.patch_count) + " patches, here and in the plots.</p>\n";
+  }
+  if (std::ranges::all_of(chart.patches, &std::string::empty, &ColouredPatch::colour)) {
+    html += "<p class=\"note\">The file holds neither Lab nor spectra to tell the colours.</p>\n";
+  }
+  return html;
+}
+
+}  // namespace
+
+Section patches_section(Charts charts) {
+  return section_of({"patches", "Patches",
+                     "In the order of the file. Point at a patch for its values. Colours are sRGB, "
+                     "those outside its gamut clipped.",
+                     "No patches in this file."},
+                    charts, swatches_of);
+}
+
+}  // namespace tools::report

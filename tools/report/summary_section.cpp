@@ -1,0 +1,94 @@
+#include "tools/report/numbers.h"
+#include "tools/report/sections.h"
+
+#include <string>
+#include <vector>
+
+namespace tools::report {
+namespace {
+
+std::string key_figure(const std::string& value, const std::string& name) {
+  return "<li><strong>" + value + "</strong> " + name + "</li>\n";
+}
+
+std::string key_figures(const Chart& chart) {
+  std::string html =
+      "<ul class=\"key-figures\">\n" +
+      key_figure(grouped(chart.patch_count), chart.patch_count == 1 ? "patch" : "patches");
+  if (chart.merged_count != 0 && chart.merged_count != chart.patch_count) {
+    html += key_figure(grouped(chart.merged_count), "different");
+  }
+  if (!chart.device_space.empty()) {
+    const std::size_t blank = chart.device_space.find(' ');
+    html += blank == std::string::npos ? key_figure(chart.device_space, "device values")
+                                       : key_figure(chart.device_space.substr(0, blank),
+                                                    "device" + chart.device_space.substr(blank));
+  }
+  if (!chart.wavelengths.empty()) {
+    html += key_figure(std::to_string(chart.wavelengths.size()), "spectral bands");
+  }
+  if (!chart.repeats.empty()) {
+    html += key_figure(decimal(chart.repeats.front().de_max, 2),
+                       "largest \u0394E*<sub>ab</sub> of repeats");
+  }
+  return html + "</ul>\n";
+}
+
+std::string messages_of(const Chart& chart) {
+  if (chart.messages.empty()) return "";
+  std::string html =
+      "<div class=\"messages\">\n<p class=\"label\">Messages of the load</p>\n<ul>\n";
+  for (const std::string& message : chart.messages) html += "<li>" + message + "</li>\n";
+  if (chart.more_messages > 0) html += "<li>and " + grouped(chart.more_messages) + " more</li>\n";
+  return html + "</ul>\n</div>\n";
+}
+
+std::string landmarks_of(const Chart& chart) {
+  if (chart.landmarks.empty()) return "";
+  std::string html = "<ul class=\"landmarks\" aria-label=\"Paper white and solids\">\n";
+  for (const ColouredPatch& patch : chart.landmarks) {
+    const Triple& lab = *patch.values.lab;
+    html += "<li>" + colour_field(patch.colour) + "<strong>" + patch.label + "</strong><span>L* " +
+            decimal(lab[0], 1) + "</span> <span>a* " + decimal(lab[1], 1) + "</span> <span>b* " +
+            decimal(lab[2], 1) + "</span></li>\n";
+  }
+  return html + "</ul>\n";
+}
+
+std::string entries_of(const char* title, const std::vector<Entry>& entries) {
+  if (entries.empty()) return "";
+  std::string html =
+      "<div>\n<p class=\"label\">" + std::string(title) + "</p>\n<dl class=\"entries\">\n";
+  for (const Entry& entry : entries) {
+    html += "<dt>" + entry.name + "</dt><dd>" + entry.value + "</dd>\n";
+  }
+  return html + "</dl>\n</div>\n";
+}
+
+std::string summary_of(const Chart& chart) {
+  return key_figures(chart) + messages_of(chart) + landmarks_of(chart) +
+         "<div class=\"entry-lists\">\n" + entries_of("File", chart.facts) +
+         entries_of("Instrument and measurement", chart.instrument) +
+         entries_of("Sample", chart.sample) + "</div>\n";
+}
+
+std::string failure_of(const Chart& chart) {
+  return "<p class=\"failure\"><strong>Not readable</strong> " + chart.path + "</p>\n" +
+         messages_of(chart);
+}
+
+}  // namespace
+
+Section summary_section(Charts charts) {
+  std::string html = "<section id=\"summary\" aria-label=\"Summary\">\n<div class=\"row\">\n";
+  for (const Chart& chart : charts) {
+    html += "<div class=\"cell\">\n" + chart_heading(charts, chart);
+    if (charts.size() > 1 && !chart.title.empty()) {
+      html += "<p class=\"chart-title\">" + chart.title + "</p>\n";
+    }
+    html += (chart.is_loaded ? summary_of(chart) : failure_of(chart)) + "</div>\n";
+  }
+  return {"summary", "Summary", html + "</div>\n</section>\n"};
+}
+
+}  // namespace tools::report
