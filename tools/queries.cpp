@@ -94,9 +94,9 @@ std::string device_space_name(void* handle) {
 }
 
 Text hex_colour(const Triple& lab) {
+  if (std::isnan(lab[0] + lab[1] + lab[2])) return std::nullopt;
   Triple rgb{};
   lab_to_srgb(lab.data(), rgb.data());
-  if (std::isnan(rgb[0] + rgb[1] + rgb[2])) return std::nullopt;
   const auto byte = [](double value) {
     return static_cast<unsigned>(std::lround(std::clamp(value, 0.0, 255.0))) & 0xFFU;
   };
