@@ -2,7 +2,7 @@
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_VENDOR measdata)
 set(CPACK_PACKAGE_CONTACT "The measdata developers <measdata@localhost>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "reads colour-measurement files")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
 set(CPACK_COMPONENTS_ALL runtime development tools)
 set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
@@ -16,23 +16,24 @@ set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 set(about
-    "measdata reads colour-measurement files (CGATS.17, ISO 28178, semicolon tables) and\n\
- answers questions about them: patches, Lab from spectra, repeats, wedges, ink names."
+    "measdata reads colour-measurement files (CGATS.17, ISO 28178, semicolon\n\
+tables) and answers what they hold: patches, Lab from spectra, repeats,\n\
+wedges, ink names, instrument."
 )
 set(library libmeasdata${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${library})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
-set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "library that reads colour-measurement files\n ${about}")
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "${about}\n.\nThis package holds the library.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libmeasdata-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${library} (= ${PROJECT_VERSION})")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
-    "library that reads colour-measurement files - development\n ${about}"
+    "${about}\n.\nThis package holds what building against the library takes."
 )
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME measdata-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${library} (= ${PROJECT_VERSION})")
-set(CPACK_COMPONENT_TOOLS_DESCRIPTION "tells what colour-measurement files hold\n ${about}")
+set(CPACK_COMPONENT_TOOLS_DESCRIPTION "${about}\n.\nThis package holds the programs measinfo and measreport.")
 
 # Each package with the licence where Debian looks for it.
 foreach(component_package runtime:${library} development:libmeasdata-dev tools:measdata-tools)
