@@ -1,0 +1,13 @@
+#include <measdata.h>
+#include <stdio.h>
+
+int main(int argc, char** argv) {
+  void* chart = init_parser();
+  if (argc == 2 && !parse_file(chart, argv[1])) fputs(parse_messages(chart), stderr);
+  for (int patch = 0; patch < num_patches(chart); ++patch) {
+    double lab[3] = {0};
+    get_lab_from_patch(chart, patch, lab);
+    printf("%s %.2f %.2f %.2f\n", get_id_from_patch(chart, patch), lab[0], lab[1], lab[2]);
+  }
+  cleanup_parser(&chart);
+}
