@@ -5,7 +5,7 @@
 #include "api/measdata.h"
 #include "api/parse.h"
 #include "measdata/reader_mode.h"
-#include "tests/support/questions.h"
+#include "tests/support/answers.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -88,7 +88,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     set_parse_mode(handle, mode);
     load(handle, texts.substr(0, end), choice);
     const bool is_last = end == texts.size() || loads == 2;
-    if (is_last || (choice & quiet_in_between) == 0) test::ask_everything(handle);
+    if (is_last || (choice & quiet_in_between) == 0) test::answers(handle);
     if (is_last) break;
     if ((choice & changing_mode) != 0) mode = 1 - mode;
     texts.remove_prefix(end + 1);
@@ -97,7 +97,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     load_own_text(handle, get_id_from_patch(handle, 0));
     load_own_text(handle, get_value(handle, 0));
     load_own_text(handle, observer(handle));
-    test::ask_everything(handle);
+    test::answers(handle);
   }
   cleanup_parser(&handle);
   if (handle != nullptr) std::abort();

@@ -1,9 +1,9 @@
 // A process whose locale has a decimal comma.
 #include "measdata/meas_file_parser.h"
 #include "measdata/number_reader.h"
-#include "tests/robustness/answers.h"
 #include "tests/robustness/sample_texts.h"
 #include "tests/robustness/temporary_path.h"
+#include "tests/support/answers.h"
 
 #include <gtest/gtest.h>
 
@@ -22,12 +22,6 @@ namespace {
 
 using vantor::MeasData::Comma;
 using vantor::MeasData::NumberReader;
-
-const test::Interface kLibrary = {
-#define MEASDATA_EXPORT(name) &::name,
-#include "exports.inc"
-#undef MEASDATA_EXPORT
-};
 
 // German as of now, in C and in C++, until the end of a test.
 class DecimalComma : public testing::Test {
@@ -105,7 +99,7 @@ TEST_F(DecimalComma, NothingElseChanges) {
     std::vector<std::string> told;
     for (const test::SampleText& sample : test::sample_texts()) {
       const test::Loaded handle(sample.text, sample.mode);
-      told.push_back(test::answers(kLibrary, handle));
+      told.push_back(test::answers(handle));
     }
     return told;
   };

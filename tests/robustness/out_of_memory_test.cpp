@@ -1,8 +1,8 @@
 // Each allocation of the library fails once in turn, alone and with all that follow.
-#include "tests/robustness/answers.h"
 #include "tests/robustness/counted_memory.h"
 #include "tests/robustness/sample_texts.h"
 #include "tests/robustness/temporary_path.h"
+#include "tests/support/answers.h"
 
 #include <gtest/gtest.h>
 
@@ -13,19 +13,12 @@
 
 namespace {
 
+using test::answers;
 using test::MemoryShortage;
 using test::SampleText;
 using test::Shortage;
 
-const test::Interface kLibrary = {
-#define MEASDATA_EXPORT(name) &::name,
-#include "exports.inc"
-#undef MEASDATA_EXPORT
-};
-
 constexpr int kMostAllocations = 100000;  // a test that finds no end is a fault of the test
-
-std::string answers(void* handle) { return test::answers(kLibrary, handle); }
 
 // A sample as a block and as a file.
 class Source {
@@ -126,7 +119,7 @@ TEST_P(OutOfMemory, AnswersAreRightOrNull) {
       told.clear();
       {
         const MemoryShortage shortage(n, kind);
-        test::write_answers(kLibrary, handle, told);
+        test::write_answers(test::linked_library(), handle, told);
         has_struck = shortage.has_struck();
       }
       std::istringstream expected_lines(expected), told_lines(told);

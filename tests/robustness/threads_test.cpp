@@ -1,7 +1,7 @@
 // Handles of their own in many threads at once, in a library that comes and goes.
-#include "tests/robustness/answers.h"
 #include "tests/robustness/sample_texts.h"
 #include "tests/robustness/temporary_path.h"
+#include "tests/support/answers.h"
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>

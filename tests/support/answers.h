@@ -1,9 +1,10 @@
 // Everything that a handle answers, as text.
-#ifndef MEASDATA_TESTS_ROBUSTNESS_ANSWERS_H
-#define MEASDATA_TESTS_ROBUSTNESS_ANSWERS_H
+#ifndef MEASDATA_TESTS_SUPPORT_ANSWERS_H
+#define MEASDATA_TESTS_SUPPORT_ANSWERS_H
 
 #include "api/measdata.h"
 
+#include <cstddef>
 #include <string>
 
 namespace test {
@@ -15,8 +16,18 @@ struct Interface {
 #undef MEASDATA_EXPORT
 };
 
-/// Appends a line for each answer, whatever the locale, up to one position beyond the last of each
-/// list. Takes no memory of its own: all goes to `out`, where the caller reserves enough.
+/// The functions that are linked in.
+inline Interface linked_library() {
+  return {
+#define MEASDATA_EXPORT(name) &::name,
+#include "exports.inc"
+#undef MEASDATA_EXPORT
+  };
+}
+
+/// Appends a line for each answer, whatever the locale: of long lists the first and the last
+/// positions, and some that do not exist. Takes no memory of its own: all goes to `out`, where the
+/// caller reserves enough.
 void write_answers(const Interface& library, void* handle, std::string& out);
 
 /// Room for the answers of any sample text.
@@ -29,6 +40,8 @@ inline std::string answers(const Interface& library, void* handle) {
   return out;
 }
 
+inline std::string answers(void* handle) { return answers(linked_library(), handle); }
+
 }  // namespace test
 
-#endif  // MEASDATA_TESTS_ROBUSTNESS_ANSWERS_H
+#endif  // MEASDATA_TESTS_SUPPORT_ANSWERS_H

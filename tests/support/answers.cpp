@@ -1,8 +1,9 @@
-#include "tests/robustness/answers.h"
+#include "tests/support/answers.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <climits>
 #include <span>
 
 namespace test {
@@ -58,6 +59,38 @@ class Lines {
   std::string& out_;
 };
 
+// The first and the last positions of `count`, and some that do not exist.
+class Positions {
+ public:
+  explicit Positions(int count) {
+    for (const int bad : {INT_MIN, -1, count, INT_MAX}) add(bad);
+    for (int i = 0; i < std::min(count, kFirst); ++i) add(i);
+    for (int i = std::max(count - kLast, kFirst); i < count; ++i) add(i);
+  }
+  const int* begin() const { return positions_.data(); }
+  const int* end() const { return positions_.data() + size_; }
+
+ private:
+  static constexpr int kFirst = 12, kLast = 2;
+
+  void add(int position) { positions_[size_++] = position; }
+
+  std::array<int, 4 + kFirst + kLast> positions_ = {};
+  std::size_t size_ = 0;
+};
+
+// Lies at the end of its memory, so that a sanitizer sees a step beyond.
+class Array {
+ public:
+  explicit Array(int count) : values_(std::span(memory_).last(static_cast<std::size_t>(count))) {}
+  double* data() { return values_.data(); }
+  std::span<const double> values() const { return values_; }
+
+ private:
+  std::array<double, 15> memory_ = {};
+  std::span<double> values_;
+};
+
 // What both the patches and the merged patches answer.
 void write_data_set(const Interface& library, void* data_set, Lines& lines) {
   for (const Count& count : {
@@ -84,7 +117,7 @@ void write_data_set(const Interface& library, void* data_set, Lines& lines) {
     lines.write(measure.name, measure.ask(data_set));
   }
   const auto bands = static_cast<std::size_t>(library.spectral_size(data_set));
-  for (int patch = 0; patch <= library.num_patches(data_set); ++patch) {
+  for (const int patch : Positions(library.num_patches(data_set))) {
     for (const TextAt& text : {
              TextAt MEASDATA_QUESTION(get_id_from_patch),
              MEASDATA_QUESTION(get_loc_from_patch),
@@ -92,14 +125,18 @@ void write_data_set(const Interface& library, void* data_set, Lines& lines) {
          }) {
       lines.write(text.name, patch, text.ask(data_set, patch));
     }
+    Array device(library.num_device_channels(data_set));
+    library.get_dev_from_patch(data_set, patch, device.data());
+    lines.write("get_dev_from_patch", patch, device.values());
     for (const FillAt& fill : {
-             FillAt MEASDATA_QUESTION(get_dev_from_patch),
-             MEASDATA_QUESTION(get_xyz_from_patch),
+             FillAt MEASDATA_QUESTION(get_xyz_from_patch),
              MEASDATA_QUESTION(get_lab_from_patch),
          }) {
-      std::array<double, 15> values = {};
-      fill.ask(data_set, patch, values.data());
-      lines.write(fill.name, patch, std::span<const double>(values));
+      Array color(3);
+      fill.ask(data_set, patch, color.data());
+      lines.write(fill.name, patch, color.values());
+      library.lab_to_srgb(color.data(), color.data());
+      lines.write("lab_to_srgb", patch, color.values());
     }
     const double* spectrum = library.get_spectrum_from_patch(data_set, patch);
     lines.write("get_spectrum_from_patch", patch,
@@ -109,12 +146,13 @@ void write_data_set(const Interface& library, void* data_set, Lines& lines) {
 
 void write_merged_patches(const Interface& library, void* handle, Lines& lines) {
   const auto bands = static_cast<std::size_t>(library.spectral_size(handle));
-  for (int index = 0; index <= library.num_indices(handle); ++index) {
+  for (const int index : Positions(library.num_indices(handle))) {
     lines.write("get_name_from_index", index, library.get_name_from_index(handle, index));
-    std::array<double, 15> values = {};
-    library.get_dev_from_index(handle, index, values.data());
-    library.get_lab_from_index(handle, index, values.data() + 12);
-    lines.write("device values and Lab of index", index, std::span<const double>(values));
+    Array device(library.num_device_channels(handle)), lab(3);
+    library.get_dev_from_index(handle, index, device.data());
+    lines.write("get_dev_from_index", index, device.values());
+    library.get_lab_from_index(handle, index, lab.data());
+    lines.write("get_lab_from_index", index, lab.values());
     DeStats stats = {};
     library.get_de_stats_from_index(handle, index, &stats);
     lines.write("repeat_count", index, stats.repeat_count);
@@ -127,7 +165,7 @@ void write_merged_patches(const Interface& library, void* handle, Lines& lines) 
 }
 
 void write_channels(const Interface& library, void* handle, Lines& lines) {
-  for (int channel = 0; channel <= library.num_device_channels(handle); ++channel) {
+  for (const int channel : Positions(library.num_device_channels(handle))) {
     lines.write("get_device_channel_name", channel,
                 library.get_device_channel_name(handle, channel));
     for (const CountAt& count : {
@@ -137,28 +175,34 @@ void write_channels(const Interface& library, void* handle, Lines& lines) {
          }) {
       lines.write(count.name, channel, count.ask(handle, channel));
     }
-    for (int i = 0; i <= library.num_distinct_dev_values(handle, channel); ++i) {
+    for (const int i : Positions(library.num_distinct_dev_values(handle, channel))) {
       lines.write("get_distinct_dev_value", i, library.get_distinct_dev_value(handle, channel, i));
       lines.write("get_distinct_dev_value_count", i,
                   library.get_distinct_dev_value_count(handle, channel, i));
     }
-    for (int step = 0; step <= library.num_wedge_steps(handle, channel); ++step) {
+    for (const int step : Positions(library.num_wedge_steps(handle, channel))) {
       lines.write("get_wedge_index", step, library.get_wedge_index(handle, channel, step));
     }
   }
 }
 
+void write_keyword(const Interface& library, void* handle, const char* name, Lines& lines) {
+  lines.write("has_keyword", library.has_keyword(handle, name));
+  lines.write("get_value_of_keyword", library.get_value_of_keyword(handle, name));
+  for (const int i : Positions(library.num_keyword_values(handle, name))) {
+    lines.write("get_ith_value_of_keyword", i, library.get_ith_value_of_keyword(handle, i, name));
+  }
+}
+
 void write_keywords(const Interface& library, void* handle, Lines& lines) {
-  for (int i = 0; i <= library.num_keywords(handle); ++i) {
+  for (const int i : Positions(library.num_keywords(handle))) {
     const char* name = library.get_keyword(handle, i);
     lines.write("get_keyword", i, name);
     lines.write("get_value", i, library.get_value(handle, i));
-    lines.write("has_keyword", i, library.has_keyword(handle, name));
-    lines.write("get_value_of_keyword", i, library.get_value_of_keyword(handle, name));
-    for (int value = 0; value <= library.num_keyword_values(handle, name); ++value) {
-      lines.write("get_ith_value_of_keyword", value,
-                  library.get_ith_value_of_keyword(handle, value, name));
-    }
+    write_keyword(library, handle, name, lines);
+  }
+  for (const char* name : {"", "NO_SUCH_KEYWORD", "WEIGHTING_FUNCTION"}) {
+    write_keyword(library, handle, name, lines);
   }
 }
 
