@@ -75,9 +75,10 @@ TEST(Build, TheFirstFileOfAHandleDescribesTheDevice) {
   Loaded chart(file_of("GRAY", "",
                        "INSTRUMENTATION \"Maker One\"\nMEASUREMENT_SOURCE \"Filter=A\"\n"
                        "WEIGHTING_FUNCTION \"OBSERVER, 2\"\n"));
-  chart.load(file_of("GRAY", "",
-                     "INSTRUMENTATION \"Other Two\"\nMEASUREMENT_SOURCE \"Filter=B\"\n"
-                     "WEIGHTING_FUNCTION \"OBSERVER, 10\"\nWEIGHTING_FUNCTION \"ILLUMINANT, A\"\n"));
+  chart.load(
+      file_of("GRAY", "",
+              "INSTRUMENTATION \"Other Two\"\nMEASUREMENT_SOURCE \"Filter=B\"\n"
+              "WEIGHTING_FUNCTION \"OBSERVER, 10\"\nWEIGHTING_FUNCTION \"ILLUMINANT, A\"\n"));
   EXPECT_STREQ(device_manufacturer(chart), "Maker");
   EXPECT_STREQ(device_model(chart), "One");
   EXPECT_STREQ(device_filter(chart), "A");

@@ -23,16 +23,17 @@ std::vector<Line> lines_of(void* handle) {
     const std::size_t colon = text.find(": "), open = text.find('(');
     if (colon == std::string::npos) continue;
     const std::string position = open < colon ? text.substr(open, colon - open) : "";
-    lines.push_back({text, text.substr(0, text.find_first_of("[(:")), position,
-                     text.substr(colon + 2)});
+    lines.push_back(
+        {text, text.substr(0, text.find_first_of("[(:")), position, text.substr(colon + 2)});
   }
   return lines;
 }
 
 TEST(BadArguments, ANullHandleHoldsNothing) {
-  std::map<std::string, std::string> expected = {
-      {"parser_version", "1.9.7"}, {"parser_version_major", "1"}, {"parser_version_minor", "9"},
-      {"parser_version_bugfix", "7"}};
+  std::map<std::string, std::string> expected = {{"parser_version", "1.9.7"},
+                                                 {"parser_version_major", "1"},
+                                                 {"parser_version_minor", "9"},
+                                                 {"parser_version_bugfix", "7"}};
   for (const char* index : {"get_paperwhite_index", "get_solid_index", "get_wedge_index",
                             "num_keywords", "num_wedge_steps"}) {
     expected[index] = "-1";
@@ -73,8 +74,8 @@ TEST(BadArguments, PositionsThatDoNotExistAreAnsweredAsIfThereWereNoData) {
   const std::string nothing = "\n" + test::answers(fresh);
   for (const Line& line : lines_of(chart)) {
     if (line.position.find_first_of("123456789") == std::string::npos) continue;
-    const bool counts_as_0 = (line.name == "get_keyword" || line.name == "get_value") &&
-                             line.position.starts_with("(-");
+    const bool counts_as_0 =
+        (line.name == "get_keyword" || line.name == "get_value") && line.position.starts_with("(-");
     if (counts_as_0) {
       EXPECT_EQ(line.answer, line.name == "get_value" ? "ILLUMINANT, D50" : "WEIGHTING_FUNCTION");
     } else {

@@ -124,9 +124,8 @@ class Asker {
   template <typename Answer>
   void ask(const char* name, Answer (*function)(void*, const char*)) {
     if (std::string_view(name) == "parse_file") return;
-    for_each_keyword([&](const char* keyword) {
-      write(name, {}, function(handle_, keyword), keyword);
-    });
+    for_each_keyword(
+        [&](const char* keyword) { write(name, {}, function(handle_, keyword), keyword); });
   }
   template <typename Answer>
   void ask(const char* name, Answer (*function)(void*, int, const char*)) {
