@@ -39,10 +39,14 @@ TEST(DeviceChannels, EachSetIsFoundByItsNames) {
       {"CMYK_K CMYK_C CMYK_M CMYK_Y", {0, {1, 2, 3, 0}}},  // channel order, not file order
       {"CMYK_C CMYK_M CMYK_Y", {-1, {}}},
       {"2CLR_1 2CLR_2 CMYK_C CMYK_M CMYK_Y CMYK_K", {0, {2, 3, 4, 5}}},
-      {"CMY_C CMY_M CMY_Y", {1, first(3)}},
-      {"RGB_B RGB_G RGB_R", {2, {2, 1, 0}}},
-      {"GRAY", {3, first(1)}},
-      {"1CLR_1", {4, first(1)}},
+      {"CMY_C CMY_M CMY_Y CMYK_C CMYK_M CMYK_Y CMYK_K", {0, {3, 4, 5, 6}}},
+      {"RGB_B RGB_G RGB_R CMY_C CMY_M CMY_Y", {1, {3, 4, 5}}},
+      {"GRAY RGB_B RGB_G RGB_R", {2, {3, 2, 1}}},
+      {"1CLR_1 GRAY", {3, {1}}},
+      {"PC2_1 PC2_2 1CLR_1", {4, {2}}},
+      {"2CLR_1 2CLR_2 1CLR_1", {4, {2}}},  // the fewest of a family
+      {"SPOT_1 PC2_1 PC2_2", {5, {1, 2}}},
+      {test::numbered("10CLR_", 1, 1, 10) + " SPOT_1", {4, {10}}},
       {"4CLR_1 4CLR_2 4CLR_3 4CLR_4", {7, first(4)}},
       {"4CLR_1 4CLR_2 4CLR_4", {-1, {}}},
       {"PC4_1 PC4_2 PC4_3 PC4_4", {7, first(4)}},

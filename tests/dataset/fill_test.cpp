@@ -33,22 +33,29 @@ TEST(Fill, FieldKindsFollowTheFirstFieldOfEachGroup) {
   EXPECT_EQ(kinds("LAB_A XYZ_Y X"), "");  // groups without their first field
 }
 
-TEST(Fill, KeepsWhatTheHeaderSays) {
+TEST(Fill, KeepsWhatTheFileSays) {
   const PatchDataSet data_set = filled(test::file_of(
-      "SAMPLE_ID MEAN_DE XYZ_Y OTHER", "1 2 3 4\n",
+      "SCW_INDEX D_RED MEAN_DE LAB_L LAB_C LAB_H XYZ_Y D_VIS OTHER", "3 0,5 9 50 1 2 8 1.5 7\n",
       "SERIAL x # c\nWEIGHTING_FUNCTION a b\nWEIGHTING_FUNCTION c\nCOMPUTATIONAL_PARAMETER p\n"
       "PROCESSCOLOR_ID q\nSPOTCOLOR_ID r\n"));
+  using Texts = std::vector<std::string>;
+  using Values = std::vector<double>;
+  const auto values_of = [](const auto& table) {
+    return Values(table.values().begin(), table.values().end());
+  };
   EXPECT_EQ(data_set.file_identifier, "CGATS.17");
   ASSERT_EQ(data_set.header_keywords.size(), 1U);
   EXPECT_EQ(data_set.header_keywords.values.at(0), "x");
   EXPECT_EQ(data_set.header_keywords.comments.at(0), "c");
-  EXPECT_EQ(data_set.weighting_functions, (std::vector<std::string>{"a b", "c"}));
-  EXPECT_EQ(data_set.computational_parameters, std::vector<std::string>{"p"});
-  EXPECT_EQ(data_set.process_color_ids, std::vector<std::string>{"q"});
-  EXPECT_EQ(data_set.spot_color_ids, std::vector<std::string>{"r"});
+  EXPECT_EQ(data_set.weighting_functions, (Texts{"a b", "c"}));
+  EXPECT_EQ(data_set.computational_parameters, Texts{"p"});
+  EXPECT_EQ(data_set.process_color_ids, Texts{"q"});
+  EXPECT_EQ(data_set.spot_color_ids, Texts{"r"});
   // XYZ_Y belongs to a group, if to an incomplete one.
-  EXPECT_EQ(data_set.unclassified_fields, (std::vector<std::string>{"MEAN_DE", "OTHER"}));
-  EXPECT_EQ(data_set.spectral_prefix, "");
+  EXPECT_EQ(data_set.unclassified_fields, (Texts{"MEAN_DE", "OTHER"}));
+  EXPECT_EQ(data_set.scw_indices, Values{3});
+  EXPECT_EQ(values_of(data_set.density_values), (Values{0.5, 1.5}));
+  EXPECT_EQ(values_of(data_set.lch_values), (Values{50, 1, 2}));
 }
 
 TEST(Fill, DecimalsOfTheFirstDeviceValue) {
@@ -63,21 +70,6 @@ TEST(Fill, DecimalsOfTheFirstDeviceValue) {
   EXPECT_EQ(decimals("x.75e1"), 2);
   EXPECT_EQ(filled(test::file_of("GRAY", "")).device_decimals, -1);
   EXPECT_EQ(filled(test::file_of("LAB_L", "1.5\n")).device_decimals, -1);
-}
-
-TEST(Fill, EveryGroupOfAPatch) {
-  const PatchDataSet data_set =
-      filled(test::file_of("SCW_INDEX D_RED SAMPLE_LOC LAB_L LAB_C LAB_H SampleName D_VIS",
-                           "3 0,5 A1 50 1 2 \"n m\" 1.5\n"));
-  EXPECT_EQ(data_set.scw_indices, std::vector<double>{3});
-  EXPECT_EQ(data_set.density_values.row(0)[1], 1.5);
-  EXPECT_EQ(data_set.density_values.row(0)[0], 0.5);
-  EXPECT_EQ(data_set.lch_values.row(0)[0], 50.0);
-  EXPECT_EQ(data_set.lch_values.row(0)[2], 2.0);
-  EXPECT_STREQ(data_set.sample_locations.c_str(0), "A1");
-  EXPECT_STREQ(data_set.sample_names.c_str(0), "n m");
-  EXPECT_TRUE(data_set.sample_ids.empty());
-  EXPECT_TRUE(data_set.lab_values.empty());
 }
 
 }  // namespace
