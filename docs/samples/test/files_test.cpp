@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -44,42 +44,34 @@ TEST(GuideFiles, ExampleFilesGiveWhatIsSaid) {
   }
 }
 
-TEST(GuideFiles, TheIrregularFile) {
-  const test::Handle file;
-  ASSERT_EQ(parse_file(file, path_of("irregular.txt").c_str()), 1);
-  EXPECT_STREQ(get_value_of_keyword(file, "SERIAL"), "second");
-  EXPECT_STREQ(get_value_of_keyword(file, "MATERIAL"), "coated paper");
-  EXPECT_STREQ(get_value_of_keyword(file, "OWN_KEYWORD"), "never declared");
-  EXPECT_EQ(has_keyword(file, "PROD_DATE"), 0);
-  EXPECT_STREQ(get_name_from_patch(file, 0), R"(Patch ""one"")");
-  EXPECT_STREQ(get_name_from_patch(file, 1), "Patch,2");
-  EXPECT_EQ(file.lab(0), (Triple{95.1, 0.2, -2}));
-  EXPECT_EQ(file.lab(1), (Triple{16, 0, 5}));
-  EXPECT_STREQ(get_device_channel_name(file, 0), "irregular");
+TEST(GuideFiles, WhatIsSaidOfEach) {
+  const test::Handle irregular;
+  ASSERT_EQ(parse_file(irregular, path_of("irregular.txt").c_str()), 1);
+  EXPECT_STREQ(get_value_of_keyword(irregular, "SERIAL"), "second");
+  EXPECT_STREQ(get_value_of_keyword(irregular, "MATERIAL"), "coated paper");
+  EXPECT_EQ(has_keyword(irregular, "PROD_DATE"), 0);
+  EXPECT_STREQ(get_name_from_patch(irregular, 0), R"(Patch ""one"")");
+  EXPECT_STREQ(get_name_from_patch(irregular, 1), "Patch,2");
+  EXPECT_EQ(irregular.lab(1), (Triple{16, 0, 5}));
+  EXPECT_STREQ(get_device_channel_name(irregular, 0), "irregular");
+
+  const test::Handle table;
+  set_parse_mode(table, 1);
+  ASSERT_EQ(parse_file(table, path_of("table.csv").c_str()), 1);
+  EXPECT_STREQ(get_name_from_patch(table, 1), "Cyan; solid");
+  EXPECT_EQ(table.lab(2), (Triple{16.2, 0.1, 0.2}));
+  EXPECT_EQ(dev_is_cmyk(table), 0);
+
+  const test::Handle inks;
+  ASSERT_EQ(parse_file(inks, path_of("ink-names.txt").c_str()), 1);
+  const char* const names[] = {"Orange", "Dark Green", "Varnish"};
+  for (int i = 0; i < 3; ++i) EXPECT_STREQ(get_device_channel_name(inks, i), names[i]);
 }
 
-TEST(GuideFiles, TheSemicolonTable) {
-  const test::Handle file;
-  set_parse_mode(file, 1);
-  ASSERT_EQ(parse_file(file, path_of("table.csv").c_str()), 1);
-  EXPECT_STREQ(get_name_from_patch(file, 1), "Cyan; solid");
-  EXPECT_EQ(file.lab(2), (Triple{16.2, 0.1, 0.2}));
-  EXPECT_EQ(dev_is_cmyk(file), 0);
-  EXPECT_EQ(num_keywords(file), 0);
-}
-
-TEST(GuideFiles, InkNames) {
-  const test::Handle file;
-  ASSERT_EQ(parse_file(file, path_of("ink-names.txt").c_str()), 1);
-  EXPECT_STREQ(get_device_channel_name(file, 0), "Orange");
-  EXPECT_STREQ(get_device_channel_name(file, 1), "Dark Green");
-  EXPECT_STREQ(get_device_channel_name(file, 2), "Varnish");
-}
-
-// The rows of the table, in its order. `answer` is patch 0 of GRAY and Lab, or what is asked.
+// The rows of the table, in its order; '|' ends a line.
 TEST(GuideFiles, Irregularities) {
-  const std::string fields = "GRAY LAB_L LAB_A LAB_B";
-  const auto described = [](const std::string& text) {
+  const auto described = [](std::string text) {
+    std::replace(text.begin(), text.end(), '|', '\n');
     const test::Loaded file(text);
     if (file.result == 0) return std::string("fails");
     std::string answer = std::to_string(num_patches(file)) + " patches";
@@ -88,57 +80,38 @@ TEST(GuideFiles, Irregularities) {
     }
     return answer;
   };
-  const std::string row = "0 95 1 -2\n";
-  const std::string sound = test::file_of(fields, row);
-  const std::string loads = "1 patches 95.0 1.00 -2.0";
-  EXPECT_EQ(described(sound), loads);
-  const auto without = [&sound](const std::string& line) {
-    std::string text = sound;
-    return text.erase(text.find(line + "\n"), line.size() + 1);
+  const std::string loads = "1 patches 95.0 1.00 -2.0", no_lab = "1 patches";
+  const std::string id = "CGATS.17|", row = "0 95 1 -2|", begin = "BEGIN_DATA|", end = "END_DATA|";
+  const std::string fields = "BEGIN_DATA_FORMAT|GRAY LAB_L LAB_A LAB_B|END_DATA_FORMAT|";
+  const auto with_fields = [&](const std::string& names, const std::string& values) {
+    return id + "BEGIN_DATA_FORMAT|" + names + "|END_DATA_FORMAT|" + begin + values + "|" + end;
   };
-  const auto with_header = [&](const std::string& line) {
-    return described(test::file_of(fields, row, line + "\n"));
+  const struct {
+    std::string text, answer;
+  } cases[] = {
+      {fields + begin + row + end, loads},
+      {id + fields + begin + row + end, loads},
+      {id + "NUMBER_OF_FIELDS 4|" + fields + begin + row + end, loads},
+      {id + "NUMBER_OF_FIELDS 5|" + fields + begin + row + end, "fails"},
+      {id + "NUMBER_OF_FIELDS four|" + fields + begin + row + end, "fails"},
+      {id + "NUMBER_OF_SETS 7|" + fields + begin + row + end, loads},
+      {id + "NUMBER_OF_SETS many|" + fields + begin + row + end, "fails"},
+      {id + fields + begin + "0 95 1|" + end, "fails"},
+      {id + fields + begin + "0 95 1 -2 3|" + end, "fails"},
+      {id + fields + begin + end, "0 patches"},
+      {id + fields + begin + "\t0   95\t1 -2 # note||# note|" + end, loads},
+      {id + fields + begin + "0 95,0 1 -2|" + end, loads},
+      {id + fields + begin + "0 9.5e1 1mm -2|" + end, loads},
+      {id + fields + begin + "0 n.a. 1 -2|" + end, "1 patches 0.00 1.00 -2.0"},
+      {id + "BEGIN_DATA_FORMAT|GRAY LAB_L LAB_A LAB_B|" + begin + row + end, "fails"},
+      {id + fields + begin + row, "fails"},
+      {id + fields + begin + row + end + begin + "50 1 2 3|" + end, loads},
+      {id + "BEGIN_DATA_FORMAT|A B C D|END_DATA_FORMAT|" + fields + begin + row + end, loads},
+      {with_fields("LAB_L LAB_A", "95 1"), no_lab},
+      {with_fields("LAB_L LAB_L LAB_A LAB_B", "1 95 1 -2"), loads},
+      {with_fields("LAB_L LAB_A LAB_B OWN", "95 1 -2 x"), loads},
   };
-  const auto with_rows = [&](const std::string& rows) {
-    return described(test::file_of(fields, rows));
-  };
-  EXPECT_EQ(described(without("CGATS.17")), loads);
-  EXPECT_EQ(with_header("NUMBER_OF_FIELDS 4"), loads);
-  EXPECT_EQ(with_header("NUMBER_OF_FIELDS 5"), "fails");
-  EXPECT_EQ(with_header("NUMBER_OF_FIELDS four"), "fails");
-  EXPECT_EQ(with_header("NUMBER_OF_SETS 7"), loads);
-  EXPECT_EQ(with_header("NUMBER_OF_SETS many"), "fails");
-  EXPECT_EQ(with_rows("0 95 1\n"), "fails");
-  EXPECT_EQ(with_rows("0 95 1 -2 3\n"), "fails");
-  EXPECT_EQ(with_rows(""), "0 patches");
-  EXPECT_EQ(with_rows("\t0   95\t1 -2 # note\n\n# note\n"), loads);
-  EXPECT_EQ(with_rows("0 95,0 1 -2\n"), loads);
-  EXPECT_EQ(with_rows("0 9.5e1 1mm -2\n"), loads);
-  EXPECT_EQ(with_rows("0 n.a. 1 -2\n"), "1 patches 0.00 1.00 -2.0");
-  EXPECT_EQ(described(without("END_DATA_FORMAT")), "fails");
-  EXPECT_EQ(described(without("END_DATA")), "fails");
-  EXPECT_EQ(described(sound + "BEGIN_DATA\n50 1 2 3\nEND_DATA\n"), loads);
-  EXPECT_EQ(described(test::file_of("LAB_L", "1\n", "BEGIN_DATA_FORMAT\nX\nEND_DATA_FORMAT\n")),
-            "1 patches");
-  EXPECT_EQ(described(test::file_of("LAB_L LAB_A", "95 1\n")), "1 patches");  // no Lab
-  EXPECT_EQ(described(test::file_of("LAB_L LAB_L LAB_A LAB_B", "1 95 1 -2\n")), loads);
-  EXPECT_EQ(described(test::file_of("LAB_L LAB_A LAB_B OWN", "95 1 -2 x\n")), loads);
-  std::string returns;  // lines that end with CR, LF and both
-  int line = 0;
-  for (const char c : sound) {
-    if (c == '\n') {
-      returns += std::vector<std::string>{"\r", "\n", "\r\n"}[static_cast<std::size_t>(line++ % 3)];
-    } else {
-      returns += c;
-    }
-  }
-  EXPECT_EQ(described(returns), loads);
-}
-
-TEST(GuideFiles, NumericColumnsOfASemicolonTableAreAllOfThem) {
-  const test::Loaded file("SAMPLE_NAME;LAB_L;LAB_A;LAB_B\na,b,c;1,5;;x\n", 1);
-  EXPECT_STREQ(get_name_from_patch(file, 0), "a.b,c");
-  EXPECT_EQ(file.lab(0), (Triple{1.5, 0, 0}));
+  for (const auto& c : cases) EXPECT_EQ(described(c.text), c.answer) << c.text;
 }
 
 }  // namespace
