@@ -1,9 +1,8 @@
-// What the guide says about files: its example files, and its table of irregularities.
+// What the guide says about its example files.
 #include "tests/support/loaded.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 
 namespace {
@@ -66,52 +65,6 @@ TEST(GuideFiles, WhatIsSaidOfEach) {
   ASSERT_EQ(parse_file(inks, path_of("ink-names.txt").c_str()), 1);
   const char* const names[] = {"Orange", "Dark Green", "Varnish"};
   for (int i = 0; i < 3; ++i) EXPECT_STREQ(get_device_channel_name(inks, i), names[i]);
-}
-
-// The rows of the table, in its order; '|' ends a line.
-TEST(GuideFiles, Irregularities) {
-  const auto described = [](std::string text) {
-    std::replace(text.begin(), text.end(), '|', '\n');
-    const test::Loaded file(text);
-    if (file.result == 0) return std::string("fails");
-    std::string answer = std::to_string(num_patches(file)) + " patches";
-    if (num_patches(file) > 0 && has_lab_data(file) == 1) {
-      for (const double value : file.lab(0)) answer += " " + std::to_string(value).substr(0, 4);
-    }
-    return answer;
-  };
-  const std::string loads = "1 patches 95.0 1.00 -2.0", no_lab = "1 patches";
-  const std::string id = "CGATS.17|", row = "0 95 1 -2|", begin = "BEGIN_DATA|", end = "END_DATA|";
-  const std::string fields = "BEGIN_DATA_FORMAT|GRAY LAB_L LAB_A LAB_B|END_DATA_FORMAT|";
-  const auto with_fields = [&](const std::string& names, const std::string& values) {
-    return id + "BEGIN_DATA_FORMAT|" + names + "|END_DATA_FORMAT|" + begin + values + "|" + end;
-  };
-  const struct {
-    std::string text, answer;
-  } cases[] = {
-      {fields + begin + row + end, loads},
-      {id + fields + begin + row + end, loads},
-      {id + "NUMBER_OF_FIELDS 4|" + fields + begin + row + end, loads},
-      {id + "NUMBER_OF_FIELDS 5|" + fields + begin + row + end, "fails"},
-      {id + "NUMBER_OF_FIELDS four|" + fields + begin + row + end, "fails"},
-      {id + "NUMBER_OF_SETS 7|" + fields + begin + row + end, loads},
-      {id + "NUMBER_OF_SETS many|" + fields + begin + row + end, "fails"},
-      {id + fields + begin + "0 95 1|" + end, "fails"},
-      {id + fields + begin + "0 95 1 -2 3|" + end, "fails"},
-      {id + fields + begin + end, "0 patches"},
-      {id + fields + begin + "\t0   95\t1 -2 # note||# note|" + end, loads},
-      {id + fields + begin + "0 95,0 1 -2|" + end, loads},
-      {id + fields + begin + "0 9.5e1 1mm -2|" + end, loads},
-      {id + fields + begin + "0 n.a. 1 -2|" + end, "1 patches 0.00 1.00 -2.0"},
-      {id + "BEGIN_DATA_FORMAT|GRAY LAB_L LAB_A LAB_B|" + begin + row + end, "fails"},
-      {id + fields + begin + row, "fails"},
-      {id + fields + begin + row + end + begin + "50 1 2 3|" + end, loads},
-      {id + "BEGIN_DATA_FORMAT|A B C D|END_DATA_FORMAT|" + fields + begin + row + end, loads},
-      {with_fields("LAB_L LAB_A", "95 1"), no_lab},
-      {with_fields("LAB_L LAB_L LAB_A LAB_B", "1 95 1 -2"), loads},
-      {with_fields("LAB_L LAB_A LAB_B OWN", "95 1 -2 x"), loads},
-  };
-  for (const auto& c : cases) EXPECT_EQ(described(c.text), c.answer) << c.text;
 }
 
 }  // namespace
