@@ -1,6 +1,6 @@
 // Files loaded one after the other on one handle: what must survive and what must not.
 #include "api/measdata.h"
-#include "tests/api/spectra.h"
+#include "tests/api/charts.h"
 #include "tests/support/answers.h"
 #include "tests/support/loaded.h"
 

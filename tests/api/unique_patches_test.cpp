@@ -1,6 +1,6 @@
 // Merged patches and what the chart tells about its channels.
 #include "api/measdata.h"
-#include "tests/api/spectra.h"
+#include "tests/api/charts.h"
 #include "tests/support/loaded.h"
 
 #include <gtest/gtest.h>
@@ -133,19 +133,12 @@ TEST(UniquePatches, ThePointerAnswersForMergedPatches) {
   void* unique = pass_unique_data(chart);
   EXPECT_EQ(num_patches(unique), 2);
   EXPECT_EQ(num_device_channels(unique), 1);
-  EXPECT_EQ(has_device_data(unique) + has_lab_data(unique) + has_spectral_data(unique) +
-                has_color_data(unique) + has_sample_id_data(unique) + has_sample_loc_data(unique) +
-                has_sample_name_data(unique),
-            7);
-  EXPECT_EQ(has_xyz_data(unique) + has_lch_data(unique), 0);  // not carried over
+  // XYZ and LCh are not carried over.
+  EXPECT_EQ(test::contents(unique), "device lab spectral color id loc name 400-700/20 x16");
   EXPECT_STREQ(get_id_from_patch(unique, 1), "2");
   EXPECT_STREQ(get_name_from_patch(unique, 0), "n");
   EXPECT_STREQ(get_loc_from_patch(unique, 1), "m");
   EXPECT_STREQ(get_id_from_patch(unique, 2), "");
-  EXPECT_EQ(spectral_start(unique), 400.0);
-  EXPECT_EQ(spectral_end(unique), 700.0);
-  EXPECT_EQ(spectral_step(unique), 20.0);
-  EXPECT_EQ(spectral_size(unique), 16);
   EXPECT_EQ(get_spectrum_from_patch(unique, 1)[15], 0.0);
   Triple triple = kNoTriple;
   get_xyz_from_patch(unique, 0, triple.data());
@@ -185,22 +178,17 @@ TEST(ChartAnalysis, PaperWedgesAndSolids) {
                                    "6 blue 50 50 0 0 30 0 0\n"
                                    "7 paper 0 0 0 0 95 0 0\n"));
   EXPECT_EQ(get_paperwhite_index(chart), 2);
-  ASSERT_EQ(num_wedge_steps(chart, 0), 3);
-  EXPECT_EQ(get_wedge_index(chart, 0, 0), 1);
-  EXPECT_EQ(get_wedge_index(chart, 0, 1), 4);
-  EXPECT_EQ(get_wedge_index(chart, 0, 2), 0);
-  EXPECT_EQ(num_wedge_steps(chart, 2), 0);
-  EXPECT_EQ(get_solid_index(chart, 0), 0);
-  EXPECT_EQ(get_solid_index(chart, 1), -1);  // 99.9 is no solid
-  EXPECT_EQ(get_solid_index(chart, 2), -1);
-  ASSERT_EQ(num_distinct_dev_values(chart, 0), 5);
-  EXPECT_EQ(get_distinct_dev_value(chart, 0, 4), 100.0);
-  EXPECT_EQ(get_distinct_dev_value(chart, 3, 0), -1.0);
-  EXPECT_EQ(get_distinct_dev_value_count(chart, 0, 0), 3);  // rows, not merged patches
-  EXPECT_STREQ(get_device_channel_name(chart, 0), "Cyan");
+  EXPECT_EQ(test::channel(chart, 0), "Cyan wedge 1 4 0 solid 0 values 0x3 25x1 40x1 50x1 100x1");
+  EXPECT_EQ(test::channel(chart, 1), "Magenta wedge 3 solid -1 values 0x5 50x1 99.9x1");
+  EXPECT_EQ(test::channel(chart, 3), "Black wedge solid -1 values -1x1 0x6");
   const Loaded beyond(test::file_of("GRAY", "255\n-1\n"));  // neither solid nor paper
-  EXPECT_EQ(get_solid_index(beyond, 0), -1);
+  EXPECT_EQ(test::channel(beyond, 0), "test wedge 1 0 solid -1 values -1x1 255x1");
   EXPECT_EQ(get_paperwhite_index(beyond), -1);
+  // A set that is not known has channels, but no analysis.
+  const Loaded unknown("% Cyan;Magenta;Black\n0;0;1\n0;0;1\n", 1);
+  EXPECT_EQ(num_device_channels(unknown), 3);
+  EXPECT_EQ(num_indices(unknown), 2);
+  EXPECT_EQ(test::channel(unknown, 0), "- wedge solid -1 values");
 }
 
 TEST(ChartAnalysis, ChannelsAndStepsThatDoNotExist) {
@@ -221,15 +209,6 @@ TEST(ChartAnalysis, ChannelsAndStepsThatDoNotExist) {
     EXPECT_EQ(get_distinct_dev_value(chart, 0, bad), 0.0);
     EXPECT_EQ(get_distinct_dev_value_count(chart, 0, bad), 0);
   }
-}
-
-TEST(ChartAnalysis, AnUnknownChannelSetHasChannelsButNoAnalysis) {
-  const Loaded chart("% Cyan;Magenta;Black;LAB_L;LAB_A;LAB_B\n0;0;1;2;3;4\n0;0;1;2;3;4\n", 1);
-  EXPECT_EQ(num_device_channels(chart), 3);
-  EXPECT_EQ(num_indices(chart), 2);
-  EXPECT_EQ(num_distinct_dev_values(chart, 0), 0);
-  EXPECT_EQ(num_wedge_steps(chart, 0), 0);
-  EXPECT_EQ(get_paperwhite_index(chart), -1);
 }
 
 }  // namespace
