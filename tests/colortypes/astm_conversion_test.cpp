@@ -88,7 +88,7 @@ TEST(WeightTables, KnownRowsOfTheLightsOutsideTheStandard) {
   const struct {
     Illuminant illuminant;
     TableType type;
-    WeightRow at460, at600;
+    Tristimulus at460, at600;
   } cases[] = {
       {UL35, TableType::Table5, {0.782, 0.329, 4.514}, {4.841, 2.946, 0.0}},
       {UL35, TableType::Table6, {0.749, 0.312, 4.320}, {3.616, 2.306, 0.0}},
