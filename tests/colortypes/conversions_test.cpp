@@ -1,5 +1,7 @@
 #include "colortypes/conversions.h"
 
+#include "api/measdata.h"
+
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -57,8 +59,10 @@ TEST(Conversions, Srgb) {
       {{50, 0, kNan}, {0, 0, 0}},
   };
   for (const auto& c : cases) {
-    const Rgb rgb = labToSrgb255(c.lab);
-    expect_near({rgb.r, rgb.g, rgb.b}, {c.rgb.r, c.rgb.g, c.rgb.b}, 1e-9);
+    const double lab[3] = {c.lab.l, c.lab.a, c.lab.b};
+    double rgb[3] = {};
+    lab_to_srgb(lab, rgb);
+    expect_near({rgb[0], rgb[1], rgb[2]}, {c.rgb.r, c.rgb.g, c.rgb.b}, 1e-9);
   }
 }
 
