@@ -100,15 +100,6 @@ TEST(Lifecycle, FilesAreReadOrFailWithTheirName) {
   }
 }
 
-TEST(Lifecycle, SemicolonTablesAreReadInModeOne) {
-  const test::Loaded handle(
-      "% Cyan;Magenta;Yellow;Black;LAB_L;LAB_A;LAB_B\n100;0;0;0;55,5;-37;-50\n", 1);
-  EXPECT_EQ(handle.result, 1);
-  EXPECT_EQ(handle.device(0), (std::vector<double>{100, 0, 0, 0}));
-  EXPECT_EQ(handle.lab(0), (test::Triple{55.5, -37, -50}));
-  EXPECT_EQ(dev_is_cmyk(handle), 0);  // its fields have other names
-}
-
 TEST(Lifecycle, ParseTakesAFilledHandleAndItsReader) {
   vantor::MeasData::MeasFileParser reader(1);
   const test::Handle handle;

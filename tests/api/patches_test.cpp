@@ -129,6 +129,9 @@ TEST(Patches, ContentsByForm) {
   }
   const Loaded gap("% Cyan;Magenta;Black\n1;2;3\n", 1);  // no Yellow: its channel reads 0
   EXPECT_EQ(gap.device(0), (std::vector<double>{1, 2, 0}));
+  const Loaded inks("% Cyan;Magenta;Yellow;Black\n50,5;2;3;4\n", 1);
+  EXPECT_EQ(inks.device(0), (std::vector<double>{50.5, 2, 3, 4}));
+  EXPECT_EQ(test::color_model(inks), "000");  // its fields have other names
   EXPECT_EQ(test::contents(nullptr) + test::color_model(nullptr), "0-0/0 x0000");
   for (const auto count : {num_patches, num_indices, num_device_channels}) {
     EXPECT_EQ(count(nullptr) + count(test::Handle()), 0);

@@ -169,18 +169,19 @@ TEST(UniquePatches, IndicesThatDoNotExist) {
 }
 
 TEST(ChartAnalysis, PaperWedgesAndSolids) {
-  const Loaded chart(test::file_of(kCmykLab,
-                                   "1 c100 100 0 0 0 50 0 0\n"
-                                   "2 c25 25 0 0 0 80 0 0\n"
-                                   "3 paper 0 0 0 0 95 0 0\n"
-                                   "4 m99 0 99.9 0 0 50 0 0\n"
-                                   "5 c40 40 0 0 -1 70 0 0\n"
-                                   "6 blue 50 50 0 0 30 0 0\n"
-                                   "7 paper 0 0 0 0 95 0 0\n"));
+  const Loaded chart(test::file_of("CMYK_C CMYK_M CMYK_Y CMYK_K",
+                                   "100 0 0 0\n"
+                                   "25 0 0 0\n"
+                                   "0 -0.0 0 0\n"   // paper
+                                   "0 99.9 0 0\n"   // no solid
+                                   "40 0 0 -1\n"    // a negative value does not print
+                                   "50 0 0 1e-9\n"  // a trace does
+                                   "nan 0 0 0\n"    // sorts in front
+                                   "0 0 0 0\n"));
   EXPECT_EQ(get_paperwhite_index(chart), 2);
-  EXPECT_EQ(test::channel(chart, 0), "Cyan wedge 1 4 0 solid 0 values 0x3 25x1 40x1 50x1 100x1");
-  EXPECT_EQ(test::channel(chart, 1), "Magenta wedge 3 solid -1 values 0x5 50x1 99.9x1");
-  EXPECT_EQ(test::channel(chart, 3), "Black wedge solid -1 values -1x1 0x6");
+  EXPECT_EQ(test::channel(chart, 0), "Cyan wedge 6 1 4 0 solid 0 values 0x3 25x1 40x1 50x1 100x1");
+  EXPECT_EQ(test::channel(chart, 1), "Magenta wedge 3 solid -1 values 0x7 99.9x1");
+  EXPECT_EQ(test::channel(chart, 2), "Yellow wedge solid -1 values 0x8");
   const Loaded beyond(test::file_of("GRAY", "255\n-1\n"));  // neither solid nor paper
   EXPECT_EQ(test::channel(beyond, 0), "test wedge 1 0 solid -1 values -1x1 255x1");
   EXPECT_EQ(get_paperwhite_index(beyond), -1);

@@ -16,7 +16,6 @@ namespace {
 using namespace vantor::ColorTypes;
 using Rows = std::vector<std::vector<double>>;
 using Members = std::vector<std::vector<std::uint32_t>>;
-using Indices = std::vector<std::int32_t>;
 
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
@@ -37,12 +36,6 @@ Members members_of(const Rows& rows) {
   return members;
 }
 
-Distances distances_of(const Rows& rows) {
-  std::vector<std::uint32_t> all(rows.size());
-  std::iota(all.begin(), all.end(), 0U);
-  return pairwiseDistances(table_of(rows), all);
-}
-
 TEST(Repeats, RowsAreEqualAsDoubles) {
   EXPECT_EQ(members_of({{1, 2}, {2, 1}, {1, 2}, {1, 2.0000000001}, {2, 1}, {1, 2}}),
             (Members{{0, 2, 5}, {1, 4}, {3}}));
@@ -59,27 +52,10 @@ TEST(Repeats, RowsAreEqualAsDoubles) {
   EXPECT_EQ(members_of(rows), expected);
 }
 
-TEST(Repeats, DistancesOfAllPairs) {
-  const struct {
-    Rows rows;
-    double mean, max;
-  } cases[] = {
-      {{{50, 0, 0}, {50, 3, 4}}, 5, 5},
-      {{{0}, {1}, {5}}, 10.0 / 3, 5},  // 1, 5, 4
-      {{{7, 7}, {7, 7}}, 0, 0},
-      {{{7, 7}}, 0, -1.7976931348623157e308},
-  };
-  for (const auto& c : cases) {
-    const Distances distances = distances_of(c.rows);
-    EXPECT_NEAR(distances.mean, c.mean, 1e-15);
-    EXPECT_EQ(distances.max, c.max);
-  }
-}
-
 // Against the definition, pair by pair: counts that fill tiles of four and batches of 32 tiles, and
 // counts that do not.
 TEST(Repeats, DistancesOfManyPairs) {
-  for (const std::size_t count : {4U, 7U, 8U, 13U, 140U}) {
+  for (const std::size_t count : {2U, 3U, 4U, 7U, 8U, 13U, 140U}) {
     for (const std::size_t width : {1U, 3U, 36U}) {
       Rows rows(count, std::vector<double>(width));
       for (std::size_t i = 0; i < count * width; ++i) {
@@ -94,7 +70,9 @@ TEST(Repeats, DistancesOfManyPairs) {
           max = std::max(max, distance);
         }
       }
-      const Distances distances = distances_of(rows);
+      std::vector<std::uint32_t> all(count);
+      std::iota(all.begin(), all.end(), 0U);
+      const Distances distances = pairwiseDistances(table_of(rows), all);
       EXPECT_NEAR(distances.mean, sum / static_cast<double>(count * (count - 1) / 2), 1e-12);
       EXPECT_NEAR(distances.max, max, 1e-14) << count << " " << width;
     }
@@ -105,7 +83,7 @@ TEST(ChartAnalysis, DistinctValuesAscendWithTheirCounts) {
   const DistinctValues distinct = collectDistinctValues(
       table_of({{50, 9}, {0.5, 9}, {-0.0, 9}, {0.50000001, 9}, {50, 9}, {0, 9}, {kNan, 9}}), 0);
   EXPECT_EQ(distinct.values, (std::vector<double>{0, 0.5, 0.50000001, 50}));
-  EXPECT_EQ(distinct.counts, (Indices{2, 1, 1, 2}));
+  EXPECT_EQ(distinct.counts, (std::vector<std::int32_t>{2, 1, 1, 2}));
   Rows rows;  // more than the first table of values holds
   for (int i = 0; i < 1000; ++i) rows.push_back({i % 300 * 0.25});
   const DistinctValues many = collectDistinctValues(table_of(rows), 0);
@@ -113,24 +91,6 @@ TEST(ChartAnalysis, DistinctValuesAscendWithTheirCounts) {
   EXPECT_EQ(many.values[299], 74.75);
   EXPECT_EQ(many.counts[99], 4);
   EXPECT_EQ(many.counts[100], 3);
-}
-
-TEST(ChartAnalysis, PaperWhiteAndWedges) {
-  const ValueTable chart = table_of({{0, 0, 0},      // paper
-                                     {100, 0, 0},    //
-                                     {0, 100, 0},    // another ink
-                                     {25, 0, 0},     //
-                                     {50, 0, 1e-9},  // a trace of another ink
-                                     {40, 0, -1},    // a negative value does not print
-                                     {25, 0, 0},     //
-                                     {-0.0, 0, 0},   // paper
-                                     {kNan, 0, 0}});
-  const Indices rows = rowsOfOneInk(chart);
-  EXPECT_EQ(findPaperWhite(chart, rows), (Indices{0, 7}));
-  EXPECT_EQ(collectWedge(chart, rows, 0, ZeroSteps::skip), (Indices{8, 3, 6, 5, 1}));
-  EXPECT_EQ(collectWedge(chart, rows, 0, ZeroSteps::keep), (Indices{8, 0, 7, 3, 6, 5, 1}));
-  EXPECT_EQ(collectWedge(chart, rows, 1, ZeroSteps::skip), (Indices{2}));
-  EXPECT_EQ(collectWedge(chart, rows, 2, ZeroSteps::skip), Indices{});
 }
 
 }  // namespace
