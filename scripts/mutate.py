@@ -75,7 +75,8 @@ DECLARATION = re.compile(
     r"(?:const|static|constexpr|using|namespace|friend|template|explicit|inline|virtual|struct"
     r"|class|enum|public|protected|private|case|default|return|static_assert)\b"
     r"|(?!delete|throw|else)[\w:]+(?:<[^;=]*>)?[&*\s]+\w+\s*[=({;\[,)]")
-NUMBERS_ALONE = re.compile(r"[\s\d.,eE+-]+[})]*;?\s*")
+STARTS = ("++", "--", "*", "(", "::")  # of statements that no name begins
+TABLE_LINE = re.compile(r'(?:[\s\d.,eE+{}()-]|"[^"]*")+;?\s*(?://.*)?')
 
 
 def other_numbers(text):
@@ -83,7 +84,8 @@ def other_numbers(text):
     if not re.fullmatch(r"0[xX].*|[\d']+", digits):
         return [repr(float(digits) * 1.1 or 1.0) + suffix]
     value = int(digits.replace("'", ""), 0)
-    return [f"{other}{suffix}" for other in (value - 1, value + 1) if other >= 0]
+    form = "#x" if digits[1:2] in ("x", "X") else "d"
+    return [f"{other:{form}}{suffix}" for other in (value - 1, value + 1) if other >= 0]
 
 
 def brackets(tokens):
@@ -121,7 +123,7 @@ def changes(text):
         parentheses += (sign == "(") - (sign == ")")
         if token.lastgroup == "number":
             line = text[text.rfind("\n", 0, start) + 1:text.find("\n", end)]
-            if not NUMBERS_ALONE.fullmatch(line):
+            if not TABLE_LINE.fullmatch(line):
                 yield from ((start, end, other) for other in other_numbers(sign))
         elif sign in OTHER and (text[start - 1] == " " and text[end] in " \n" or sign.isalpha()):
             yield start, end, OTHER[sign]  # clang-format puts no blanks around the signs of types
@@ -134,9 +136,9 @@ def changes(text):
         elif sign == "(" and tokens[i - 1].lastgroup == "name" or sign == "{" and before == "return":
             yield from swapped(text, tokens, [i, *inner[i]])
         is_begin = before in (";", "{", "}", "else") and parentheses == 0 or i - 1 in heads
-        if is_begin and not DECLARATION.match(text, start):
+        if is_begin and (sign.isidentifier() or sign in STARTS) and not DECLARATION.match(text, start):
             last = statement_end(signs, inner, i)
-            if last > i:
+            if last > i and signs[last - 1] not in ("default", "delete"):
                 yield start, tokens[last].end(), ";"
 
 
@@ -167,7 +169,8 @@ def sample(pattern, count, seed):
     for file in files:
         if re.search(pattern, file) and not NOT_SAMPLED.search(file):
             found = list(dict.fromkeys(mutations_of(file)))
-            random.Random(f"{seed} {file}").shuffle(found)
+            # By the change alone, so that another place of the file does not change the sample.
+            found.sort(key=lambda mutation: random.Random(f"{seed} {mutation.change()}").random())
             ranked += [(i / len(found), file, mutation) for i, mutation in enumerate(found)]
     return sorted(mutation for _, _, mutation in sorted(ranked)[:count])
 
