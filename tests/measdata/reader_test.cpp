@@ -260,6 +260,11 @@ TEST(Reader, DataCells) {
   EXPECT_EQ(tables_of(reader), "CGATS.17; LAB_A SAMPLE_NAME; 2 1; [1,5] [2.5]/; SAMPLE_NAME=");
   EXPECT_EQ(reader.field_index("SAMPLE_ID"), -1);
   EXPECT_EQ(reader.value_as_double(0, 0), 1.0);
+  // Without a count, the first list is what the second must fit.
+  EXPECT_EQ(told("CGATS.17|BEGIN_DATA_FORMAT|LAB_L LAB_A|END_DATA_FORMAT|BEGIN_DATA_FORMAT|LAB_B|"
+                 "END_DATA_FORMAT|NUMBER_OF_SETS 1|BEGIN_DATA|1|END_DATA|"),
+            "failed: Missing NUMBER_OF_FIELDS before DATA_FORMAT!|"
+            "DATA_FORMAT has wrong NUMBER_OF_FIELDS!|Multiple DATA_FORMATs! Overriding old one.|");
 }
 
 TEST(Reader, EachWrongRowWidthIsToldOnceInARun) {
