@@ -25,7 +25,7 @@ void expect_number(double ours, std::string text, Comma comma) {
   if (comma == Comma::is_decimal_point && text.find(',') != std::string::npos) {
     text[text.find(',')] = '.';
   }
-  const double theirs = std::atof(text.c_str());
+  const double theirs = std::strtod(text.c_str(), nullptr);
   if (std::isnan(theirs) && std::isnan(ours)) return;
   EXPECT_EQ(std::bit_cast<std::uint64_t>(ours), std::bit_cast<std::uint64_t>(theirs))
       << '"' << text << "\" is " << ours << ", for the C library " << theirs;

@@ -119,6 +119,7 @@ TEST(Reader, LineOneIsAnIdentifierOrAnOrdinaryLine) {
       {"ISO28178\t\t", "ISO28178", "read: "},
       {"IT8.7", "", wrong + "'IT8.7'!|"},
       {"cgats.17", "", wrong + "'cgats.17'!|"},
+      {"\"CGATS.17\"", "", wrong + "'CGATS.17'!|"},  // quotes count here
       {"SERIAL me", "", "read: Missing 7-character-ID in line 1|"},
       {"|", "", "read: Missing 7-character-ID in line 1|"},
   };
@@ -141,7 +142,7 @@ TEST(Reader, KeywordLines) {
       {"SERIAL x #note|", " SERIAL=x#note ", ""},
       {"SERIAL x #a b \"c d\"|", " SERIAL=x#a b c d", ""},
       {"# SERIAL x||\t|", "", ""},
-      {"SERIAL 1|SERIAL 2|", " SERIAL=2", "Overwriting keyword 'SERIAL'|"},
+      {"SERIAL 1 #c|SERIAL 2|", " SERIAL=2", "Overwriting keyword 'SERIAL'|"},
       {"OWN 1|", " OWN=1", "Undefined keyword 'OWN'|"},
       {"KEYWORD OWN|OWN 1|", " OWN=1", ""},
       {"KEYWORD OWN extra|", " OWN=", "Excess items after 'KEYWORD'!|"},
@@ -201,6 +202,7 @@ TEST(Reader, WhereTheTextEndsTooEarly) {
   EXPECT_EQ(told(format + "SAMPLE_ID|"), "failed: EOF, but END_DATA_FORMAT expected!|" + wrong);
   const std::string open = format + "SAMPLE_ID|END_DATA_FORMAT rest|NUMBER_OF_SETS 1|BEGIN_DATA|";
   EXPECT_EQ(told(open + "1|"), "failed: EOF, but END_DATA expected!|");
+  EXPECT_EQ(told(open + "1|\t END_DATA|"), "read: ");
   EXPECT_EQ(told(open + "END_DATA|anything|"), "read: Empty DATA block!|" + wrong);
   // A line behind the fields is lost unless it begins the data.
   const std::string start = format + "# comment||SAMPLE_ID|";
@@ -258,6 +260,11 @@ TEST(Reader, DataCells) {
   EXPECT_EQ(tables_of(reader), "CGATS.17; LAB_A SAMPLE_NAME; 2 1; [1,5] [2.5]/; SAMPLE_NAME=");
   EXPECT_EQ(reader.field_index("SAMPLE_ID"), -1);
   EXPECT_EQ(reader.value_as_double(0, 0), 1.0);
+  // Without a count, the first list is what the second must fit.
+  EXPECT_EQ(told("CGATS.17|BEGIN_DATA_FORMAT|LAB_L LAB_A|END_DATA_FORMAT|BEGIN_DATA_FORMAT|LAB_B|"
+                 "END_DATA_FORMAT|NUMBER_OF_SETS 1|BEGIN_DATA|1|END_DATA|"),
+            "failed: Missing NUMBER_OF_FIELDS before DATA_FORMAT!|"
+            "DATA_FORMAT has wrong NUMBER_OF_FIELDS!|Multiple DATA_FORMATs! Overriding old one.|");
 }
 
 TEST(Reader, EachWrongRowWidthIsToldOnceInARun) {
@@ -270,6 +277,8 @@ TEST(Reader, EachWrongRowWidthIsToldOnceInARun) {
   EXPECT_EQ(told(start + "1 2 3|1 2 3|1 2 3|1 2 3|END_DATA|"), "failed: " + error(10, 3));
   EXPECT_EQ(told(start + "1 2 3|1 2 3 4 5|1 2 3 4|1 2 3|END_DATA|"),
             "failed: " + error(10, 3) + error(11, 5) + error(13, 3));
+  EXPECT_EQ(told(start + "1 2 3 4\r||1 2 3|END_DATA|"),
+            "failed: " + error(12, 3) + "DATA has wrong NUMBER_OF_SETS!|");
 }
 
 TEST(Reader, APlainTableBeginsWithItsFieldList) {
@@ -281,6 +290,8 @@ TEST(Reader, APlainTableBeginsWithItsFieldList) {
             "In DATA block : line 1 has 1 fields, but 2 are required!|");
   EXPECT_EQ(told("A|", kPlainTable),
             "failed: must have at least two lines!|lines must have same number of fields!|");
+  EXPECT_EQ(told("\"A B\" C|1 2|", kPlainTable),
+            "failed: lines must have same number of fields!|");  // quotes count here
   MeasFileParser reader(kSemicolonTable);
   reader.set_mode(kPlainTable);  // keeps the separators and the comments of the mode before it
   load(reader, "A;B|%C;D|1;2 3|");
@@ -303,14 +314,15 @@ TEST(Reader, ASemicolonTable) {
       {"ID;L;a;b|1;50,5;10;-3,25||2;40;5|3;40;5;6;7|1;;2;3|",
        " ID L a b; -1 -1; [1] [50.5] [10] [-3.25]/ [3] [40] [5] [6]/ [1] [] [2] [3]/;"},
       {"\"a;b\";c|1,2,3;4", " a;b c; -1 -1; [1.2,3] [4]/;"},
-      {"%A;B|1;2|%C;D|3;4|", " %C D; -1 -1; [1] [2]/ [3] [4]/;"},  // the last comment names them
+      {"%A;B|1;2|%X|%C;D|3;4|", " %C D; -1 -1; [1] [2]/ [3] [4]/;"},  // the last comment names them
+      {"|||1|", "; -1 -1;/;"},
       {"A;;B", " A  B; -1 -1;;"},
   };
   MeasFileParser reader(kSemicolonTable);
   for (const auto& c : cases) {
     EXPECT_EQ(load(reader, c.text), "read: ");
     EXPECT_EQ(tables_of(reader), ";" + c.tables);
-    EXPECT_EQ(reader.value_as_double(0, 1), std::atof(reader.value(0, 1).c_str()));
+    EXPECT_EQ(reader.value_as_double(0, 1), std::strtod(reader.value(0, 1).c_str(), nullptr));
   }
   load(reader, cases[0].text);
   reader.set_mode(kLenient);  // for the next load only

@@ -28,7 +28,7 @@ std::string rows_of(std::string_view text, int mode) {
     int column = 0;
     for (const std::string_view cell : reader.cells_of_row(row, cutter)) {
       const std::string value = reader.text_of(cell, column);
-      EXPECT_EQ(reader.number_of(cell, column), std::atof(value.c_str())) << value;
+      EXPECT_EQ(reader.number_of(cell, column), std::strtod(value.c_str(), nullptr)) << value;
       rows += (column == 0 ? "" : "|") + value;
       ++column;
     }
