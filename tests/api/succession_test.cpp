@@ -67,10 +67,12 @@ TEST(Succession, MemoryOfTheHandleAsInput) {
   const std::string table = "% Cyan;Magenta;Yellow;Black;" + std::string(1 << 18, 'x');
   const std::string quoted = " \"" + table + "\"";
   const test::Bands bands = {1, 1, 20000};
-  const std::string row = "1" + quoted + quoted + quoted + test::repeated("1", 20000) + "\n";
+  const std::string row =
+      "1 1 1 1 1" + quoted + quoted + quoted + test::repeated("1", 20000) + "\n";
   const std::string file =
-      test::file_of("GRAY SAMPLE_ID SAMPLE_LOC SAMPLE_NAME " + test::fields_of(bands), row + row,
-                    "INK_NAME_1" + quoted + "\n");
+      test::file_of("5CLR_1 5CLR_2 5CLR_3 5CLR_4 5CLR_5 SAMPLE_ID SAMPLE_LOC SAMPLE_NAME " +
+                        test::fields_of(bands),
+                    row + row, "INK_NAME_5" + quoted + "\n");
   using Given = const char* (*)(void*);
   test::Handle handle;
   for (const Given given : {
@@ -80,8 +82,8 @@ TEST(Succession, MemoryOfTheHandleAsInput) {
            Given([](void* h) { return get_id_from_patch(pass_unique_data(h), 0); }),
            Given([](void* h) { return get_loc_from_patch(pass_unique_data(h), 0); }),
            Given([](void* h) { return get_name_from_index(h, 0); }),
-           Given([](void* h) { return get_device_channel_name(h, 0); }),
-           Given([](void* h) { return get_value_of_keyword(h, "INK_NAME_1"); }),
+           Given([](void* h) { return get_device_channel_name(h, 4); }),
+           Given([](void* h) { return get_value_of_keyword(h, "INK_NAME_5"); }),
        }) {
     set_parse_mode(handle, 0);
     ASSERT_EQ(handle.load(file), 1);
@@ -89,14 +91,14 @@ TEST(Succession, MemoryOfTheHandleAsInput) {
     EXPECT_EQ(parse_mem(handle, table.size(), given(handle), given(handle)), 1);
     EXPECT_EQ(num_device_channels(handle), 4);
   }
-  for (const auto spectrum : {get_spectrum_from_patch, get_spectrum_from_index}) {
-    set_parse_mode(handle, 0);
-    ASSERT_EQ(handle.load(file), 1);
-    set_parse_mode(handle, 1);
-    EXPECT_EQ(parse_mem(handle, 8, reinterpret_cast<const char*>(spectrum(handle, 0)), ""), 1);
-  }
-  EXPECT_EQ(parse_file(handle, table.c_str()), 0);  // its message holds the name
-  EXPECT_EQ(parse_mem(handle, table.size(), parse_messages(handle), ""), 1);
+  set_parse_mode(handle, 0);
+  ASSERT_EQ(handle.load(file), 1);
+  const double* spectrum = get_spectrum_from_patch(handle, 0);
+  EXPECT_EQ(parse_mem(handle, 8, reinterpret_cast<const char*>(spectrum), ""), 0);
+  EXPECT_EQ(handle.load("In\nIn 1\nIn 2\nIn 3\n" + std::string(200, '#')), 0);
+  const std::string messages = handle.messages();
+  EXPECT_EQ(parse_mem(handle, messages.size(), parse_messages(handle), ""), 0);
+  EXPECT_EQ(handle.messages(), test::Loaded(messages).messages());
 }
 
 }  // namespace
