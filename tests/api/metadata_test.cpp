@@ -108,7 +108,7 @@ TEST(Metadata, WordsOfFreeText) {
   using vantor::Api::split_words;
   using vantor::Api::Words;
   EXPECT_EQ(split_words(" a\tb  c "), (Words{"a", "b", "c"}));
-  EXPECT_EQ(split_words(R"("a ""b"" c" d)"), (Words{R"(a "b" c)", "d"}));
+  EXPECT_EQ(split_words(R"("a ""b""" d)"), (Words{R"(a "b")", "d"}));
   EXPECT_EQ(split_words(R"("a"b""c "open ""d)"), (Words{"a", R"(b""c)", R"(open "d)"}));
   EXPECT_EQ(split_words(""), Words{});
 }
