@@ -223,7 +223,7 @@ TEST(Reader, FieldIdentifiers) {
   } cases[] = {
       {"SAMPLE_ID # X", count, ""},
       {"SAMPLE_ID SPECTRAL_NM_380 SPECTRAL_NM_390", count + unknown("SPECTRAL_NM_380"), ""},
-      {"R_380 R_390 XYZ_Q nm5", count + unknown("R_380") + unknown("XYZ_Q") + unknown("nm5"), ""},
+      {"R_380 XYZ_Q nm5 R_390", count + unknown("R_380") + unknown("XYZ_Q") + unknown("nm5"), ""},
       {"nm380 nm390 OWN", count + unknown("nm380"), "KEYWORD OWN|"},
       {"SAMPLE_ID SAMPLE_ID", count + "Duplicate data format identifier 'SAMPLE_ID'!|", ""},
       {"SPOT_16 PC_9 PC1_2", count, ""},
