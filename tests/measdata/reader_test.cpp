@@ -251,6 +251,12 @@ TEST(Reader, DataCells) {
             " SAMPLE_NAME=");
   EXPECT_EQ(reader.value_as_double(0, 2), 1.234);
   EXPECT_EQ(reader.value_as_double(1, 1), -10.0);
+  // Commas stay in columns of text.
+  const std::string texts =
+      " SAMPLE_ID STRING SAMPLE_NO SampleID SampleName Sample_Name SAMPLE_NAME SAMPLE_LOC X";
+  EXPECT_EQ(tables_of("CGATS.17|BEGIN_DATA_FORMAT|" + texts + "|END_DATA_FORMAT|BEGIN_DATA|" +
+                      "1, 2, 3, 4, 5, 6, 7, 8, 9,|END_DATA|"),
+            "CGATS.17;" + texts + "; -1 -1; [1,] [2,] [3,] [4,] [5,] [6,] [7,] [8,] [9.]/;");
   // The second field list replaces the first, but not the kinds of its columns.
   const std::string two =
       "CGATS.17|KEYWORD SAMPLE_NAME|NUMBER_OF_FIELDS 2|BEGIN_DATA_FORMAT|SAMPLE_ID LAB_L|"
