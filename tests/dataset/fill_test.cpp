@@ -110,6 +110,8 @@ TEST(Fill, SpectralPrefixes) {
     EXPECT_EQ(data_set.spectral_prefix, c.prefix) << c.fields;
     EXPECT_EQ(data_set.wavelengths, c.wavelengths) << c.fields;
   }
+  // A semicolon table knows no standard fields.
+  EXPECT_EQ(read_text("LAB_DE_2000;LAB_DE_380;LAB_DE_390", 2).wavelengths.size(), 3U);
 }
 
 TEST(Fill, DeviceChannelsAreFoundByTheirNames) {
