@@ -90,14 +90,14 @@ MEASDATA_API int get_parse_mode(void* handle) MEASDATA_NOEXCEPT;
 
 /** Returns the messages of the last load, one English line each, or an empty string. A failed load
  *  reports all that the reader noticed; a successful load reports only what affects the results.
- *  Names from the file stand unchanged in the lines. Null for a null handle. */
+ *  The lines contain names from the file unchanged. Returns null for a null handle. */
 MEASDATA_API const char* parse_messages(void* handle) MEASDATA_NOEXCEPT;
 
 /** Returns a pointer to the merged patches of the handle. Some functions accept it in place of a
  *  handle and then answer for the merged patches: num_patches(), num_device_channels(), all
  *  `has_..._data` functions, all `spectral_...` functions and all `..._from_patch` functions.
- *  Never pass it to other functions. It stays valid until the handle is released and must not be
- *  released itself. Null for a null handle. */
+ *  Never pass it to other functions. It stays valid until the handle is released; do not release
+ *  it itself. Returns null for a null handle. */
 MEASDATA_API void* pass_unique_data(void* handle) MEASDATA_NOEXCEPT;
 
 /** Returns the version of the library as "major.minor.bugfix". The string is constant. */
@@ -153,16 +153,16 @@ MEASDATA_API int has_sample_loc_data(void* handle) MEASDATA_NOEXCEPT;
 MEASDATA_API int has_sample_name_data(void* handle) MEASDATA_NOEXCEPT;
 
 /** Returns 1 when the device channels are the fields CMYK_C, CMYK_M, CMYK_Y and CMYK_K, else 0. A
- *  load sets the result once its rows are read. A load that fails before that keeps the result of
- *  the previous load. */
+ *  successful load sets the result, and so does a load that fails only because of a full-tone
+ *  colour. Any other failed load keeps the previous result. */
 MEASDATA_API int dev_is_cmyk(void* handle) MEASDATA_NOEXCEPT;
 
-/** Returns 1 when the device channels are the fields CMY_C, CMY_M and CMY_Y, else 0. A failed load
- *  affects the result as with dev_is_cmyk(). */
+/** Returns 1 when the device channels are the fields CMY_C, CMY_M and CMY_Y, else 0. Loads change
+ *  the result as they change dev_is_cmyk(). */
 MEASDATA_API int dev_is_cmy(void* handle) MEASDATA_NOEXCEPT;
 
-/** Returns 1 when the device channels are the fields RGB_R, RGB_G and RGB_B, else 0. A failed load
- *  affects the result as with dev_is_cmyk(). */
+/** Returns 1 when the device channels are the fields RGB_R, RGB_G and RGB_B, else 0. Loads change
+ *  the result as they change dev_is_cmyk(). */
 MEASDATA_API int dev_is_rgb(void* handle) MEASDATA_NOEXCEPT;
 
 /** @} */
@@ -189,16 +189,16 @@ MEASDATA_API int spectral_size(void* handle) MEASDATA_NOEXCEPT;
  *  The values of one row of the file.
  *  @{ */
 
-/** Returns the identifier of a patch: SAMPLE_ID of the file. Never null; empty when there is none
- *  or the patch does not exist. */
+/** Returns the identifier of a patch: SAMPLE_ID of the file. The result is never null. It is empty
+ *  when the file has no identifiers or the patch does not exist. */
 MEASDATA_API const char* get_id_from_patch(void* handle, int patch) MEASDATA_NOEXCEPT;
 
-/** Returns the location of a patch on the chart: SAMPLE_LOC of the file. Never null; empty when
- *  there is none or the patch does not exist. */
+/** Returns the location of a patch on the chart: SAMPLE_LOC of the file. The result is never null.
+ *  It is empty when the file has no locations or the patch does not exist. */
 MEASDATA_API const char* get_loc_from_patch(void* handle, int patch) MEASDATA_NOEXCEPT;
 
-/** Returns the name of a patch: SAMPLE_NAME of the file. Never null; empty when there is none or
- *  the patch does not exist. */
+/** Returns the name of a patch: SAMPLE_NAME of the file. The result is never null. It is empty
+ *  when the file has no names or the patch does not exist. */
 MEASDATA_API const char* get_name_from_patch(void* handle, int patch) MEASDATA_NOEXCEPT;
 
 /** Writes the device values of a patch: num_device_channels() numbers, never more than 15. They
@@ -218,14 +218,15 @@ MEASDATA_API void get_xyz_from_patch(void* handle, int patch, double* out) MEASD
  *  2. The Lab of the file.
  *  3. Other spectra of two or more wavelengths, with the CIE 1931 colour-matching functions and
  *     D50.
- *  4. The XYZ of a file whose spectra have one wavelength.
+ *  4. The XYZ of a file whose spectra have only one wavelength.
  *
- *  Leaves `out` untouched when none applies, as with XYZ alone, or when the patch does not exist.
+ *  Leaves `out` untouched when the patch does not exist or none of these applies, for example when
+ *  the file has only XYZ.
  */
 MEASDATA_API void get_lab_from_patch(void* handle, int patch, double* out) MEASDATA_NOEXCEPT;
 
 /** Returns the spectrum of a patch: spectral_size() numbers of the file, in the order of the
- *  wavelengths. Null when has_spectral_data() is 0 or the patch does not exist. */
+ *  wavelengths. Returns null when has_spectral_data() is 0 or the patch does not exist. */
 MEASDATA_API const double* get_spectrum_from_patch(void* handle, int patch) MEASDATA_NOEXCEPT;
 
 /** @} */
@@ -243,11 +244,12 @@ typedef struct DeStats {
 } DeStats;
 
 /** Returns the number of merged patches. Without device values nothing is merged, and every patch
- *  is an index. 0 for a file with densities, which the library does not merge. */
+ *  is an index. Returns 0 for a file with densities, because the library does not merge
+ *  densities. */
 MEASDATA_API int num_indices(void* handle) MEASDATA_NOEXCEPT;
 
-/** Returns the name of a merged patch, which is the name of its first row. Never null; empty when
- *  there is none or the index does not exist. */
+/** Returns the name of a merged patch, which is the name of its first row. The result is never
+ *  null. It is empty when the file has no names or the index does not exist. */
 MEASDATA_API const char* get_name_from_index(void* handle, int index) MEASDATA_NOEXCEPT;
 
 /** Writes the device values of a merged patch: num_device_channels() numbers. Leaves `out`
@@ -255,12 +257,12 @@ MEASDATA_API const char* get_name_from_index(void* handle, int index) MEASDATA_N
 MEASDATA_API void get_dev_from_index(void* handle, int index, double* out) MEASDATA_NOEXCEPT;
 
 /** Writes L*, a* and b* of a merged patch: 3 numbers. They come from the mean spectrum or the mean
- *  Lab of its rows, by the rules of get_lab_from_patch(). Leaves `out` untouched when
- *  has_color_data() is 0 or the index does not exist. */
+ *  Lab of its rows, by the rules of get_lab_from_patch(). Leaves `out` untouched when no rule
+ *  applies or the index does not exist. */
 MEASDATA_API void get_lab_from_index(void* handle, int index, double* out) MEASDATA_NOEXCEPT;
 
-/** Returns the spectrum of a merged patch, the mean of its rows: spectral_size() numbers. Null
- *  when has_spectral_data() is 0 or the index does not exist. */
+/** Returns the spectrum of a merged patch, the mean of its rows: spectral_size() numbers. Returns
+ *  null when has_spectral_data() is 0 or the index does not exist. */
 MEASDATA_API const double* get_spectrum_from_index(void* handle, int index) MEASDATA_NOEXCEPT;
 
 /** Fills `out` with the statistics of a merged patch. The Lab values of its rows follow the rules
@@ -268,8 +270,8 @@ MEASDATA_API const double* get_spectrum_from_index(void* handle, int index) MEAS
  *  or the index does not exist. */
 MEASDATA_API void get_de_stats_from_index(void* handle, int index, DeStats* out) MEASDATA_NOEXCEPT;
 
-/** Returns the index of the paper white, the merged patch with 0 in every channel; -1 when there
- *  is none. */
+/** Returns the index of the paper white, which is the merged patch with 0 in every channel.
+ *  Returns -1 when there is none. */
 MEASDATA_API int get_paperwhite_index(void* handle) MEASDATA_NOEXCEPT;
 
 /** @} */
@@ -278,33 +280,34 @@ MEASDATA_API int get_paperwhite_index(void* handle) MEASDATA_NOEXCEPT;
  *  Names, values, wedges and solids of the channels.
  *  @{ */
 
-/** Returns the name of the ink or colorant of a channel. Null when the file does not name it or
- *  the channel does not exist. After a load that failed because of a full-tone colour, the name
- *  may be that of an earlier file. */
+/** Returns the name of the ink or colorant of a channel. Returns null when the file does not name
+ *  it or the channel does not exist. After a load that failed because of a full-tone colour, the
+ *  name may be that of an earlier file. */
 MEASDATA_API const char* get_device_channel_name(void* handle, int channel) MEASDATA_NOEXCEPT;
 
-/** Returns the number of distinct values of a channel over all patches; 0 when the channel does
+/** Returns the number of distinct values of a channel over all patches, or 0 when the channel does
  *  not exist. */
 MEASDATA_API int num_distinct_dev_values(void* handle, int channel) MEASDATA_NOEXCEPT;
 
-/** Returns the i-th distinct value of a channel, in ascending order; 0.0 when the channel or the
- *  value does not exist. */
+/** Returns the i-th distinct value of a channel, in ascending order. Returns 0.0 when the channel
+ *  or the value does not exist. */
 MEASDATA_API double get_distinct_dev_value(void* handle, int channel, int i) MEASDATA_NOEXCEPT;
 
-/** Returns the number of patches that have the i-th distinct value of a channel; 0 when the
- *  channel or the value does not exist. */
+/** Returns the number of patches that have the i-th distinct value of a channel. Returns 0 when
+ *  the channel or the value does not exist. */
 MEASDATA_API int get_distinct_dev_value_count(void* handle, int channel, int i) MEASDATA_NOEXCEPT;
 
-/** Returns the number of steps in the wedge of a channel: the merged patches in which only this
- *  channel is not 0. 0 when the channel does not exist, -1 for a null handle. */
+/** Returns the number of steps in the wedge of a channel. The steps are the merged patches in
+ *  which only this channel is not 0. Returns 0 when the channel does not exist and -1 for a null
+ *  handle. */
 MEASDATA_API int num_wedge_steps(void* handle, int channel) MEASDATA_NOEXCEPT;
 
-/** Returns the index of a step of a wedge. Steps are in ascending order of the channel's value. 0
- *  when the channel or the step does not exist, -1 for a null handle. */
+/** Returns the index of a step of a wedge. Steps are in ascending order of the channel's value.
+ *  Returns 0 when the channel or the step does not exist and -1 for a null handle. */
 MEASDATA_API int get_wedge_index(void* handle, int channel, int step) MEASDATA_NOEXCEPT;
 
 /** Returns the index of the solid of a channel: the last step of its wedge, if the value there is
- *  exactly 100. -1 when there is none or the channel does not exist. */
+ *  exactly 100. Returns -1 when there is none or the channel does not exist. */
 MEASDATA_API int get_solid_index(void* handle, int channel) MEASDATA_NOEXCEPT;
 
 /** @} */
@@ -323,31 +326,31 @@ MEASDATA_API int get_solid_index(void* handle, int channel) MEASDATA_NOEXCEPT;
 /** Returns 1 when the keyword exists, else 0. */
 MEASDATA_API int has_keyword(void* handle, const char* name) MEASDATA_NOEXCEPT;
 
-/** Returns the number of values of a keyword; 0 when it does not exist. */
+/** Returns the number of values of a keyword, or 0 when it does not exist. */
 MEASDATA_API int num_keyword_values(void* handle, const char* name) MEASDATA_NOEXCEPT;
 
-/** Returns the first value of a keyword; null when the keyword does not exist. */
+/** Returns the first value of a keyword, or null when it does not exist. */
 MEASDATA_API const char* get_value_of_keyword(void* handle, const char* name) MEASDATA_NOEXCEPT;
 
-/** Returns the i-th value of a keyword; null when there is no such value. Note the order of the
+/** Returns the i-th value of a keyword, or null when there is none. Note the order of the
  *  arguments. */
 MEASDATA_API const char* get_ith_value_of_keyword(void* handle, int i,
                                                   const char* name) MEASDATA_NOEXCEPT;
 
-/** Returns the number of entries, each a name with one value; -1 for a null handle. */
+/** Returns the number of entries, each a name with one value. Returns -1 for a null handle. */
 MEASDATA_API int num_keywords(void* handle) MEASDATA_NOEXCEPT;
 
 /** Returns the name of the i-th entry. Entries are sorted by the bytes of their names; entries
- *  with the same name are in the order in which they were loaded. A negative `i` counts as 0. Null
- *  beyond the last entry. */
+ *  with the same name are in the order in which they were loaded. A negative `i` counts as 0.
+ *  Returns null after the last entry. */
 MEASDATA_API const char* get_keyword(void* handle, int i) MEASDATA_NOEXCEPT;
 
 /** Returns the value of the i-th entry, in the order of get_keyword(). A negative `i` counts as 0.
- *  Null beyond the last entry. */
+ *  Returns null after the last entry. */
 MEASDATA_API const char* get_value(void* handle, int i) MEASDATA_NOEXCEPT;
 
-/** Returns the value of the keyword COPYRIGHT, null without it. This is the copyright of the file,
- *  not of the library. */
+/** Returns the value of the keyword COPYRIGHT, or null without it. This is the copyright of the
+ *  file, not of the library. */
 MEASDATA_API const char* copyright(void* handle) MEASDATA_NOEXCEPT;
 
 /** @} */
@@ -355,10 +358,10 @@ MEASDATA_API const char* copyright(void* handle) MEASDATA_NOEXCEPT;
 /** @defgroup instrument Instrument and sample
  *
  *  What the header says about the instrument, the measurement and the sample. All functions return
- *  text in the spelling of the file, and null when the file does not say.
+ *  text in the spelling of the file, or null when the file does not say.
  *
- *  **Lifetime:** each string is valid until the next call of a function of this group for the same
- *  handle, because they share a buffer.
+ *  **Lifetime:** treat each string as valid only until the next call of a function of this group
+ *  for the same handle, because these functions share a buffer.
  *  @{ */
 
 /** Returns the manufacturer of the instrument, found in the text of INSTRUMENTATION. */
@@ -386,16 +389,16 @@ MEASDATA_API const char* device_polarization(void* handle) MEASDATA_NOEXCEPT;
 MEASDATA_API const char* device_measurement_source(void* handle) MEASDATA_NOEXCEPT;
 
 /** Returns the density status, such as "Status T": the value of FILTER_STATUS, or else what the
- *  text of MEASUREMENT_SOURCE says. Always null for a file with WEIGHTING_FUNCTION. */
+ *  text of MEASUREMENT_SOURCE says. Returns null for every file with WEIGHTING_FUNCTION. */
 MEASDATA_API const char* density_status(void* handle) MEASDATA_NOEXCEPT;
 
-/** Returns the illuminant of the file's colorimetric values, such as "D50". It comes from the
- *  first of these that has it: WEIGHTING_FUNCTION, ILLUMINANT, ILLUMINATION_NAME,
+/** Returns the illuminant of the file's colorimetric values, such as "D50". The first of these
+ *  keywords that contains it is the source: WEIGHTING_FUNCTION, ILLUMINANT, ILLUMINATION_NAME,
  *  MEASUREMENT_SOURCE, INSTRUMENTATION. */
 MEASDATA_API const char* illuminant(void* handle) MEASDATA_NOEXCEPT;
 
-/** Returns the angle of the observer of the file's colorimetric values, such as "2". It comes from
- *  the first of these that has it: WEIGHTING_FUNCTION, OBSERVER, OBSERVER_ANGLE,
+/** Returns the angle of the observer of the file's colorimetric values, such as "2". The first of
+ *  these keywords that contains it is the source: WEIGHTING_FUNCTION, OBSERVER, OBSERVER_ANGLE,
  *  MEASUREMENT_SOURCE, INSTRUMENTATION. */
 MEASDATA_API const char* observer(void* handle) MEASDATA_NOEXCEPT;
 
