@@ -5,9 +5,10 @@
  *
  *  1. **Handles.** init_parser() creates a handle and cleanup_parser() releases it. A handle can
  *     be loaded any number of times; each load replaces the data of the previous file. Before the
- *     first load and after a failed load there are no patches and no channels. Keywords are the
- *     exception: they stay, see @ref keywords. A load that fails only because of the full-tone
- *     colour of an ink (`LGOMCCHANNEL01`, ...) is the other exception: it keeps the patches.
+ *     first load and after a failed load there are no patches and no channels. One exception is a
+ *     load that fails only because of the full-tone colour of an ink (`LGOMCCHANNEL01`, ...): its
+ *     patches and channels are available. Another is the list of keywords, which loads never
+ *     clear; see @ref keywords.
  *  2. **Null.** A null handle is safe. Yes/no functions, counts and numbers are then 0, strings
  *     are null (identifiers, names and locations are empty), indices are -1, and arrays of the
  *     caller stay untouched. Functions that differ say so. A null keyword name matches nothing,
