@@ -19,15 +19,16 @@ namespace {
 constexpr std::string_view kUsage =
     "usage: measinfo [--patches N | --json] FILE...\n"
     "\n"
-    "Prints the contents of colour-measurement files: instrument, keywords, channels, patches.\n"
+    "Prints the contents of colour-measurement files: instrument, keywords,\n"
+    "channels, patches.\n"
     "\n"
     "  --patches N  list only the first N patches of each file\n"
     "  --json       print everything as JSON\n"
     "  --version    print the version of the library\n"
     "  --help       print this text\n"
     "\n"
-    "Exit status: 0 on success, 1 if a file could not be read or the output not be written,\n"
-    "2 for invalid arguments.\n";
+    "Exit status: 0 on success, 1 if a file could not be read or the output could\n"
+    "not be written, 2 for invalid arguments.\n";
 
 struct Options {
   std::vector<std::string> files;

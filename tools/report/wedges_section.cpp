@@ -12,7 +12,7 @@
 namespace tools::report {
 namespace {
 
-// A wedge that spans less lightness than this is plotted over its chroma.
+// The plot of a wedge that spans less lightness than this shows its chroma.
 constexpr double kLeastLightnessSpan = 20.0;
 
 using Measure = double (*)(const Triple&);
