@@ -68,7 +68,7 @@ std::string index_text(void* handle, int index) {
   return "index " + std::to_string(index) + (lab ? ", " + lab_text(*lab) : "");
 }
 
-// How many patches repeat, and how well the worst of them does.
+// The number of repeated patches, and the largest Delta E among them.
 std::string repeats_text(void* handle) {
   int repeated = 0;
   int worst = -1;
@@ -251,7 +251,7 @@ void print_report(std::ostream& out, const LoadedFile& file, int most_patches) {
   if (has_device_data(handle) == 1) {
     const int white = get_paperwhite_index(handle);
     print_line(out, "device", device_space_name(handle));
-    // In RGB the patch of no light is black.
+    // In RGB the patch with 0 in every channel is black.
     print_line(out, dev_is_rgb(handle) == 1 ? "all channels 0" : "paper white",
                white < 0 ? "none" : index_text(handle, white));
     print_line(out, "repeats", repeats_text(handle));
