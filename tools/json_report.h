@@ -7,9 +7,9 @@
 
 namespace tools {
 
-/// Valid JSON in UTF-8: an array with all that the library answers about each file. Text that is
-/// not UTF-8 is taken for Latin-1; numbers that are none are null. `failures` receives the number
-/// of files that could not be read, which say so in "messages".
+/// Returns valid JSON in UTF-8: an array with one object for each file. Text that is not UTF-8 is
+/// read as Latin-1; infinities and not-a-number become null. `failures` receives the number of
+/// files that could not be read; their objects contain the messages.
 std::string json_report(const std::vector<std::string>& paths, int& failures);
 
 }  // namespace tools

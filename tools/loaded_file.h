@@ -13,7 +13,7 @@ class LoadedFile {
  public:
   enum class Form { measurement_file, semicolon_table };
 
-  /// Reads the file as a measurement file or, when it is none, as a semicolon table.
+  /// Reads the file as a measurement file or, if that fails, as a semicolon table.
   explicit LoadedFile(const std::string& path) : handle_(init_parser()), path_(path) {
     is_loaded_ = parse_file(handle_, path.c_str()) == 1;
     if (!is_loaded_) try_semicolon_table();
@@ -32,8 +32,8 @@ class LoadedFile {
   }
 
  private:
-  // Any text can be read as a semicolon table; it is one when its columns are known. (A table that
-  // lacks the first ink still has one device channel.)
+  // Any text can be read as a semicolon table. It counts as one if its columns are known. (A table
+  // that lacks the first ink still has one device channel.)
   void try_semicolon_table() {
     set_parse_mode(handle_, 1);
     const bool is_read = parse_file(handle_, path_.c_str()) == 1;
@@ -45,7 +45,7 @@ class LoadedFile {
       return;
     }
     set_parse_mode(handle_, 0);
-    is_loaded_ = parse_file(handle_, path_.c_str()) == 1;  // for its messages
+    is_loaded_ = parse_file(handle_, path_.c_str()) == 1;  // for the messages
   }
 
   void* handle_;

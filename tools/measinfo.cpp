@@ -1,4 +1,4 @@
-// measinfo: tells what measurement files hold.
+// measinfo: prints the contents of measurement files.
 #include "measdata.h"
 #include "tools/json_report.h"
 #include "tools/loaded_file.h"
@@ -19,14 +19,16 @@ namespace {
 constexpr std::string_view kUsage =
     "usage: measinfo [--patches N | --json] FILE...\n"
     "\n"
-    "Tells what colour-measurement files hold: instrument, keywords, channels, patches.\n"
+    "Prints the contents of colour-measurement files: instrument, keywords,\n"
+    "channels, patches.\n"
     "\n"
-    "  --patches N  list no more than the first N patches of a file\n"
-    "  --json       print all that is known of the files as JSON\n"
+    "  --patches N  list only the first N patches of each file\n"
+    "  --json       print everything as JSON\n"
     "  --version    print the version of the library\n"
     "  --help       print this text\n"
     "\n"
-    "Exit status: 0, 1 when a file could not be read, 2 for a wrong call.\n";
+    "Exit status: 0 on success, 1 if a file could not be read or the output could\n"
+    "not be written, 2 for invalid arguments.\n";
 
 struct Options {
   std::vector<std::string> files;

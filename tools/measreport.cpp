@@ -1,4 +1,4 @@
-// measreport: shows what measurement files hold as a page of HTML.
+// measreport: shows measurement files as one HTML page.
 #include "measdata.h"
 #include "tools/printable_text.h"
 #include "tools/report/chart.h"
@@ -17,16 +17,16 @@ namespace {
 constexpr std::string_view kUsage =
     "usage: measreport [-o REPORT.html] FILE...\n"
     "\n"
-    "Shows colour-measurement files as one page of HTML: patches, spectra, colours, wedges, "
-    "repeats.\n"
-    "Several files stand side by side, on the same scales.\n"
+    "Shows colour-measurement files as one HTML page: patches, spectra, colours,\n"
+    "wedges, repeats.\n"
+    "Several files are shown side by side with the same scales.\n"
     "\n"
-    "  -o REPORT.html  write the page to this file instead of the standard output\n"
+    "  -o REPORT.html  write the page to this file instead of standard output\n"
     "  --version       print the version of the library\n"
     "  --help          print this text\n"
     "\n"
-    "Exit status: 0, 1 when a file could not be read or the page not be written, 2 for a wrong "
-    "call.\n";
+    "Exit status: 0 on success, 1 if a file could not be read or the page could\n"
+    "not be written, 2 for invalid arguments.\n";
 
 struct Options {
   std::vector<std::string> files;

@@ -16,7 +16,7 @@ constexpr double kUnset = std::numeric_limits<double>::quiet_NaN();
 
 Text text_of(const char* text) { return text == nullptr ? Text() : Text(text); }
 
-// The triple that a function of the library writes; none when it leaves the array as it is.
+// The three numbers that a function of the library writes; none if it leaves the array untouched.
 std::optional<Triple> triple_from(void (*get)(void*, int, double*), void* handle, int position) {
   constexpr double kMark = -1.0e300;  // no colour
   Triple values = {kMark, kMark, kMark};

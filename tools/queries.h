@@ -1,4 +1,4 @@
-// What the C interface answers, as C++ values.
+// Results of the C interface as C++ values.
 #ifndef MEASDATA_TOOLS_QUERIES_H
 #define MEASDATA_TOOLS_QUERIES_H
 
@@ -48,10 +48,10 @@ struct Channel {
 };
 std::vector<Channel> channels_of(void* handle);
 
-/// "CMYK", "CMY", "RGB" or how many channels there are.
+/// "CMYK", "CMY", "RGB" or the number of channels.
 std::string device_space_name(void* handle);
 
-/// sRGB as #RRGGBB; none when a component is not a number.
+/// sRGB as #RRGGBB; none if a component is not a number.
 Text hex_colour(const Triple& lab);
 
 /// A question about instrument or sample, and its name.

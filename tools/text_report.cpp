@@ -68,7 +68,7 @@ std::string index_text(void* handle, int index) {
   return "index " + std::to_string(index) + (lab ? ", " + lab_text(*lab) : "");
 }
 
-// How many patches repeat, and how well the worst of them does.
+// The number of repeated patches, and the largest Delta E among them.
 std::string repeats_text(void* handle) {
   int repeated = 0;
   int worst = -1;
@@ -83,8 +83,8 @@ std::string repeats_text(void* handle) {
     }
   }
   if (repeated == 0) return "none";
-  return std::to_string(repeated) + " patches; largest Delta E " + number("%.2f", largest) +
-         " at index " + std::to_string(worst);
+  return std::to_string(repeated) + (repeated == 1 ? " patch" : " patches") + "; largest Delta E " +
+         number("%.2f", largest) + " at index " + std::to_string(worst);
 }
 
 void print_answers(std::ostream& out, void* handle, std::string_view title,
@@ -131,8 +131,8 @@ void print_channels(std::ostream& out, void* handle) {
   for (std::size_t c = 0; c < channels.size(); ++c) {
     const Channel& channel = channels[c];
     out << "\nchannel " << c + 1 << ": " << printable(channel.name.value_or("no name")) << '\n';
-    print_list(out, "values x patches", channel.distinct_values, [](const DistinctValue& distinct) {
-      return number("%g", distinct.value) + "x" + std::to_string(distinct.count);
+    print_list(out, "values (patches)", channel.distinct_values, [](const DistinctValue& distinct) {
+      return number("%g", distinct.value) + " (" + std::to_string(distinct.count) + ")";
     });
     print_list(out, "wedge steps", channel.wedge, [handle, c](int index) {
       return number("%g", merged_patch_at(handle, index).device[c]);
@@ -251,7 +251,7 @@ void print_report(std::ostream& out, const LoadedFile& file, int most_patches) {
   if (has_device_data(handle) == 1) {
     const int white = get_paperwhite_index(handle);
     print_line(out, "device", device_space_name(handle));
-    // In RGB the patch of no light is black.
+    // In RGB the patch with 0 in every channel is black.
     print_line(out, dev_is_rgb(handle) == 1 ? "all channels 0" : "paper white",
                white < 0 ? "none" : index_text(handle, white));
     print_line(out, "repeats", repeats_text(handle));

@@ -9,10 +9,10 @@
 
 namespace tools {
 
-/// Prints the messages of a load, indented; of very many only the first.
+/// Prints the messages of a load, indented. Long lists are cut.
 void print_messages(std::ostream& out, const std::string& messages);
 
-/// Prints what the file is, what it holds and its first `most_patches` patches.
+/// Prints the contents of the file, with at most `most_patches` patches.
 void print_report(std::ostream& out, const LoadedFile& file, int most_patches);
 
 }  // namespace tools

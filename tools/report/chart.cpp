@@ -13,7 +13,7 @@
 namespace tools::report {
 namespace {
 
-// What a page can show. Files may hold far more.
+// The limits of a page. Files may have far more.
 constexpr int kMostPatches = 10'000;
 constexpr int kMostKeywords = 500;
 constexpr std::size_t kMostMessages = 20;
@@ -32,7 +32,7 @@ std::string colour_of(const std::optional<Triple>& lab) {
   return is_drawable_lab(lab) ? hex_colour(*lab).value_or("") : "";
 }
 
-// Identifier and, where there is more to tell, name or location.
+// The identifier and, if there is one, the name or location.
 std::string label_of(const Patch& patch) {
   std::string label = html_text(patch.id, kLongName);
   for (const std::string& more : {patch.name, patch.location}) {
@@ -121,7 +121,7 @@ std::string channel_name(const Chart& chart, const Text& name, std::size_t chann
   return "Channel " + std::to_string(channel + 1);
 }
 
-// The patch without colorants and the steps of the wedge, evenly thinned when there are too many.
+// The patch without colorants and the steps of the wedge; of too many steps, an even selection.
 std::vector<WedgeStep> wedge_of(const Channel& channel, std::size_t position, void* handle) {
   std::vector<int> indices = channel.wedge;
   const int white = get_paperwhite_index(handle);

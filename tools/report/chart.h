@@ -11,13 +11,13 @@
 
 namespace tools::report {
 
-/// A line of a table; safe to stand in HTML.
+/// A row of a table. Its texts are escaped HTML.
 struct Entry {
   std::string name, value;
 };
 
-/// A patch with its colour as #RRGGBB, empty where the file tells none and Lab is missing then, and
-/// what to call it, which is safe to stand in HTML.
+/// A patch with its colour as #RRGGBB and its label as escaped HTML. Without Lab the colour is
+/// empty and `lab` is missing.
 struct ColouredPatch {
   Patch values;
   std::string colour, label;

@@ -58,7 +58,7 @@ void draw_patches(Plot& plot, const Chart& chart, Position position_of) {
   plot.draw("</g>\n");
 }
 
-// The axes of the hues that oppose each other, and rings of equal chroma.
+// The a* and b* axes, and rings of equal chroma.
 void draw_opponent_lines(Plot& plot, const Axis& axis) {
   SvgPath cross;
   cross.add(plot.left(), plot.y(0.0));
@@ -76,7 +76,7 @@ void draw_opponent_lines(Plot& plot, const Axis& axis) {
 }
 
 std::string hue_plot(const Chart& chart, Charts charts, const Axis& axis) {
-  // The margins leave a square.
+  // The plot area inside the margins is square.
   const double width = half_width(charts);
   Plot plot({width, width + 16.0}, {axis, "a*"}, {axis, "b*"}, "a* and b* of " + chart.name);
   draw_opponent_lines(plot, axis);

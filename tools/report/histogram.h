@@ -1,4 +1,4 @@
-// How often values fall into classes of equal width.
+// Counts values in classes of equal width.
 #ifndef MEASDATA_TOOLS_REPORT_HISTOGRAM_H
 #define MEASDATA_TOOLS_REPORT_HISTOGRAM_H
 
@@ -8,8 +8,8 @@
 
 namespace tools::report {
 
-/// Counts the values from 0 to `classes` times `width`. Each class has its lower bound, the last
-/// one its upper bound too.
+/// Counts the values from 0 to `classes` times `width`. A class includes its lower bound; the last
+/// class also includes its upper bound.
 std::vector<std::size_t> histogram_of(std::span<const double> values, double width,
                                       std::size_t classes);
 

@@ -1,4 +1,4 @@
-// Makes text from files safe to stand in HTML and SVG.
+// Escapes text from files for HTML and SVG.
 #ifndef MEASDATA_TOOLS_REPORT_HTML_TEXT_H
 #define MEASDATA_TOOLS_REPORT_HTML_TEXT_H
 
@@ -9,9 +9,9 @@
 
 namespace tools::report {
 
-/// The text for content and quoted attributes: markup characters as references, bytes that are no
-/// UTF-8 as Latin-1, tabs and line ends as blanks, other characters that are controls or none at
-/// all as U+FFFD. A text of more than `most_characters` is cut and ends in an ellipsis.
+/// Returns the text for content and quoted attributes. Markup characters become references, bytes
+/// that are not UTF-8 are read as Latin-1, tabs and line ends become spaces, and other controls
+/// become U+FFFD. A text of more than `most_characters` is cut and ends with an ellipsis.
 std::string html_text(std::string_view text,
                       std::size_t most_characters = std::numeric_limits<std::size_t>::max());
 

@@ -1,4 +1,4 @@
-// Numbers as readers of a report see them.
+// Formats numbers for the report.
 #ifndef MEASDATA_TOOLS_REPORT_NUMBERS_H
 #define MEASDATA_TOOLS_REPORT_NUMBERS_H
 
@@ -7,16 +7,16 @@
 
 namespace tools::report {
 
-/// A number with so many decimals and a real minus sign.
+/// A number with the given decimals and a typographic minus sign.
 std::string decimal(double value, int decimals);
 
-/// A number with as many digits as it needs, six at most, and a real minus sign.
+/// A number with at most six digits and a typographic minus sign.
 std::string shortest(double value);
 
-/// A count with its thousands apart.
+/// A count with separated thousands.
 std::string grouped(std::size_t count);
 
-/// Whether a plot can show a value. Files may hold anything; no measurement is that far out.
+/// Whether a plot can show a value. Files may contain any number; no measurement is so large.
 bool is_drawable(double value);
 
 }  // namespace tools::report

@@ -1,4 +1,4 @@
-// A report about charts as one HTML page that needs nothing else.
+// A report about charts as one self-contained HTML page.
 #ifndef MEASDATA_TOOLS_REPORT_PAGE_H
 #define MEASDATA_TOOLS_REPORT_PAGE_H
 
@@ -11,7 +11,7 @@ namespace tools::report {
 
 std::string page_of(Charts charts);
 
-/// How the page looks: CSS that holds no character with a meaning in HTML.
+/// The CSS of the page, without characters that have a meaning in HTML.
 extern const std::string_view kStyle;
 
 }  // namespace tools::report

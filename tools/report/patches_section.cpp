@@ -18,7 +18,7 @@ std::string device_text(const Chart& chart, const std::vector<double>& device) {
   return text;
 }
 
-// What is known of a patch, a line each.
+// The values of a patch, one line each.
 std::string tooltip_of(const Chart& chart, const ColouredPatch& patch) {
   constexpr const char* kLineEnd = "&#10;";
   std::string text = patch.label;

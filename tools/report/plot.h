@@ -1,4 +1,4 @@
-// A plot in SVG: a neutral ground with grid, ticks and titles, to draw on.
+// A plot in SVG: a neutral background with grid, ticks and titles.
 #ifndef MEASDATA_TOOLS_REPORT_PLOT_H
 #define MEASDATA_TOOLS_REPORT_PLOT_H
 
@@ -9,14 +9,14 @@
 
 namespace tools::report {
 
-/// In units of the picture, which are about a pixel of the screen.
+/// In SVG units, each about one screen pixel.
 struct PlotSize {
   double width, height;
   double right_margin = 16.0;
   double left_margin = 44.0, top_margin = 30.0, bottom_margin = 46.0;  ///< for ticks and titles
 };
 
-/// An axis and its title, which may hold markup of SVG.
+/// An axis and its title, which may contain SVG markup.
 struct TitledAxis {
   Axis scale;
   std::string_view title;
@@ -24,7 +24,7 @@ struct TitledAxis {
 
 class Plot {
  public:
-  /// `description` is what a screen reader says of the plot; safe to stand in HTML.
+  /// `description` is the text for screen readers, as escaped HTML.
   Plot(const PlotSize& size, const TitledAxis& x, const TitledAxis& y,
        std::string_view description);
 
@@ -37,11 +37,11 @@ class Plot {
 
   /// Appends markup.
   void draw(std::string_view markup) { svg_ += markup; }
-  /// A dot that tells a label when pointed at. Colour and label must be safe.
+  /// Adds a dot with a label as tooltip. Colour and label must be escaped.
   void draw_dot(double x_value, double y_value, double radius, std::string_view colour,
                 std::string_view label);
 
-  /// The picture, which is complete then.
+  /// Completes and returns the picture.
   std::string finish() &&;
 
  private:

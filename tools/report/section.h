@@ -13,7 +13,7 @@ namespace tools::report {
 
 using Charts = std::span<const Chart>;
 
-/// A section without HTML has nothing to show for any chart.
+/// A section with empty HTML is omitted.
 struct Section {
   std::string_view id, title;
   std::string html;
@@ -25,21 +25,21 @@ struct SectionHead {
   std::string_view missing;  ///< what stands where a chart has nothing to show
 };
 
-/// `content_of` gives the HTML of a chart that was loaded, empty when there is nothing to show.
+/// `content_of` returns the HTML for a loaded chart, empty without data.
 Section section_of(const SectionHead& head, Charts charts,
                    const std::function<std::string(const Chart&)>& content_of);
 
 /// The letter of a chart and its name; nothing when it is the only one.
 std::string chart_heading(Charts charts, const Chart& chart);
 
-/// How wide a plot is that has all the width of its chart, and one that may share it with another.
+/// The widths of a plot that fills its chart, and of one next to another plot.
 double full_width(Charts charts);
 double half_width(Charts charts);
 
 /// A plot with its caption.
 std::string figure_of(std::string_view caption, std::string_view picture);
 
-/// A field of a colour, which is safe to stand in HTML and may be empty.
+/// A field with a colour. The colour must be escaped and may be empty.
 std::string colour_field(std::string_view colour);
 
 }  // namespace tools::report

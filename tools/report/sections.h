@@ -6,7 +6,7 @@
 
 namespace tools::report {
 
-/// What the files are, who measured what, and what the load had to tell. Never empty.
+/// Facts about the files, instrument, sample and the messages of the load. Never empty.
 Section summary_section(Charts charts);
 /// All patches in the order of the chart.
 Section patches_section(Charts charts);
@@ -15,7 +15,7 @@ Section spectra_section(Charts charts);
 Section colours_section(Charts charts);
 /// Lightness or chroma of single colorants.
 Section wedges_section(Charts charts);
-/// How well repeated measurements agree.
+/// The differences of repeated measurements.
 Section repeats_section(Charts charts);
 /// The device values of each channel.
 Section values_section(Charts charts);

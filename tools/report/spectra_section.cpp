@@ -10,15 +10,15 @@
 namespace tools::report {
 namespace {
 
-// More points than that make a page slow.
+// More points make a page slow.
 constexpr std::size_t kMostPoints = 400'000;
 
 struct SpectraAxes {
   TitledAxis wavelength, reflectance;
 };
 
-// Files tell reflectance as a factor or in percent. Fluorescent papers exceed a factor of one, but
-// not by far.
+// Files give reflectance as a factor or in percent. Fluorescent papers exceed a factor of one, but
+// only slightly.
 double percent_factor(const Chart& chart) {
   Extent values;
   for (const ColouredPatch& patch : chart.patches) {

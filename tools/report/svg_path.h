@@ -1,4 +1,4 @@
-// The outline of a line in SVG, short to write: steps in tenths of a unit.
+// The path of a line in SVG, written compactly in steps of a tenth of a unit.
 #ifndef MEASDATA_TOOLS_REPORT_SVG_PATH_H
 #define MEASDATA_TOOLS_REPORT_SVG_PATH_H
 
@@ -11,9 +11,9 @@ std::string coordinate(double value);
 
 class SvgPath {
  public:
-  /// Draws on to a point.
+  /// Draws a line to a point.
   void add(double x, double y);
-  /// Makes the next point begin a line of its own.
+  /// Makes the next point start a new line.
   void lift() { is_down_ = false; }
   /// The value of the attribute d.
   const std::string& data() const { return data_; }

@@ -12,7 +12,7 @@
 namespace tools::report {
 namespace {
 
-// A wedge that spans less lightness than this is judged by its chroma.
+// The plot of a wedge that spans less lightness than this shows its chroma.
 constexpr double kLeastLightnessSpan = 20.0;
 
 using Measure = double (*)(const Triple&);
@@ -31,7 +31,7 @@ bool is_shown(const ChartChannel& channel, Kind kind) {
   return tells_lightness == (kind == Kind::lightness);
 }
 
-// Each chart has its own: inks go to 100, RGB goes to 255.
+// Each chart has its own scale: inks go to 100, RGB goes to 255.
 TitledAxis device_axis(const Chart& chart) {
   Extent devices;
   devices.add(0.0);
@@ -63,7 +63,7 @@ struct EndLabel {
   const ChartChannel* channel;
 };
 
-// Moves labels apart that would cover each other, from the top down and back up from the bottom.
+// Separates overlapping labels: first from the top down, then from the bottom up.
 void spread(std::vector<EndLabel>& labels, double bottom) {
   constexpr double kLineHeight = 15.0;
   std::ranges::sort(labels, {}, &EndLabel::y);
