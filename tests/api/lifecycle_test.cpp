@@ -59,6 +59,9 @@ TEST(Lifecycle, MemoryNeedsNoEndAndNoAddress) {
     EXPECT_EQ(parse_mem(handle, static_cast<size_t>(length), block, nullptr), 0);
     EXPECT_EQ(handle.messages(), "File is empty\n");
   }
+  set_parse_mode(handle, 1);
+  EXPECT_EQ(parse_mem(handle, 1, "A\n", nullptr), 1);  // whatever stands behind the block
+  set_parse_mode(handle, 0);
   // Zero bytes are characters like others.
   std::string text = kLabFile;
   text.insert(text.find("1 50"), std::string_view("\0\0 ", 3));

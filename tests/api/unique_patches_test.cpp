@@ -171,7 +171,7 @@ TEST(UniquePatches, IndicesThatDoNotExist) {
 TEST(ChartAnalysis, PaperWedgesAndSolids) {
   const Loaded chart(test::file_of("CMYK_C CMYK_M CMYK_Y CMYK_K",
                                    "100 0 0 0\n"
-                                   "25 0 0 0\n"
+                                   "0.25 0 -1 0\n"
                                    "0 -0.0 0 0\n"   // paper
                                    "0 99.9 0 0\n"   // no solid
                                    "40 0 0 -1\n"    // a negative value does not print
@@ -179,9 +179,9 @@ TEST(ChartAnalysis, PaperWedgesAndSolids) {
                                    "nan 0 0 0\n"    // sorts in front
                                    "0 0 0 0\n"));
   EXPECT_EQ(get_paperwhite_index(chart), 2);
-  EXPECT_EQ(test::channel(chart, 0), "Cyan wedge 6 1 4 0 solid 0 values 0x3 25x1 40x1 50x1 100x1");
+  EXPECT_EQ(test::channel(chart, 0), "Cyan wedge 6 1 4 0 solid 0 values 0x3 0.25x1 40x1 50x1 100x1");
   EXPECT_EQ(test::channel(chart, 1), "Magenta wedge 3 solid -1 values 0x7 99.9x1");
-  EXPECT_EQ(test::channel(chart, 2), "Yellow wedge solid -1 values 0x8");
+  EXPECT_EQ(test::channel(chart, 2), "Yellow wedge solid -1 values -1x1 0x7");
   const Loaded beyond(test::file_of("GRAY", "255\n-1\n"));  // neither solid nor paper
   EXPECT_EQ(test::channel(beyond, 0), "test wedge 1 0 solid -1 values -1x1 255x1");
   EXPECT_EQ(get_paperwhite_index(beyond), -1);

@@ -63,6 +63,7 @@ TEST(SpectralGrid, WavelengthsThatNoGridHasAreRefusedOrHarmless) {
     EXPECT_EQ(settle({380, odd, 400}), (Settled{kRefused})) << odd;
   }
   EXPECT_EQ(settle({-2e9, 2e9}), (Settled{kRefused}));  // no int holds the step
+  EXPECT_EQ(settle({2147483647}), (Settled{"", 2147483647, 1, 1}));
   EXPECT_EQ(settle({400, 390, 380}), (Settled{"", 400, -10, 3}));
   EXPECT_EQ(settle({730, 1e-14}), (Settled{kAdjusted, 730, -730, 2}));
   EXPECT_EQ(settle({380, 380, 380}), (Settled{"", 380, 0, 3}));
