@@ -15,7 +15,6 @@ paragraphs like those that this program prints:
 
 import argparse
 import os
-import queue
 import random
 import re
 import resource
@@ -220,13 +219,16 @@ class Workshop:
 
     def __init__(self, name, jobs):
         self.sources, self.build, self.sound = (WORK / name / x for x in ("src", "build", "sound"))
+        self.planted = WORK / name / "planted"  # tells which file a broken run left changed
         self.ninja, self.timeout = ("ninja", f"-j{jobs}"), None
-        self.restore()
         shutil.rmtree(self.sources, ignore_errors=True)
         shutil.copytree(ROOT, self.sources, ignore=shutil.ignore_patterns("build", ".git"))
-        (WORK / "precompile.cmake").write_text(PRECOMPILE)
+        if self.planted.exists():
+            (self.sources / self.planted.read_text()).touch()
+        precompile = self.sources / "precompile.cmake"
+        precompile.write_text(PRECOMPILE)
         configure = ("cmake", "-S", self.sources, "-B", self.build, *CONFIGURATION,
-                     f"-DCMAKE_PROJECT_INCLUDE={WORK / 'precompile.cmake'}")
+                     f"-DCMAKE_PROJECT_INCLUDE={precompile}")
         if not succeeds(configure, ROOT) or not succeeds(self.ninja, self.build):
             sys.exit(f"This cannot be built: {self.build}")
         self.program = (self.build / TEST_PROGRAM).read_bytes()
@@ -239,7 +241,9 @@ class Workshop:
         self.timeout = 5 + 3 * (time.monotonic() - begin)
         if not passes or not succeeds(self.rest, self.build):
             sys.exit(f"The tests fail without a fault: {self.build}")
-        shutil.copytree(self.build, self.sound, dirs_exist_ok=True)
+        shutil.rmtree(self.sound, ignore_errors=True)
+        shutil.copytree(self.build, self.sound)
+        self.planted.unlink(missing_ok=True)
 
     def restore(self):
         """Brings back the objects, programs and ninja's notes of the build without a fault."""
@@ -267,6 +271,7 @@ class Workshop:
 
     def trial(self, mutation):
         path = self.sources / mutation.file
+        self.planted.write_text(mutation.file)
         text, stamp = path.read_text(), path.stat()
         lines, first = text.split("\n"), mutation.line - 1
         lines[first:first + len(mutation.old)] = mutation.new
@@ -275,19 +280,16 @@ class Workshop:
         path.write_text(text)
         os.utime(path, ns=(stamp.st_atime_ns, stamp.st_mtime_ns))
         self.restore()
+        self.planted.unlink()
         return verdict
 
 
 def run(mutations, jobs):
     """Tries all, so many at a time; returns how often each verdict was given."""
-    todo = queue.SimpleQueue()
-    for mutation in mutations:
-        todo.put(mutation)
-    verdicts = Counter()
+    todo, verdicts = iter(mutations), Counter()
 
     def work(shop):
-        while not todo.empty():
-            mutation = todo.get()
+        for mutation in todo:  # all threads take theirs from the same
             verdict = shop.trial(mutation)
             verdicts[verdict] += 1
             if verdict == "survived":
