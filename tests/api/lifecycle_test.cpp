@@ -25,6 +25,7 @@ TEST(Lifecycle, HandlesVersionAndParseMode) {
   void* handle = init_parser();
   ASSERT_NE(handle, nullptr);
   EXPECT_STREQ(parse_messages(handle), "");
+  EXPECT_EQ(dev_is_cmyk(handle) + dev_is_cmy(handle) + dev_is_rgb(handle), 0);
   EXPECT_EQ(parse_messages(nullptr), nullptr);
   EXPECT_EQ(get_parse_mode(handle), 0);
   for (const int mode : {1, 2, -1}) set_parse_mode(handle, mode);
