@@ -59,9 +59,14 @@ TEST(UniquePatches, RepeatsAreMergedIntoTheFirst) {
   get_dev_from_index(chart, 2, device);
   EXPECT_EQ(device[0], 50.0);
   // Without any repeat all is 0, the count included.
-  const Loaded single(test::file_of(kCmykLab, "1 a 0 0 0 0 90 0 0\n2 b 1 0 0 0 50 0 0\n"));
+  const Loaded single(test::file_of("SAMPLE_LOC " + kCmykLab,
+                                    "A 1 a 0 0 0 0 90 0 0\nB 2 b 1 0 0 0 50 0 0\n"));
   EXPECT_EQ(num_indices(single), 2);
   for (const int index : {0, 1}) EXPECT_EQ(stats(single, index), (Values{0, 0, 0}));
+  void* unique = pass_unique_data(single);
+  EXPECT_EQ(get_id_from_patch(unique, 1) + std::string(get_loc_from_patch(unique, 1)) +
+                get_name_from_index(single, 1),
+            "2Bb");
 }
 
 // Two greys of reflectance f^3 with f = (50 + 16) / 116 and (60 + 16) / 116: Delta E is 10.

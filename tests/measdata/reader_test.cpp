@@ -281,7 +281,7 @@ TEST(Reader, EachWrongRowWidthIsToldOnceInARun) {
   // The first row is line 11 of the file, so its index from 0 is 10.
   const std::string start = kHead + kFormat + "NUMBER_OF_SETS 4|BEGIN_DATA|";
   EXPECT_EQ(told(start + "1 2 3|1 2 3|1 2 3|1 2 3|END_DATA|"), "failed: " + error(10, 3));
-  EXPECT_EQ(told(start + "1 2 3|1 2 3 4 5|1 2 3 4|1 2 3|END_DATA|"),
+  EXPECT_EQ(told(start + "1 2 3|\"1\" 2 3 4 5|1 2 3 4|1 2 3|END_DATA|"),
             "failed: " + error(10, 3) + error(11, 5) + error(13, 3));
   EXPECT_EQ(told(start + "1 2 3 4\r||1 2 3|END_DATA|"),
             "failed: " + error(12, 3) + "DATA has wrong NUMBER_OF_SETS!|");
