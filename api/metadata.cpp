@@ -36,8 +36,8 @@ const char* answer(Tell tell) noexcept {
   }
 }
 
-// What `find` makes of the first value of a keyword; null when the file lacks it. Values are read up
-// to their first zero byte here, as every caller of the C interface reads them.
+// What `find` makes of the first value of a keyword; null when the file lacks it. It reads the
+// value up to its first zero byte, as every caller of the C interface does.
 template <typename Find>
 const char* found_in(void* handle, const char* keyword, Find find) {
   const char* text = get_value_of_keyword(handle, keyword);

@@ -69,8 +69,6 @@ TEST(Patches, LabComesFromTheBestSourceThereIs) {
   // f is 1 for X and 1/2 for Y and Z.
   const Loaded last(flat_spectrum({500, 10, 1}, "0.5", fields, "96.422 12.5 10.315125"));
   expect_near(last.lab(0), {42, 250, 0}, 1e-9);
-}, "0.5", fields, "96.422 100 82.521"));
-EXPECT_EQ(last.lab(0), (Triple{100, 0, 0}));
 }
 
 TEST(Patches, SpectraWithoutAWeightingTableNeverMeetOtherWeights) {
