@@ -70,6 +70,7 @@ TEST(ChannelNames, FromTheColorantList) {
            {"GRAY", ink("01", "InkName = A") + "INK_NAME_1 B\n", "A/"},
            {"GRAY", ink("01", "InkName = 'never ends"), "never ends/"},
            {"GRAY", ink("01", "InkName = ' two words'"), "-/"},
+           {"GRAY", ink("01", "InkName = A Tone = x y z"), "A/"},
            {"GRAY", ink("01", "InkName = 'A' LabFullToneColor = '1.5' '-2' 3x"), "A/"},
            {test::numbered("ACLR_", 1, 1, 9) + " ACLR_A", ten_inks,
             "i1/i2/i3/i4/i5/i6/i7/i8/i9/i10/"},
