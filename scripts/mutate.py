@@ -75,7 +75,7 @@ DECLARATION = re.compile(
     r"(?:const|static|constexpr|using|namespace|friend|template|explicit|inline|virtual|struct"
     r"|class|enum|public|protected|private|case|default|return|static_assert)\b"
     r"|(?!delete|throw|else)[\w:]+(?:<[^;=]*>)?[&*\s]+\w+\s*[=({;\[,)]")
-STARTS = ("++", "--", "*", "(", "::")  # of statements that no name begins
+STATEMENT = re.compile(r"\w|\+\+|--|\*|\(|::")
 TABLE_LINE = re.compile(r'(?:[\s\d.,eE+{}()-]|"[^"]*")+;?\s*(?://.*)?')
 
 
@@ -133,10 +133,10 @@ def changes(text):
             last = tokens[inner[i][-1]].start()
             if not re.search(r"[=!]=|!| = ", text[end:last]):  # the first are reversed anyway
                 yield end, last, f"!({text[end:last]})"
-        elif sign == "(" and tokens[i - 1].lastgroup == "name" or sign == "{" and before == "return":
+        elif before.isidentifier() and sign == "(" or before == "return" and sign == "{":
             yield from swapped(text, tokens, [i, *inner[i]])
         is_begin = before in (";", "{", "}", "else") and parentheses == 0 or i - 1 in heads
-        if is_begin and (sign.isidentifier() or sign in STARTS) and not DECLARATION.match(text, start):
+        if is_begin and STATEMENT.match(text, start) and not DECLARATION.match(text, start):
             last = statement_end(signs, inner, i)
             if last > i and signs[last - 1] not in ("default", "delete"):
                 yield start, tokens[last].end(), ";"
@@ -214,19 +214,23 @@ def succeeds(command, folder, timeout=None):
             running.remove(process)
 
 
+def update(source, target):
+    """Copies what differs; the rest keeps its time, so that ninja does not build it again."""
+    content = Path(source).read_bytes()
+    if not Path(target).exists() or Path(target).read_bytes() != content:
+        Path(target).write_bytes(content)
+
+
 class Workshop:
     """A copy of the sources with a build, both without a fault before and after each trial."""
 
     def __init__(self, name, jobs):
         self.sources, self.build, self.sound = (WORK / name / x for x in ("src", "build", "sound"))
-        self.planted = WORK / name / "planted"  # tells which file a broken run left changed
         self.ninja, self.timeout = ("ninja", f"-j{jobs}"), None
-        shutil.rmtree(self.sources, ignore_errors=True)
-        shutil.copytree(ROOT, self.sources, ignore=shutil.ignore_patterns("build", ".git"))
-        if self.planted.exists():
-            (self.sources / self.planted.read_text()).touch()
+        shutil.copytree(ROOT, self.sources, dirs_exist_ok=True, copy_function=update,
+                        ignore=shutil.ignore_patterns("build", ".git", "__pycache__"))
         precompile = self.sources / "precompile.cmake"
-        precompile.write_text(PRECOMPILE)
+        update(WORK / "precompile.cmake", precompile)
         configure = ("cmake", "-S", self.sources, "-B", self.build, *CONFIGURATION,
                      f"-DCMAKE_PROJECT_INCLUDE={precompile}")
         if not succeeds(configure, ROOT) or not succeeds(self.ninja, self.build):
@@ -243,7 +247,6 @@ class Workshop:
             sys.exit(f"The tests fail without a fault: {self.build}")
         shutil.rmtree(self.sound, ignore_errors=True)
         shutil.copytree(self.build, self.sound)
-        self.planted.unlink(missing_ok=True)
 
     def restore(self):
         """Brings back the objects, programs and ninja's notes of the build without a fault."""
@@ -271,16 +274,15 @@ class Workshop:
 
     def trial(self, mutation):
         path = self.sources / mutation.file
-        self.planted.write_text(mutation.file)
         text, stamp = path.read_text(), path.stat()
         lines, first = text.split("\n"), mutation.line - 1
         lines[first:first + len(mutation.old)] = mutation.new
         path.write_text("\n".join(lines))
         verdict = self.verdict()
+        self.restore()
+        # Last: a run that ends before leaves a source that the next one copies anew.
         path.write_text(text)
         os.utime(path, ns=(stamp.st_atime_ns, stamp.st_mtime_ns))
-        self.restore()
-        self.planted.unlink()
         return verdict
 
 
@@ -295,6 +297,8 @@ def run(mutations, jobs):
             if verdict == "survived":
                 print(f"{mutation}\n", flush=True)
 
+    WORK.mkdir(parents=True, exist_ok=True)
+    (WORK / "precompile.cmake").write_text(PRECOMPILE)
     shops = [Workshop(str(i), max(1, (os.cpu_count() or 1) // jobs)) for i in range(jobs)]
     begin = time.monotonic()
     threads = [threading.Thread(target=work, args=[shop], daemon=True) for shop in shops]
