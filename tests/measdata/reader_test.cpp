@@ -92,7 +92,7 @@ TEST(Reader, WhatIsOutsideTheTableIsEmpty) {
   EXPECT_EQ(reader.value_as_double(0, 1), 50.0);
   EXPECT_EQ(reader.field_name(-1) + reader.field_name(4), "");
   EXPECT_EQ(reader.field_index("sample_id"), -1);
-  EXPECT_TRUE(reader.has_field("LAB_B"));
+  EXPECT_TRUE(reader.has_field("SAMPLE_ID"));
 }
 
 TEST(Reader, WarningsAreWrittenDroppedOrFatalByMode) {
