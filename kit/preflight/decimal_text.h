@@ -1,0 +1,25 @@
+// Numbers as text.
+#ifndef MEASDATA_KIT_PREFLIGHT_DECIMAL_TEXT_H
+#define MEASDATA_KIT_PREFLIGHT_DECIMAL_TEXT_H
+
+#include "kit/preflight/text_pool.h"
+
+#include <string>
+#include <string_view>
+
+namespace measkit {
+
+/// The number times ten to the power of `places`, by moving its decimal point: every digit stays.
+/// A text that is no plain decimal number is returned unchanged.
+std::string_view move_point(std::string_view number, int places, TextPool& pool);
+
+/// The shortest text that reads back as the same number.
+std::string_view text_of(double value, TextPool& pool);
+std::string text_of(double value);
+
+/// For sentences: at most four significant digits.
+std::string rounded(double value);
+
+}  // namespace measkit
+
+#endif  // MEASDATA_KIT_PREFLIGHT_DECIMAL_TEXT_H
