@@ -1,17 +1,17 @@
-#include "tools/report/numbers.h"
-#include "tools/report/sections.h"
+#include "kit/write/html/numbers.h"
+#include "kit/write/html/sections.h"
 
 #include <string>
 #include <vector>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
 std::string key_figure(const std::string& value, const std::string& name) {
   return "<li><strong>" + value + "</strong> " + name + "</li>\n";
 }
 
-std::string key_figures(const Chart& chart) {
+std::string key_figures(const View& chart) {
   std::string html =
       "<ul class=\"key-figures\">\n" +
       key_figure(grouped(chart.patch_count), chart.patch_count == 1 ? "patch" : "patches");
@@ -34,7 +34,7 @@ std::string key_figures(const Chart& chart) {
   return html + "</ul>\n";
 }
 
-std::string messages_of(const Chart& chart) {
+std::string messages_of(const View& chart) {
   if (chart.messages.empty()) return "";
   std::string html =
       "<div class=\"messages\">\n<p class=\"label\">Messages of the load</p>\n<ul>\n";
@@ -43,10 +43,10 @@ std::string messages_of(const Chart& chart) {
   return html + "</ul>\n</div>\n";
 }
 
-std::string landmarks_of(const Chart& chart) {
+std::string landmarks_of(const View& chart) {
   if (chart.landmarks.empty()) return "";
   std::string html = "<ul class=\"landmarks\" aria-label=\"Paper white and solids\">\n";
-  for (const ColouredPatch& patch : chart.landmarks) {
+  for (const PatchView& patch : chart.landmarks) {
     const Triple& lab = *patch.values.lab;
     html += "<li>" + colour_field(patch.colour) + "<strong>" + patch.label + "</strong><span>L* " +
             decimal(lab[0], 1) + "</span> <span>a* " + decimal(lab[1], 1) + "</span> <span>b* " +
@@ -65,23 +65,23 @@ std::string entries_of(const char* title, const std::vector<Entry>& entries) {
   return html + "</dl>\n</div>\n";
 }
 
-std::string summary_of(const Chart& chart) {
+std::string summary_of(const View& chart) {
   return key_figures(chart) + messages_of(chart) + landmarks_of(chart) +
          "<div class=\"entry-lists\">\n" + entries_of("File", chart.facts) +
          entries_of("Instrument and measurement", chart.instrument) +
          entries_of("Sample", chart.sample) + "</div>\n";
 }
 
-std::string failure_of(const Chart& chart) {
+std::string failure_of(const View& chart) {
   return "<p class=\"failure\"><strong>Not readable</strong> " + chart.path + "</p>\n" +
          messages_of(chart);
 }
 
 }  // namespace
 
-Section summary_section(Charts charts) {
+Section summary_section(Views charts) {
   std::string html = "<section id=\"summary\" aria-label=\"Summary\">\n<div class=\"row\">\n";
-  for (const Chart& chart : charts) {
+  for (const View& chart : charts) {
     html += "<div class=\"cell\">\n" + chart_heading(charts, chart);
     if (charts.size() > 1 && !chart.title.empty()) {
       html += "<p class=\"chart-title\">" + chart.title + "</p>\n";
@@ -91,4 +91,4 @@ Section summary_section(Charts charts) {
   return {"summary", "Summary", html + "</div>\n</section>\n"};
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html

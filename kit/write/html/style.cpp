@@ -1,6 +1,6 @@
-#include "tools/report/page.h"
+#include "kit/write/html/page.h"
 
-namespace tools::report {
+namespace measkit::html {
 
 // All greys are neutral: a tinted surround changes how the colours of patches look.
 const std::string_view kStyle = R"(:root {
@@ -175,4 +175,4 @@ details[open] summary { margin-bottom: 8px; }
 }
 )";
 
-}  // namespace tools::report
+}  // namespace measkit::html

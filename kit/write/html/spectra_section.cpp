@@ -1,13 +1,13 @@
-#include "tools/report/axis.h"
-#include "tools/report/numbers.h"
-#include "tools/report/plot.h"
-#include "tools/report/sections.h"
-#include "tools/report/svg_path.h"
+#include "kit/write/html/axis.h"
+#include "kit/write/html/numbers.h"
+#include "kit/write/html/plot.h"
+#include "kit/write/html/sections.h"
+#include "kit/write/html/svg_path.h"
 
 #include <algorithm>
 #include <string>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
 // More points than that make a page slow.
@@ -19,24 +19,24 @@ struct SpectraAxes {
 
 // Files tell reflectance as a factor or in percent. Fluorescent papers exceed a factor of one, but
 // not by far.
-double percent_factor(const Chart& chart) {
+double percent_factor(const View& chart) {
   Extent values;
-  for (const ColouredPatch& patch : chart.patches) {
+  for (const PatchView& patch : chart.patches) {
     for (const double value : patch.values.spectrum) values.add(value);
   }
   constexpr double kLargestFactor = 3.0;
   return values.high() <= kLargestFactor ? 100.0 : 1.0;
 }
 
-SpectraAxes axes_over(Charts charts) {
+SpectraAxes axes_over(Views charts) {
   Extent wavelengths;
   Extent percents;
   percents.add(0.0);
-  for (const Chart& chart : charts) {
+  for (const View& chart : charts) {
     if (chart.wavelengths.size() < 2) continue;
     for (const double nm : chart.wavelengths) wavelengths.add(nm);
     const double factor = percent_factor(chart);
-    for (const ColouredPatch& patch : chart.patches) {
+    for (const PatchView& patch : chart.patches) {
       for (const double value : patch.values.spectrum) percents.add(value * factor);
     }
   }
@@ -53,7 +53,7 @@ const char* density_class(std::size_t spectra) {
   return spectra <= 600 ? "some" : "many";
 }
 
-std::string spectra_of(const Chart& chart, Charts charts, const SpectraAxes& axes) {
+std::string spectra_of(const View& chart, Views charts, const SpectraAxes& axes) {
   if (chart.wavelengths.size() < 2) return "";
   Plot plot({full_width(charts), charts.size() == 1 ? 430.0 : 340.0}, axes.wavelength,
             axes.reflectance, "Reflectance spectra of " + chart.name);
@@ -62,7 +62,7 @@ std::string spectra_of(const Chart& chart, Charts charts, const SpectraAxes& axe
   const std::size_t shown = std::min(most, chart.patches.size());
   plot.draw(std::string("<g class=\"spectra ") + density_class(shown) + "\">\n");
   for (std::size_t i = 0; i < shown; ++i) {
-    const ColouredPatch& patch = chart.patches[i];
+    const PatchView& patch = chart.patches[i];
     SvgPath path;
     for (std::size_t band = 0; band < patch.values.spectrum.size(); ++band) {
       const double percent = patch.values.spectrum[band] * factor;
@@ -88,11 +88,11 @@ std::string spectra_of(const Chart& chart, Charts charts, const SpectraAxes& axe
 
 }  // namespace
 
-Section spectra_section(Charts charts) {
+Section spectra_section(Views charts) {
   const SpectraAxes axes = axes_over(charts);
   return section_of(
       {"spectra", "Spectra", "Each patch in its own colour.", "No spectra in this file."}, charts,
-      [&](const Chart& chart) { return spectra_of(chart, charts, axes); });
+      [&](const View& chart) { return spectra_of(chart, charts, axes); });
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html

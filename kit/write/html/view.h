@@ -1,6 +1,6 @@
 // What a report shows of one file, gathered once.
-#ifndef MEASDATA_TOOLS_REPORT_CHART_H
-#define MEASDATA_TOOLS_REPORT_CHART_H
+#ifndef MEASDATA_KIT_WRITE_HTML_VIEW_H
+#define MEASDATA_KIT_WRITE_HTML_VIEW_H
 
 #include "tools/queries.h"
 
@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace tools::report {
+namespace measkit::html {
 
 /// A line of a table; safe to stand in HTML.
 struct Entry {
@@ -18,7 +18,7 @@ struct Entry {
 
 /// A patch with its colour as #RRGGBB, empty where the file tells none and Lab is missing then, and
 /// what to call it, which is safe to stand in HTML.
-struct ColouredPatch {
+struct PatchView {
   Patch values;
   std::string colour, label;
 };
@@ -29,7 +29,7 @@ struct WedgeStep {
   std::string colour;
 };
 
-struct ChartChannel {
+struct ChannelView {
   std::string name, short_name, letter;  ///< safe to stand in HTML
   std::string colour;  ///< of the solid or the last step of the wedge; may be empty
   std::vector<DistinctValue> distinct_values;
@@ -43,7 +43,7 @@ struct RepeatedPatch {
   double de_mean, de_max;
 };
 
-struct Chart {
+struct View {
   std::string name, path;  ///< of the file, the first without its folders; safe to stand in HTML
   std::string title;       ///< what the file calls itself; safe to stand in HTML
   bool is_loaded = false;
@@ -55,15 +55,15 @@ struct Chart {
   bool is_rgb = false;
   std::vector<Entry> facts, instrument, sample, keywords;
   std::size_t more_keywords = 0;
-  std::vector<ColouredPatch> patches;  ///< as many as a page can show
+  std::vector<PatchView> patches;  ///< as many as a page can show
   std::vector<double> wavelengths;     ///< nm
-  std::vector<ChartChannel> channels;
-  std::vector<ColouredPatch> landmarks;  ///< paper white and solids
+  std::vector<ChannelView> channels;
+  std::vector<PatchView> landmarks;  ///< paper white and solids
   std::vector<RepeatedPatch> repeats;    ///< the worst first
 };
 
-Chart chart_of(const std::string& path);
+View chart_of(const std::string& path);
 
-}  // namespace tools::report
+}  // namespace measkit::html
 
-#endif  // MEASDATA_TOOLS_REPORT_CHART_H
+#endif  // MEASDATA_KIT_WRITE_HTML_VIEW_H

@@ -1,12 +1,12 @@
-#include "tools/report/numbers.h"
-#include "tools/report/sections.h"
+#include "kit/write/html/numbers.h"
+#include "kit/write/html/sections.h"
 
 #include <string>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
-std::string keywords_of(const Chart& chart) {
+std::string keywords_of(const View& chart) {
   if (chart.keywords.empty()) return "";
   const std::size_t count = chart.keywords.size() + chart.more_keywords;
   std::string html = "<details>\n<summary>" + grouped(count) +
@@ -25,8 +25,8 @@ std::string keywords_of(const Chart& chart) {
 
 }  // namespace
 
-Section keywords_section(Charts charts) {
+Section keywords_section(Views charts) {
   return section_of({"keywords", "Keywords", "", "No keywords in this file."}, charts, keywords_of);
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html

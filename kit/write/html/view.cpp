@@ -1,16 +1,16 @@
-#include "tools/report/chart.h"
+#include "kit/write/html/view.h"
 
 #include "measdata.h"
 #include "tools/loaded_file.h"
-#include "tools/report/html_text.h"
-#include "tools/report/numbers.h"
+#include "kit/write/html/html_text.h"
+#include "kit/write/html/numbers.h"
 
 #include <algorithm>
 #include <span>
 #include <sstream>
 #include <string_view>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
 // What a page can show. Files may hold far more.
@@ -42,7 +42,7 @@ std::string label_of(const Patch& patch) {
   return label;
 }
 
-void gather_messages(Chart& chart, const std::string& text) {
+void gather_messages(View& chart, const std::string& text) {
   std::istringstream lines(text);
   for (std::string line; std::getline(lines, line);) {
     if (chart.messages.size() < kMostMessages) {
@@ -72,7 +72,7 @@ std::string contents_of(void* handle) {
   return text.empty() ? "nothing that is known" : text;
 }
 
-void gather_facts(Chart& chart, const LoadedFile& file) {
+void gather_facts(View& chart, const LoadedFile& file) {
   void* handle = file.handle();
   const bool is_table = file.form() == LoadedFile::Form::semicolon_table;
   chart.facts.push_back({"form", is_table ? "semicolon table" : "measurement file"});
@@ -94,7 +94,7 @@ std::vector<Entry> answers_of(std::span<const Question> questions, void* handle)
   return entries;
 }
 
-void gather_keywords(Chart& chart, void* handle) {
+void gather_keywords(View& chart, void* handle) {
   const int shown = std::min(num_keywords(handle), kMostKeywords);
   for (int i = 0; i < shown; ++i) {
     chart.keywords.push_back({html_text(get_keyword(handle, i), kLongValue),
@@ -103,9 +103,9 @@ void gather_keywords(Chart& chart, void* handle) {
   chart.more_keywords = static_cast<std::size_t>(num_keywords(handle) - shown);
 }
 
-void gather_patches(Chart& chart, void* handle) {
+void gather_patches(View& chart, void* handle) {
   for (int i = 0; i < std::min(num_patches(handle), kMostPatches); ++i) {
-    ColouredPatch patch = {patch_at(handle, i), "", ""};
+    PatchView patch = {patch_at(handle, i), "", ""};
     patch.colour = colour_of(patch.values.lab);
     patch.label = label_of(patch.values);
     if (patch.label.empty()) patch.label = "patch " + std::to_string(i + 1);
@@ -114,7 +114,7 @@ void gather_patches(Chart& chart, void* handle) {
   }
 }
 
-std::string channel_name(const Chart& chart, const Text& name, std::size_t channel) {
+std::string channel_name(const View& chart, const Text& name, std::size_t channel) {
   constexpr std::string_view kRgbNames[] = {"Red", "Green", "Blue"};
   if (name && !name->empty()) return *name;
   if (chart.is_rgb && channel < 3) return std::string(kRgbNames[channel]);
@@ -137,20 +137,20 @@ std::vector<WedgeStep> wedge_of(const Channel& channel, std::size_t position, vo
   return steps;
 }
 
-void add_landmark(Chart& chart, void* handle, int index, std::string name) {
-  ColouredPatch patch = {merged_patch_at(handle, index), "", std::move(name)};
+void add_landmark(View& chart, void* handle, int index, std::string name) {
+  PatchView patch = {merged_patch_at(handle, index), "", std::move(name)};
   patch.colour = colour_of(patch.values.lab);
   if (!patch.colour.empty()) chart.landmarks.push_back(std::move(patch));
 }
 
-void gather_channels(Chart& chart, void* handle) {
+void gather_channels(View& chart, void* handle) {
   const int white = get_paperwhite_index(handle);
   if (white >= 0) add_landmark(chart, handle, white, chart.is_rgb ? "All channels 0" : "Paper");
   const std::vector<Channel> channels = channels_of(handle);
   for (std::size_t c = 0; c < channels.size(); ++c) {
     const bool has_letters = chart.device_space.size() == channels.size();
     const std::string name = channel_name(chart, channels[c].name, c);
-    ChartChannel channel = {html_text(name, kLongName),
+    ChannelView channel = {html_text(name, kLongName),
                             html_text(name, kShortName),
                             has_letters ? chart.device_space.substr(c, 1) : "",
                             "",
@@ -163,7 +163,7 @@ void gather_channels(Chart& chart, void* handle) {
   }
 }
 
-void gather_repeats(Chart& chart, void* handle) {
+void gather_repeats(View& chart, void* handle) {
   for (int index = 0; index < num_indices(handle); ++index) {
     const std::optional<Repeats> repeats = repeats_at(handle, index);
     if (!repeats || repeats->count < 2 || !is_drawable(repeats->de_max.value_or(0.0))) continue;
@@ -180,10 +180,10 @@ void gather_repeats(Chart& chart, void* handle) {
 
 }  // namespace
 
-Chart chart_of(const std::string& path) {
+View chart_of(const std::string& path) {
   const LoadedFile file(path);
   void* handle = file.handle();
-  Chart chart;
+  View chart;
   chart.path = html_text(path, kLongValue);
   chart.name = html_text(path.substr(path.find_last_of("/\\") + 1), kLongValue);
   chart.is_loaded = file.is_loaded();
@@ -208,4 +208,4 @@ Chart chart_of(const std::string& path) {
   return chart;
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html

@@ -1,15 +1,15 @@
-#include "tools/report/numbers.h"
-#include "tools/report/sections.h"
+#include "kit/write/html/numbers.h"
+#include "kit/write/html/sections.h"
 
 #include <algorithm>
 #include <string>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
 constexpr std::size_t kFewPatches = 60;  // of so many each has its label beside it
 
-std::string device_text(const Chart& chart, const std::vector<double>& device) {
+std::string device_text(const View& chart, const std::vector<double>& device) {
   std::string text;
   for (std::size_t c = 0; c < device.size(); ++c) {
     const std::string& letter = chart.channels[c].letter;
@@ -19,7 +19,7 @@ std::string device_text(const Chart& chart, const std::vector<double>& device) {
 }
 
 // What is known of a patch, a line each.
-std::string tooltip_of(const Chart& chart, const ColouredPatch& patch) {
+std::string tooltip_of(const View& chart, const PatchView& patch) {
   constexpr const char* kLineEnd = "&#10;";
   std::string text = patch.label;
   if (!patch.values.device.empty()) text += kLineEnd + device_text(chart, patch.values.device);
@@ -38,12 +38,12 @@ const char* size_class(std::size_t patches) {
   return patches <= 2000 ? "small" : "tiny";
 }
 
-std::string swatches_of(const Chart& chart) {
+std::string swatches_of(const View& chart) {
   if (chart.patches.empty()) return "";
   const bool has_labels = chart.patches.size() <= kFewPatches;
   std::string html = "<ol class=\"swatches " + std::string(size_class(chart.patches.size())) +
                      "\" aria-label=\"Patches of " + chart.name + "\">\n";
-  for (const ColouredPatch& patch : chart.patches) {
+  for (const PatchView& patch : chart.patches) {
     html += patch.colour.empty() ? "<li class=\"unknown\""
                                  : "<li style=\"background:" + patch.colour + "\"";
     html += " title=\"" + tooltip_of(chart, patch) + "\">";
@@ -55,7 +55,7 @@ std::string swatches_of(const Chart& chart) {
     html += "<p class=\"note\">The first " + grouped(chart.patches.size()) + " of " +
             grouped(chart.patch_count) + " patches, here and in the plots.</p>\n";
   }
-  if (std::ranges::all_of(chart.patches, &std::string::empty, &ColouredPatch::colour)) {
+  if (std::ranges::all_of(chart.patches, &std::string::empty, &PatchView::colour)) {
     html += "<p class=\"note\">The file holds neither Lab nor spectra to tell the colours.</p>\n";
   }
   return html;
@@ -63,7 +63,7 @@ std::string swatches_of(const Chart& chart) {
 
 }  // namespace
 
-Section patches_section(Charts charts) {
+Section patches_section(Views charts) {
   return section_of({"patches", "Patches",
                      "In the order of the file. Point at a patch for its values. Colours are sRGB, "
                      "those outside its gamut clipped.",
@@ -71,4 +71,4 @@ Section patches_section(Charts charts) {
                     charts, swatches_of);
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html

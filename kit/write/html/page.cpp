@@ -1,14 +1,14 @@
-#include "tools/report/page.h"
+#include "kit/write/html/page.h"
 
 #include "measdata.h"
-#include "tools/report/sections.h"
+#include "kit/write/html/sections.h"
 
 #include <vector>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
-std::string head_of(Charts charts) {
+std::string head_of(Views charts) {
   std::string title = charts.front().name;
   if (charts.size() > 1) title += " and " + std::to_string(charts.size() - 1) + " more";
   return "<!DOCTYPE html>\n"
@@ -20,7 +20,7 @@ std::string head_of(Charts charts) {
          title + "</title>\n<style>\n" + std::string(kStyle) + "</style>\n</head>\n";
 }
 
-std::string header_of(Charts charts) {
+std::string header_of(Views charts) {
   std::string html = "<header>\n<p class=\"label\">Measurement report</p>\n<h1>";
   if (charts.size() > 1) {
     html += std::to_string(charts.size()) + " charts";
@@ -45,7 +45,7 @@ std::string navigation_of(const std::vector<Section>& sections) {
 
 }  // namespace
 
-std::string page_of(Charts charts) {
+std::string page_of(Views charts) {
   const std::vector<Section> sections = {summary_section(charts), patches_section(charts),
                                          spectra_section(charts), colours_section(charts),
                                          wedges_section(charts),  repeats_section(charts),
@@ -56,4 +56,4 @@ std::string page_of(Charts charts) {
   return html + "</main>\n<footer>measreport " + parser_version() + "</footer>\n</body>\n</html>\n";
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html
