@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -95,13 +96,13 @@ struct MergedPatches {
   Values spectra;                ///< means of the patches
   std::vector<Repeats> repeats;  ///< empty when the chart has no colours or no device values
 
-  /// The patches behind a merged patch, in the order of the chart.
-  std::span<const std::size_t> patches_of(std::size_t index) const {
-    return {members.data() + starts[index], starts[index + 1] - starts[index]};
-  }
+  std::vector<std::uint32_t> members;  ///< all patches, sorted by their merged patch
+  std::vector<std::uint32_t> starts;   ///< of each merged patch in `members`, and the end
 
-  std::vector<std::size_t> members;  ///< all patches, sorted by their merged patch
-  std::vector<std::size_t> starts;   ///< in `members`, with one more at the end
+  /// The patches behind a merged patch, in the order of the chart: at least one.
+  std::span<const std::uint32_t> patches_of(std::size_t index) const {
+    return std::span(members).subspan(starts[index], starts[index + 1] - starts[index]);
+  }
 };
 
 enum class LandmarkKind { white, black, primary, secondary, solid };
@@ -114,6 +115,12 @@ struct Landmark {
   std::size_t index;
 };
 
+/// What the library found in the text.
+struct Holdings {
+  bool device = false, xyz = false, lab = false, lch = false, spectra = false, colour = false;
+  bool ids = false, names = false, locations = false;
+};
+
 struct Chart {
   std::string name;        ///< of the chart or its file, as the caller gives it
   std::string title;       ///< what the file calls it; empty when it does not
@@ -124,8 +131,9 @@ struct Chart {
   bool is_loaded = false;             ///< false when the library refuses the table
   bool is_semicolon_table = false;    ///< as the library reads those
   std::vector<std::string> messages;  ///< of the library
-  std::vector<Finding> findings;      ///< about this table and its chart
-  std::size_t more_findings = 0;      ///< that are not listed
+  Holdings holds;
+  std::vector<Finding> findings;  ///< about this table and its chart
+  std::size_t more_findings = 0;  ///< that are not listed
 
   // Patches: every row of the table.
   std::size_t patch_count = 0;
@@ -169,7 +177,7 @@ Chart chart_of(PlainTable& plain, std::string name);
 /// The chart of a loaded handle alone, as the library reads the file.
 Chart chart_as_it_stands(void* handle, std::string name);
 
-/// A row of three as a triple. `values` must have the row.
+/// A row of a table of triples.
 inline Triple triple_at(const Values& values, std::size_t row) {
   const std::span<const double> numbers = values.row(row);
   return {numbers[0], numbers[1], numbers[2]};
