@@ -27,8 +27,8 @@ ColourAxes axes_over(Views charts) {
   lightnesses.add(100.0);
   for (const View& chart : charts) {
     for (const PatchView& patch : chart.patches) {
-      if (!patch.values.lab) continue;
-      const Triple& lab = *patch.values.lab;
+      if (!patch.lab) continue;
+      const Triple& lab = *patch.lab;
       opponents.add(std::abs(lab[1]));
       opponents.add(std::abs(lab[2]));
       chromas.add(chroma_of(lab));
@@ -51,8 +51,8 @@ void draw_patches(Plot& plot, const View& chart, Position position_of) {
   const double radius = dot_radius(chart.patches.size());
   plot.draw("<g class=\"dots\">\n");
   for (const PatchView& patch : chart.patches) {
-    if (!patch.values.lab) continue;
-    const auto [x, y] = position_of(*patch.values.lab);
+    if (!patch.lab) continue;
+    const auto [x, y] = position_of(*patch.lab);
     plot.draw_dot(x, y, radius, patch.colour, patch.label);
   }
   plot.draw("</g>\n");
@@ -94,7 +94,7 @@ std::string chroma_plot(const View& chart, Views charts, const ColourAxes& axes)
 
 std::string colours_of(const View& chart, Views charts, const ColourAxes& axes) {
   const bool has_lab = std::ranges::any_of(
-      chart.patches, [](const PatchView& patch) { return patch.values.lab.has_value(); });
+      chart.patches, [](const PatchView& patch) { return patch.lab.has_value(); });
   if (!has_lab) return "";
   return "<div class=\"figures\">\n" + hue_plot(chart, charts, axes.opponent) +
          chroma_plot(chart, charts, axes) + "</div>\n";
@@ -105,7 +105,7 @@ std::string colours_of(const View& chart, Views charts, const ColourAxes& axes) 
 Section colours_section(Views charts) {
   const ColourAxes axes = axes_over(charts);
   return section_of({"colours", "Colours", "CIELAB. Each patch is a dot in its own colour.",
-                     "No Lab and no spectra in this file."},
+                     "This chart has no Lab."},
                     charts, [&](const View& chart) { return colours_of(chart, charts, axes); });
 }
 

@@ -1,6 +1,6 @@
 #include "kit/write/html/html_text.h"
 
-#include "tools/printable_text.h"
+#include "kit/write/printable_text.h"
 
 #include <algorithm>
 

@@ -9,24 +9,19 @@ namespace {
 
 constexpr std::size_t kFewPatches = 60;  // of so many each has its label beside it
 
-std::string device_text(const View& chart, const std::vector<double>& device) {
-  std::string text;
-  for (std::size_t c = 0; c < device.size(); ++c) {
-    const std::string& letter = chart.channels[c].letter;
-    text += (c == 0 ? "" : " ") + letter + (letter.empty() ? "" : " ") + shortest(device[c]);
-  }
-  return text;
-}
-
 // What is known of a patch, a line each.
 std::string tooltip_of(const View& chart, const PatchView& patch) {
   constexpr const char* kLineEnd = "&#10;";
   std::string text = patch.label;
-  if (!patch.values.device.empty()) text += kLineEnd + device_text(chart, patch.values.device);
-  if (patch.values.lab) {
-    const Triple& lab = *patch.values.lab;
+  if (!patch.device.empty()) text += kLineEnd + device_text(chart, patch.device);
+  if (patch.lab) {
+    const Triple& lab = *patch.lab;
     text += kLineEnd + ("L* " + decimal(lab[0], 1)) + " a* " + decimal(lab[1], 1) + " b* " +
             decimal(lab[2], 1);
+  }
+  for (std::size_t i = 0; i < std::min(chart.density_names.size(), patch.densities.size()); ++i) {
+    text +=
+        (i == 0 ? kLineEnd : " ") + chart.density_names[i] + " " + decimal(patch.densities[i], 2);
   }
   if (!patch.colour.empty()) text += kLineEnd + patch.colour;
   return text;
@@ -56,7 +51,7 @@ std::string swatches_of(const View& chart) {
             grouped(chart.patch_count) + " patches, here and in the plots.</p>\n";
   }
   if (std::ranges::all_of(chart.patches, &std::string::empty, &PatchView::colour)) {
-    html += "<p class=\"note\">The file holds neither Lab nor spectra to tell the colours.</p>\n";
+    html += "<p class=\"note\">The chart has no Lab to tell the colours.</p>\n";
   }
   return html;
 }
@@ -67,7 +62,7 @@ Section patches_section(Views charts) {
   return section_of({"patches", "Patches",
                      "In the order of the file. Point at a patch for its values. Colours are sRGB, "
                      "those outside its gamut clipped.",
-                     "No patches in this file."},
+                     "No patches in this chart."},
                     charts, swatches_of);
 }
 

@@ -13,15 +13,8 @@
 namespace measkit::html {
 namespace {
 
-constexpr std::size_t kMostListed = 10;
 constexpr int kMostClasses = 24;
 constexpr const char* kDifference = "\u0394E*<sub>ab</sub>";
-
-std::vector<double> differences_of(const View& chart) {
-  std::vector<double> values;
-  for (const RepeatedPatch& patch : chart.repeats) values.push_back(patch.de_max);
-  return values;
-}
 
 struct RepeatAxes {
   Axis difference;
@@ -30,7 +23,7 @@ struct RepeatAxes {
 
   std::vector<std::size_t> histogram_for(const View& chart) const {
     const double classes = (difference.last - difference.first) / class_width;
-    return histogram_of(differences_of(chart), class_width,
+    return histogram_of(chart.repeat_differences, class_width,
                         static_cast<std::size_t>(std::lround(classes)));
   }
 };
@@ -39,7 +32,7 @@ RepeatAxes axes_over(Views charts) {
   Extent differences;
   differences.add(0.0);
   for (const View& chart : charts) {
-    for (const RepeatedPatch& patch : chart.repeats) differences.add(patch.de_max);
+    for (const double difference : chart.repeat_differences) differences.add(difference);
   }
   const double high = differences.high() > 0.0 ? differences.high() : 1.0;
   const Axis classes = axis_over(0.0, high, kMostClasses);
@@ -86,9 +79,10 @@ std::string worst_table(const View& chart) {
       std::string(kDifference) +
       "</th><th scope=\"col\" class=\"number\">Largest</th></tr></thead>\n"
       "<tbody>\n";
-  for (std::size_t i = 0; i < std::min(chart.repeats.size(), kMostListed); ++i) {
-    const RepeatedPatch& patch = chart.repeats[i];
+  for (const RepeatedPatch& patch : chart.worst_repeats) {
+    const std::string device = device_text(chart, patch.device);
     html += "<tr><th scope=\"row\">" + colour_field(patch.colour) + patch.label +
+            (device.empty() ? "" : " <small>" + device + "</small>") +
             "</th><td class=\"number\">" + std::to_string(patch.count) +
             "</td><td class=\"number\">" + decimal(patch.de_mean, 2) +
             "</td><td class=\"number\">" + decimal(patch.de_max, 2) + "</td></tr>\n";
@@ -97,14 +91,14 @@ std::string worst_table(const View& chart) {
 }
 
 std::string repeats_of(const View& chart, Views charts, const RepeatAxes& axes) {
-  if (chart.repeats.empty()) return "";
-  const std::string count = grouped(chart.repeats.size()) +
-                            (chart.repeats.size() == 1 ? " patch was" : " patches were") +
+  const std::vector<double>& differences = chart.repeat_differences;
+  if (differences.empty()) return "";
+  const std::string count = grouped(differences.size()) +
+                            (differences.size() == 1 ? " patch was" : " patches were") +
                             " measured more than once";
-  if (chart.repeats.front().de_max == 0.0) {
+  if (chart.worst_repeats.front().de_max == 0.0) {
     return "<p>" + count + ", always with the same result.</p>\n";
   }
-  const std::vector<double> differences = differences_of(chart);
   return "<p>" + count + ". Largest " + kDifference + " between their readings: median " +
          decimal(quantile_of(differences, 0.5), 2) + ", 95th percentile " +
          decimal(quantile_of(differences, 0.95), 2) + ", maximum " +

@@ -1,5 +1,7 @@
 #include "kit/write/html/section.h"
 
+#include "kit/write/html/numbers.h"
+
 #include <algorithm>
 
 namespace measkit::html {
@@ -47,6 +49,15 @@ double half_width(Views charts) { return std::min(full_width(charts), 560.0); }
 std::string figure_of(std::string_view caption, std::string_view picture) {
   return "<figure>\n<figcaption>" + std::string(caption) + "</figcaption>\n" +
          std::string(picture) + "</figure>\n";
+}
+
+std::string device_text(const View& chart, std::span<const double> device) {
+  std::string text;
+  for (std::size_t c = 0; c < device.size(); ++c) {
+    const std::string& letter = chart.channels[c].letter;
+    text += (c == 0 ? "" : " ") + letter + (letter.empty() ? "" : " ") + shortest(device[c]);
+  }
+  return text;
 }
 
 std::string colour_field(std::string_view colour) {

@@ -39,6 +39,9 @@ double half_width(Views charts);
 /// A plot with its caption.
 std::string figure_of(std::string_view caption, std::string_view picture);
 
+/// Device values, each with the letter of its channel where it has one.
+std::string device_text(const View& chart, std::span<const double> device);
+
 /// A field of a colour, which is safe to stand in HTML and may be empty.
 std::string colour_field(std::string_view colour);
 

@@ -6,7 +6,7 @@
 
 namespace measkit::html {
 
-/// What the files are, who measured what, and what the load had to tell. Never empty.
+/// What was found in the files, what they are and how they were measured. Never empty.
 Section summary_section(Views charts);
 /// All patches in the order of the chart.
 Section patches_section(Views charts);

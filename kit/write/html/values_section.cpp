@@ -35,7 +35,7 @@ std::string channels_of(const View& chart) {
 Section values_section(Views charts) {
   return section_of({"values", "Device values",
                      "The values that each channel takes, and how many patches have them.",
-                     "No device values in this file."},
+                     "No device values in this chart."},
                     charts, channels_of);
 }
 

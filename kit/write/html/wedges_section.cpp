@@ -130,7 +130,7 @@ Section wedges_section(Views charts) {
       {"wedges", "Wedges",
        "Patches of a single colorant. Lightness is drawn where the wedge spans at least " +
            shortest(kLeastLightnessSpan) + " L*, chroma where it spans less, as yellow does.",
-       "No wedges in this file, or no colour for them."},
+       "No wedges in this chart, or no colour for them."},
       charts, [&](const View& chart) {
         const std::string plots = wedge_plot(chart, charts, lightness, Kind::lightness) +
                                   wedge_plot(chart, charts, chroma, Kind::chroma);
