@@ -1,15 +1,15 @@
-#include "tools/report/page.h"
+#include "kit/write/html/page.h"
 
-#include "measdata.h"
-#include "tools/report/sections.h"
+#include "api/measdata.h"
+#include "kit/write/html/sections.h"
 
 #include <vector>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
-std::string head_of(Charts charts) {
-  std::string title = charts.front().name;
+std::string head_of(Views charts) {
+  std::string title = charts.empty() ? "Measurement report" : charts.front().name;
   if (charts.size() > 1) title += " and " + std::to_string(charts.size() - 1) + " more";
   return "<!DOCTYPE html>\n"
          "<html xmlns=\"http://www.w3.org/1999/xhtml\" lang=\"en\">\n<head>\n"
@@ -20,12 +20,12 @@ std::string head_of(Charts charts) {
          title + "</title>\n<style>\n" + std::string(kStyle) + "</style>\n</head>\n";
 }
 
-std::string header_of(Charts charts) {
+std::string header_of(Views charts) {
   std::string html = "<header>\n<p class=\"label\">Measurement report</p>\n<h1>";
-  if (charts.size() > 1) {
-    html += std::to_string(charts.size()) + " charts";
-  } else {
+  if (charts.size() == 1) {
     html += charts.front().name;
+  } else {
+    html += charts.empty() ? "No charts" : std::to_string(charts.size()) + " charts";
   }
   html += "</h1>\n";
   if (charts.size() == 1 && !charts.front().title.empty()) {
@@ -43,9 +43,7 @@ std::string navigation_of(const std::vector<Section>& sections) {
   return html + "</nav>\n";
 }
 
-}  // namespace
-
-std::string page_of(Charts charts) {
+std::string page_of(Views charts) {
   const std::vector<Section> sections = {summary_section(charts), patches_section(charts),
                                          spectra_section(charts), colours_section(charts),
                                          wedges_section(charts),  repeats_section(charts),
@@ -53,7 +51,16 @@ std::string page_of(Charts charts) {
   std::string html = head_of(charts) + "<body style=\"--charts:" + std::to_string(charts.size()) +
                      "\">\n" + header_of(charts) + navigation_of(sections) + "</header>\n<main>\n";
   for (const Section& section : sections) html += section.html;
-  return html + "</main>\n<footer>measreport " + parser_version() + "</footer>\n</body>\n</html>\n";
+  return html + "</main>\n<footer>measdata " + parser_version() + "</footer>\n</body>\n</html>\n";
 }
 
-}  // namespace tools::report
+}  // namespace
+
+std::string html_of(std::span<const Chart* const> charts) {
+  std::vector<View> views;
+  views.reserve(charts.size());
+  for (const Chart* const chart : charts) views.push_back(view_of(*chart));
+  return page_of(views);
+}
+
+}  // namespace measkit::html

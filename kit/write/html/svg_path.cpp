@@ -1,8 +1,8 @@
-#include "tools/report/svg_path.h"
+#include "kit/write/html/svg_path.h"
 
 #include <cmath>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
 long tenths_of(double value) { return std::lround(value * 10.0); }
@@ -38,4 +38,4 @@ void SvgPath::add(double x, double y) {
   is_down_ = true;
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html

@@ -1,6 +1,6 @@
-#include "tools/report/page.h"
+#include "kit/write/html/page.h"
 
-namespace tools::report {
+namespace measkit::html {
 
 // All greys are neutral: a tinted surround changes how the colours of patches look.
 const std::string_view kStyle = R"(:root {
@@ -66,6 +66,29 @@ figure { margin: 0; }
 .messages, .failure { margin-bottom: 20px; padding-left: 14px; border-left: 3px solid var(--alert); }
 .messages .label, .failure strong { color: var(--alert); }
 .failure strong { display: block; }
+.findings { margin-bottom: 20px; }
+.findings li {
+  display: grid; grid-template-columns: 104px 1fr; gap: 2px 14px; padding: 5px 0; font-size: 14px;
+}
+.findings ul { border-top: 1px solid var(--line); }
+.findings li { border-bottom: 1px solid var(--line); }
+.findings details { margin-top: 8px; }
+.findings summary { color: var(--soft); font-size: 14px; }
+.findings strong { font-weight: 600; white-space: nowrap; }
+.findings i {
+  display: inline-block; width: 20px; height: 20px; margin-right: 8px; border: 1.5px solid;
+  border-radius: 50%; font-size: 12px; line-height: 17px; font-style: normal; text-align: center;
+}
+.findings small { color: var(--soft); font-size: 13px; white-space: nowrap; }
+.findings .note { color: var(--text); }
+.findings .note strong { color: var(--soft); }
+.findings .doubtful strong, .findings .lost strong { color: var(--alert); }
+.findings .doubtful i { border-style: dashed; }
+.findings .repaired i { border-radius: 4px; }
+.findings .lost i {
+  border-color: var(--alert); border-radius: 4px; background: var(--alert); color: var(--page);
+}
+.entries small { color: var(--soft); font-size: 12px; }
 .landmarks {
   display: grid; gap: 16px 12px; margin-bottom: 24px; padding: 16px; border-radius: 6px;
   grid-template-columns: repeat(auto-fit, minmax(160px, 1fr)); background: var(--panel);
@@ -158,7 +181,7 @@ details[open] summary { margin-bottom: 8px; }
   @page { margin: 14mm; }
   body { max-width: none; padding: 0; background: none; font-size: 10pt; }
   nav { display: none; }
-  figure, tr, .landmarks, .messages { break-inside: avoid; }
+  figure, tr, .landmarks, .messages, .findings li { break-inside: avoid; }
   h2, h3, .note { break-after: avoid; }
   section { margin-top: 16px; padding-top: 14px; }
   .cell { container-type: normal; }
@@ -175,4 +198,4 @@ details[open] summary { margin-bottom: 8px; }
 }
 )";
 
-}  // namespace tools::report
+}  // namespace measkit::html

@@ -1,10 +1,12 @@
-#include "tools/report/section.h"
+#include "kit/write/html/section.h"
+
+#include "kit/write/html/numbers.h"
 
 #include <algorithm>
 
-namespace tools::report {
+namespace measkit::html {
 
-std::string chart_heading(Charts charts, const Chart& chart) {
+std::string chart_heading(Views charts, const View& chart) {
   if (charts.size() == 1) return "";
   constexpr std::string_view kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
   const auto position = static_cast<std::size_t>(&chart - charts.data());
@@ -12,11 +14,11 @@ std::string chart_heading(Charts charts, const Chart& chart) {
          "</span> " + chart.name + "</h3>\n";
 }
 
-Section section_of(const SectionHead& head, Charts charts,
-                   const std::function<std::string(const Chart&)>& content_of) {
+Section section_of(const SectionHead& head, Views charts,
+                   const std::function<std::string(const View&)>& content_of) {
   std::string cells;
   bool has_content = false;
-  for (const Chart& chart : charts) {
+  for (const View& chart : charts) {
     const std::string content = chart.is_loaded ? content_of(chart) : "";
     has_content = has_content || !content.empty();
     cells += "<div class=\"cell\">\n" + chart_heading(charts, chart);
@@ -37,16 +39,25 @@ Section section_of(const SectionHead& head, Charts charts,
   return {head.id, head.title, std::move(html)};
 }
 
-double full_width(Charts charts) {
+double full_width(Views charts) {
   constexpr double kWidths[] = {1140.0, 560.0, 400.0, 330.0};
   return kWidths[std::clamp<std::size_t>(charts.size(), 1, 4) - 1];
 }
 
-double half_width(Charts charts) { return std::min(full_width(charts), 560.0); }
+double half_width(Views charts) { return std::min(full_width(charts), 560.0); }
 
 std::string figure_of(std::string_view caption, std::string_view picture) {
   return "<figure>\n<figcaption>" + std::string(caption) + "</figcaption>\n" +
          std::string(picture) + "</figure>\n";
+}
+
+std::string device_text(const View& chart, std::span<const double> device) {
+  std::string text;
+  for (std::size_t c = 0; c < device.size(); ++c) {
+    const std::string& letter = chart.channels[c].letter;
+    text += (c == 0 ? "" : " ") + letter + (letter.empty() ? "" : " ") + shortest(device[c]);
+  }
+  return text;
 }
 
 std::string colour_field(std::string_view colour) {
@@ -54,4 +65,4 @@ std::string colour_field(std::string_view colour) {
   return "<i class=\"colour\" style=\"background:" + std::string(colour) + "\"></i>";
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html

@@ -1,10 +1,10 @@
 // The outline of a line in SVG, short to write: steps in tenths of a unit.
-#ifndef MEASDATA_TOOLS_REPORT_SVG_PATH_H
-#define MEASDATA_TOOLS_REPORT_SVG_PATH_H
+#ifndef MEASDATA_KIT_WRITE_HTML_SVG_PATH_H
+#define MEASDATA_KIT_WRITE_HTML_SVG_PATH_H
 
 #include <string>
 
-namespace tools::report {
+namespace measkit::html {
 
 /// A coordinate in tenths of a unit.
 std::string coordinate(double value);
@@ -24,6 +24,6 @@ class SvgPath {
   bool is_down_ = false;
 };
 
-}  // namespace tools::report
+}  // namespace measkit::html
 
-#endif  // MEASDATA_TOOLS_REPORT_SVG_PATH_H
+#endif  // MEASDATA_KIT_WRITE_HTML_SVG_PATH_H

@@ -1,45 +1,38 @@
-#include "tools/report/axis.h"
-#include "tools/report/histogram.h"
-#include "tools/report/numbers.h"
-#include "tools/report/plot.h"
-#include "tools/report/sections.h"
-#include "tools/report/svg_path.h"
+#include "kit/write/html/axis.h"
+#include "kit/write/html/histogram.h"
+#include "kit/write/html/numbers.h"
+#include "kit/write/html/plot.h"
+#include "kit/write/html/sections.h"
+#include "kit/write/html/svg_path.h"
 
 #include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
-constexpr std::size_t kMostListed = 10;
 constexpr int kMostClasses = 24;
 constexpr const char* kDifference = "\u0394E*<sub>ab</sub>";
-
-std::vector<double> differences_of(const Chart& chart) {
-  std::vector<double> values;
-  for (const RepeatedPatch& patch : chart.repeats) values.push_back(patch.de_max);
-  return values;
-}
 
 struct RepeatAxes {
   Axis difference;
   double class_width;
   Axis count;
 
-  std::vector<std::size_t> histogram_for(const Chart& chart) const {
+  std::vector<std::size_t> histogram_for(const View& chart) const {
     const double classes = (difference.last - difference.first) / class_width;
-    return histogram_of(differences_of(chart), class_width,
+    return histogram_of(chart.repeat_differences, class_width,
                         static_cast<std::size_t>(std::lround(classes)));
   }
 };
 
-RepeatAxes axes_over(Charts charts) {
+RepeatAxes axes_over(Views charts) {
   Extent differences;
   differences.add(0.0);
-  for (const Chart& chart : charts) {
-    for (const RepeatedPatch& patch : chart.repeats) differences.add(patch.de_max);
+  for (const View& chart : charts) {
+    for (const double difference : chart.repeat_differences) differences.add(difference);
   }
   const double high = differences.high() > 0.0 ? differences.high() : 1.0;
   const Axis classes = axis_over(0.0, high, kMostClasses);
@@ -47,7 +40,7 @@ RepeatAxes axes_over(Charts charts) {
   axes.difference.last = classes.last;
   Extent counts;
   counts.add(4.0);  // ticks at whole patches
-  for (const Chart& chart : charts) {
+  for (const View& chart : charts) {
     for (const std::size_t count : axes.histogram_for(chart)) {
       counts.add(static_cast<double>(count));
     }
@@ -56,7 +49,7 @@ RepeatAxes axes_over(Charts charts) {
   return axes;
 }
 
-std::string histogram_plot(const Chart& chart, Charts charts, const RepeatAxes& axes) {
+std::string histogram_plot(const View& chart, Views charts, const RepeatAxes& axes) {
   Plot plot({half_width(charts), 320.0},
             {axes.difference, "\u0394E*<tspan class=\"sub\" dy=\"3\">ab</tspan>"},
             {axes.count, "patches"}, "Histogram of the repeats of " + chart.name);
@@ -78,7 +71,7 @@ std::string histogram_plot(const Chart& chart, Charts charts, const RepeatAxes& 
                    std::move(plot).finish());
 }
 
-std::string worst_table(const Chart& chart) {
+std::string worst_table(const View& chart) {
   std::string html =
       "<table>\n<caption>Patches that repeat worst</caption>\n<thead><tr><th scope=\"col\">Patch"
       "</th><th scope=\"col\" class=\"number\">Readings</th><th scope=\"col\" "
@@ -86,9 +79,10 @@ std::string worst_table(const Chart& chart) {
       std::string(kDifference) +
       "</th><th scope=\"col\" class=\"number\">Largest</th></tr></thead>\n"
       "<tbody>\n";
-  for (std::size_t i = 0; i < std::min(chart.repeats.size(), kMostListed); ++i) {
-    const RepeatedPatch& patch = chart.repeats[i];
+  for (const RepeatedPatch& patch : chart.worst_repeats) {
+    const std::string device = device_text(chart, patch.device);
     html += "<tr><th scope=\"row\">" + colour_field(patch.colour) + patch.label +
+            (device.empty() ? "" : " <small>" + device + "</small>") +
             "</th><td class=\"number\">" + std::to_string(patch.count) +
             "</td><td class=\"number\">" + decimal(patch.de_mean, 2) +
             "</td><td class=\"number\">" + decimal(patch.de_max, 2) + "</td></tr>\n";
@@ -96,15 +90,15 @@ std::string worst_table(const Chart& chart) {
   return html + "</tbody>\n</table>\n";
 }
 
-std::string repeats_of(const Chart& chart, Charts charts, const RepeatAxes& axes) {
-  if (chart.repeats.empty()) return "";
-  const std::string count = grouped(chart.repeats.size()) +
-                            (chart.repeats.size() == 1 ? " patch was" : " patches were") +
+std::string repeats_of(const View& chart, Views charts, const RepeatAxes& axes) {
+  const std::vector<double>& differences = chart.repeat_differences;
+  if (differences.empty()) return "";
+  const std::string count = grouped(differences.size()) +
+                            (differences.size() == 1 ? " patch was" : " patches were") +
                             " measured more than once";
-  if (chart.repeats.front().de_max == 0.0) {
+  if (chart.worst_repeats.front().de_max == 0.0) {
     return "<p>" + count + ", always with the same result.</p>\n";
   }
-  const std::vector<double> differences = differences_of(chart);
   return "<p>" + count + ". Largest " + kDifference + " between their readings: median " +
          decimal(quantile_of(differences, 0.5), 2) + ", 95th percentile " +
          decimal(quantile_of(differences, 0.95), 2) + ", maximum " +
@@ -114,12 +108,12 @@ std::string repeats_of(const Chart& chart, Charts charts, const RepeatAxes& axes
 
 }  // namespace
 
-Section repeats_section(Charts charts) {
+Section repeats_section(Views charts) {
   const RepeatAxes axes = axes_over(charts);
   return section_of(
       {"repeats", "Repeats", "Patches with the same device values are readings of one colour.",
        "No patch was measured more than once, or no colour to compare."},
-      charts, [&](const Chart& chart) { return repeats_of(chart, charts, axes); });
+      charts, [&](const View& chart) { return repeats_of(chart, charts, axes); });
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html

@@ -1,13 +1,13 @@
-#include "tools/report/axis.h"
-#include "tools/report/plot.h"
-#include "tools/report/sections.h"
-#include "tools/report/svg_path.h"
+#include "kit/write/html/axis.h"
+#include "kit/write/html/plot.h"
+#include "kit/write/html/sections.h"
+#include "kit/write/html/svg_path.h"
 
 #include <algorithm>
 #include <cmath>
 #include <string>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
 struct ColourAxes {
@@ -17,7 +17,7 @@ struct ColourAxes {
 
 double chroma_of(const Triple& lab) { return std::hypot(lab[1], lab[2]); }
 
-ColourAxes axes_over(Charts charts) {
+ColourAxes axes_over(Views charts) {
   Extent opponents;
   Extent chromas;
   Extent lightnesses;
@@ -25,10 +25,10 @@ ColourAxes axes_over(Charts charts) {
   chromas.add(0.0);
   lightnesses.add(0.0);
   lightnesses.add(100.0);
-  for (const Chart& chart : charts) {
-    for (const ColouredPatch& patch : chart.patches) {
-      if (!patch.values.lab) continue;
-      const Triple& lab = *patch.values.lab;
+  for (const View& chart : charts) {
+    for (const PatchView& patch : chart.patches) {
+      if (!patch.lab) continue;
+      const Triple& lab = *patch.lab;
       opponents.add(std::abs(lab[1]));
       opponents.add(std::abs(lab[2]));
       chromas.add(chroma_of(lab));
@@ -47,12 +47,12 @@ double dot_radius(std::size_t patches) {
 }
 
 template <typename Position>
-void draw_patches(Plot& plot, const Chart& chart, Position position_of) {
+void draw_patches(Plot& plot, const View& chart, Position position_of) {
   const double radius = dot_radius(chart.patches.size());
   plot.draw("<g class=\"dots\">\n");
-  for (const ColouredPatch& patch : chart.patches) {
-    if (!patch.values.lab) continue;
-    const auto [x, y] = position_of(*patch.values.lab);
+  for (const PatchView& patch : chart.patches) {
+    if (!patch.lab) continue;
+    const auto [x, y] = position_of(*patch.lab);
     plot.draw_dot(x, y, radius, patch.colour, patch.label);
   }
   plot.draw("</g>\n");
@@ -75,7 +75,7 @@ void draw_opponent_lines(Plot& plot, const Axis& axis) {
   }
 }
 
-std::string hue_plot(const Chart& chart, Charts charts, const Axis& axis) {
+std::string hue_plot(const View& chart, Views charts, const Axis& axis) {
   // The margins leave a square.
   const double width = half_width(charts);
   Plot plot({width, width + 16.0}, {axis, "a*"}, {axis, "b*"}, "a* and b* of " + chart.name);
@@ -84,7 +84,7 @@ std::string hue_plot(const Chart& chart, Charts charts, const Axis& axis) {
   return figure_of("a*b*: hue and chroma", std::move(plot).finish());
 }
 
-std::string chroma_plot(const Chart& chart, Charts charts, const ColourAxes& axes) {
+std::string chroma_plot(const View& chart, Views charts, const ColourAxes& axes) {
   const double width = half_width(charts);
   Plot plot({width, width + 16.0}, {axes.chroma, "C*<tspan class=\"sub\" dy=\"3\">ab</tspan>"},
             {axes.lightness, "L*"}, "Lightness L* over chroma C* of " + chart.name);
@@ -92,9 +92,9 @@ std::string chroma_plot(const Chart& chart, Charts charts, const ColourAxes& axe
   return figure_of("L*C*: lightness over chroma", std::move(plot).finish());
 }
 
-std::string colours_of(const Chart& chart, Charts charts, const ColourAxes& axes) {
+std::string colours_of(const View& chart, Views charts, const ColourAxes& axes) {
   const bool has_lab = std::ranges::any_of(
-      chart.patches, [](const ColouredPatch& patch) { return patch.values.lab.has_value(); });
+      chart.patches, [](const PatchView& patch) { return patch.lab.has_value(); });
   if (!has_lab) return "";
   return "<div class=\"figures\">\n" + hue_plot(chart, charts, axes.opponent) +
          chroma_plot(chart, charts, axes) + "</div>\n";
@@ -102,11 +102,11 @@ std::string colours_of(const Chart& chart, Charts charts, const ColourAxes& axes
 
 }  // namespace
 
-Section colours_section(Charts charts) {
+Section colours_section(Views charts) {
   const ColourAxes axes = axes_over(charts);
   return section_of({"colours", "Colours", "CIELAB. Each patch is a dot in its own colour.",
-                     "No Lab and no spectra in this file."},
-                    charts, [&](const Chart& chart) { return colours_of(chart, charts, axes); });
+                     "This chart has no Lab."},
+                    charts, [&](const View& chart) { return colours_of(chart, charts, axes); });
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html

@@ -1,13 +1,13 @@
 // Makes text from files safe to stand in HTML and SVG.
-#ifndef MEASDATA_TOOLS_REPORT_HTML_TEXT_H
-#define MEASDATA_TOOLS_REPORT_HTML_TEXT_H
+#ifndef MEASDATA_KIT_WRITE_HTML_HTML_TEXT_H
+#define MEASDATA_KIT_WRITE_HTML_HTML_TEXT_H
 
 #include <cstddef>
 #include <limits>
 #include <string>
 #include <string_view>
 
-namespace tools::report {
+namespace measkit::html {
 
 /// The text for content and quoted attributes: markup characters as references, bytes that are no
 /// UTF-8 as Latin-1, tabs and line ends as blanks, other characters that are controls or none at
@@ -15,6 +15,6 @@ namespace tools::report {
 std::string html_text(std::string_view text,
                       std::size_t most_characters = std::numeric_limits<std::size_t>::max());
 
-}  // namespace tools::report
+}  // namespace measkit::html
 
-#endif  // MEASDATA_TOOLS_REPORT_HTML_TEXT_H
+#endif  // MEASDATA_KIT_WRITE_HTML_HTML_TEXT_H

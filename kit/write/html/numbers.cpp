@@ -1,4 +1,4 @@
-#include "tools/report/numbers.h"
+#include "kit/write/html/numbers.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <string_view>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
 std::string with_real_minus(std::string_view text) {
@@ -42,4 +42,4 @@ bool is_drawable(double value) {
   return std::abs(value) < kLargest;
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html

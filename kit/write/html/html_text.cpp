@@ -1,10 +1,10 @@
-#include "tools/report/html_text.h"
+#include "kit/write/html/html_text.h"
 
-#include "tools/printable_text.h"
+#include "kit/write/printable_text.h"
 
 #include <algorithm>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
 constexpr std::string_view kReplacement = "\uFFFD";
@@ -53,4 +53,4 @@ std::string html_text(std::string_view text, std::size_t most_characters) {
   return out;
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html

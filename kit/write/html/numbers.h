@@ -1,11 +1,11 @@
 // Numbers as readers of a report see them.
-#ifndef MEASDATA_TOOLS_REPORT_NUMBERS_H
-#define MEASDATA_TOOLS_REPORT_NUMBERS_H
+#ifndef MEASDATA_KIT_WRITE_HTML_NUMBERS_H
+#define MEASDATA_KIT_WRITE_HTML_NUMBERS_H
 
 #include <cstddef>
 #include <string>
 
-namespace tools::report {
+namespace measkit::html {
 
 /// A number with so many decimals and a real minus sign.
 std::string decimal(double value, int decimals);
@@ -19,6 +19,6 @@ std::string grouped(std::size_t count);
 /// Whether a plot can show a value. Files may hold anything; no measurement is that far out.
 bool is_drawable(double value);
 
-}  // namespace tools::report
+}  // namespace measkit::html
 
-#endif  // MEASDATA_TOOLS_REPORT_NUMBERS_H
+#endif  // MEASDATA_KIT_WRITE_HTML_NUMBERS_H

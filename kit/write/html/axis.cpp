@@ -1,12 +1,12 @@
-#include "tools/report/axis.h"
+#include "kit/write/html/axis.h"
 
-#include "tools/report/numbers.h"
+#include "kit/write/html/numbers.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
 // Rounding errors of a quotient must not add a step.
@@ -49,4 +49,4 @@ void Extent::add(double value) {
   high_ = std::max(high_.value_or(value), value);
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html

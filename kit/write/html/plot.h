@@ -1,13 +1,13 @@
 // A plot in SVG: a neutral ground with grid, ticks and titles, to draw on.
-#ifndef MEASDATA_TOOLS_REPORT_PLOT_H
-#define MEASDATA_TOOLS_REPORT_PLOT_H
+#ifndef MEASDATA_KIT_WRITE_HTML_PLOT_H
+#define MEASDATA_KIT_WRITE_HTML_PLOT_H
 
-#include "tools/report/axis.h"
+#include "kit/write/html/axis.h"
 
 #include <string>
 #include <string_view>
 
-namespace tools::report {
+namespace measkit::html {
 
 /// In units of the picture, which are about a pixel of the screen.
 struct PlotSize {
@@ -52,6 +52,6 @@ class Plot {
   std::string svg_;
 };
 
-}  // namespace tools::report
+}  // namespace measkit::html
 
-#endif  // MEASDATA_TOOLS_REPORT_PLOT_H
+#endif  // MEASDATA_KIT_WRITE_HTML_PLOT_H

@@ -1,8 +1,8 @@
-#include "tools/report/plot.h"
+#include "kit/write/html/plot.h"
 
-#include "tools/report/svg_path.h"
+#include "kit/write/html/svg_path.h"
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
 double share_of(const Axis& axis, double value) {
@@ -71,4 +71,4 @@ void Plot::draw_dot(double x_value, double y_value, double radius, std::string_v
 
 std::string Plot::finish() && { return std::move(svg_ += "</svg>\n"); }
 
-}  // namespace tools::report
+}  // namespace measkit::html

@@ -1,9 +1,9 @@
-#include "tools/report/histogram.h"
+#include "kit/write/html/histogram.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace tools::report {
+namespace measkit::html {
 
 std::vector<std::size_t> histogram_of(std::span<const double> values, double width,
                                       std::size_t classes) {
@@ -23,4 +23,4 @@ double quantile_of(std::vector<double> values, double share) {
   return values[static_cast<std::size_t>(std::max(rank, 1.0)) - 1];
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html

@@ -1,12 +1,12 @@
 // The scale of a plot: a range that begins and ends at round numbers.
-#ifndef MEASDATA_TOOLS_REPORT_AXIS_H
-#define MEASDATA_TOOLS_REPORT_AXIS_H
+#ifndef MEASDATA_KIT_WRITE_HTML_AXIS_H
+#define MEASDATA_KIT_WRITE_HTML_AXIS_H
 
 #include <optional>
 #include <string>
 #include <vector>
 
-namespace tools::report {
+namespace measkit::html {
 
 struct Axis {
   double first = 0.0, last = 1.0;
@@ -35,6 +35,6 @@ class Extent {
   std::optional<double> low_, high_;
 };
 
-}  // namespace tools::report
+}  // namespace measkit::html
 
-#endif  // MEASDATA_TOOLS_REPORT_AXIS_H
+#endif  // MEASDATA_KIT_WRITE_HTML_AXIS_H

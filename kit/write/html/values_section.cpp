@@ -1,15 +1,15 @@
-#include "tools/report/numbers.h"
-#include "tools/report/sections.h"
+#include "kit/write/html/numbers.h"
+#include "kit/write/html/sections.h"
 
 #include <algorithm>
 #include <string>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
 constexpr std::size_t kMostValues = 64;
 
-std::string values_of(const ChartChannel& channel) {
+std::string values_of(const ChannelView& channel) {
   const std::size_t total = channel.distinct_values.size();
   std::string html = "<dt>" + (channel.colour.empty() ? "" : colour_field(channel.colour)) +
                      channel.name + " <small>" + grouped(total) +
@@ -23,20 +23,20 @@ std::string values_of(const ChartChannel& channel) {
   return html + "</dd>\n";
 }
 
-std::string channels_of(const Chart& chart) {
+std::string channels_of(const View& chart) {
   if (chart.channels.empty()) return "";
   std::string html = "<dl class=\"values\">\n";
-  for (const ChartChannel& channel : chart.channels) html += values_of(channel);
+  for (const ChannelView& channel : chart.channels) html += values_of(channel);
   return html + "</dl>\n";
 }
 
 }  // namespace
 
-Section values_section(Charts charts) {
+Section values_section(Views charts) {
   return section_of({"values", "Device values",
                      "The values that each channel takes, and how many patches have them.",
-                     "No device values in this file."},
+                     "No device values in this chart."},
                     charts, channels_of);
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html

@@ -1,15 +1,15 @@
-#include "tools/report/axis.h"
-#include "tools/report/numbers.h"
-#include "tools/report/plot.h"
-#include "tools/report/sections.h"
-#include "tools/report/svg_path.h"
+#include "kit/write/html/axis.h"
+#include "kit/write/html/numbers.h"
+#include "kit/write/html/plot.h"
+#include "kit/write/html/sections.h"
+#include "kit/write/html/svg_path.h"
 
 #include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
 
-namespace tools::report {
+namespace measkit::html {
 namespace {
 
 // A wedge that spans less lightness than this is judged by its chroma.
@@ -23,7 +23,7 @@ enum class Kind { lightness, chroma };
 
 Measure measure_of(Kind kind) { return kind == Kind::lightness ? lightness_of : chroma_of; }
 
-bool is_shown(const ChartChannel& channel, Kind kind) {
+bool is_shown(const ChannelView& channel, Kind kind) {
   if (channel.wedge.size() < 2) return false;
   Extent lightness;
   for (const WedgeStep& step : channel.wedge) lightness.add(step.lab[0]);
@@ -32,10 +32,10 @@ bool is_shown(const ChartChannel& channel, Kind kind) {
 }
 
 // Each chart has its own: inks go to 100, RGB goes to 255.
-TitledAxis device_axis(const Chart& chart) {
+TitledAxis device_axis(const View& chart) {
   Extent devices;
   devices.add(0.0);
-  for (const ChartChannel& channel : chart.channels) {
+  for (const ChannelView& channel : chart.channels) {
     for (const WedgeStep& step : channel.wedge) devices.add(step.device);
   }
   Axis axis = axis_over(devices.low(), devices.high(), 5);
@@ -44,12 +44,12 @@ TitledAxis device_axis(const Chart& chart) {
   return {axis, is_percent ? "device value, %" : "device value"};
 }
 
-TitledAxis measure_axis(Charts charts, Kind kind) {
+TitledAxis measure_axis(Views charts, Kind kind) {
   Extent measures;
   measures.add(0.0);
   if (kind == Kind::lightness) measures.add(100.0);
-  for (const Chart& chart : charts) {
-    for (const ChartChannel& channel : chart.channels) {
+  for (const View& chart : charts) {
+    for (const ChannelView& channel : chart.channels) {
       if (!is_shown(channel, kind)) continue;
       for (const WedgeStep& step : channel.wedge) measures.add(measure_of(kind)(step.lab));
     }
@@ -60,7 +60,7 @@ TitledAxis measure_axis(Charts charts, Kind kind) {
 
 struct EndLabel {
   double y;
-  const ChartChannel* channel;
+  const ChannelView* channel;
 };
 
 // Moves labels apart that would cover each other, from the top down and back up from the bottom.
@@ -77,7 +77,7 @@ void spread(std::vector<EndLabel>& labels, double bottom) {
   }
 }
 
-void draw_wedge(Plot& plot, const ChartChannel& channel, Measure measure) {
+void draw_wedge(Plot& plot, const ChannelView& channel, Measure measure) {
   SvgPath path;
   for (const WedgeStep& step : channel.wedge)
     path.add(plot.x(step.device), plot.y(measure(step.lab)));
@@ -102,7 +102,7 @@ void draw_end_labels(Plot& plot, std::vector<EndLabel> labels) {
   }
 }
 
-std::string wedge_plot(const Chart& chart, Charts charts, const TitledAxis& measured, Kind kind) {
+std::string wedge_plot(const View& chart, Views charts, const TitledAxis& measured, Kind kind) {
   if (std::ranges::none_of(chart.channels, [kind](const auto& c) { return is_shown(c, kind); })) {
     return "";
   }
@@ -112,7 +112,7 @@ std::string wedge_plot(const Chart& chart, Charts charts, const TitledAxis& meas
   Plot plot({half_width(charts), is_wide ? 400.0 : 320.0, is_wide ? 120.0 : 96.0},
             device_axis(chart), measured, name + " of the wedges of " + chart.name);
   std::vector<EndLabel> labels;
-  for (const ChartChannel& channel : chart.channels) {
+  for (const ChannelView& channel : chart.channels) {
     if (!is_shown(channel, kind)) continue;
     draw_wedge(plot, channel, measure);
     labels.push_back({plot.y(measure(channel.wedge.back().lab)), &channel});
@@ -123,19 +123,19 @@ std::string wedge_plot(const Chart& chart, Charts charts, const TitledAxis& meas
 
 }  // namespace
 
-Section wedges_section(Charts charts) {
+Section wedges_section(Views charts) {
   const TitledAxis lightness = measure_axis(charts, Kind::lightness);
   const TitledAxis chroma = measure_axis(charts, Kind::chroma);
   return section_of(
       {"wedges", "Wedges",
        "Patches of a single colorant. Lightness is drawn where the wedge spans at least " +
            shortest(kLeastLightnessSpan) + " L*, chroma where it spans less, as yellow does.",
-       "No wedges in this file, or no colour for them."},
-      charts, [&](const Chart& chart) {
+       "No wedges in this chart, or no colour for them."},
+      charts, [&](const View& chart) {
         const std::string plots = wedge_plot(chart, charts, lightness, Kind::lightness) +
                                   wedge_plot(chart, charts, chroma, Kind::chroma);
         return plots.empty() ? "" : "<div class=\"figures\">\n" + plots + "</div>\n";
       });
 }
 
-}  // namespace tools::report
+}  // namespace measkit::html
