@@ -83,8 +83,8 @@ std::string repeats_text(void* handle) {
     }
   }
   if (repeated == 0) return "none";
-  return std::to_string(repeated) + " patches; largest Delta E " + number("%.2f", largest) +
-         " at index " + std::to_string(worst);
+  return std::to_string(repeated) + (repeated == 1 ? " patch" : " patches") + "; largest Delta E " +
+         number("%.2f", largest) + " at index " + std::to_string(worst);
 }
 
 void print_answers(std::ostream& out, void* handle, std::string_view title,
@@ -131,8 +131,8 @@ void print_channels(std::ostream& out, void* handle) {
   for (std::size_t c = 0; c < channels.size(); ++c) {
     const Channel& channel = channels[c];
     out << "\nchannel " << c + 1 << ": " << printable(channel.name.value_or("no name")) << '\n';
-    print_list(out, "values x patches", channel.distinct_values, [](const DistinctValue& distinct) {
-      return number("%g", distinct.value) + "x" + std::to_string(distinct.count);
+    print_list(out, "values (patches)", channel.distinct_values, [](const DistinctValue& distinct) {
+      return number("%g", distinct.value) + " (" + std::to_string(distinct.count) + ")";
     });
     print_list(out, "wedge steps", channel.wedge, [handle, c](int index) {
       return number("%g", merged_patch_at(handle, index).device[c]);

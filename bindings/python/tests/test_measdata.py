@@ -141,7 +141,7 @@ class Values(unittest.TestCase):
 
     def test_header(self):
         chart = measdata.load(DATA / "densities.txt")
-        self.assertEqual(chart.instrument[:4], ("Maker", "Model", "42", "45/0"))
+        self.assertEqual(chart.instrument[:4], ("Talvik", "D20", "42", "45/0"))
         self.assertEqual((chart.sample.backing, chart.sample.material), ("black", None))
         self.assertEqual((chart.density_status, chart.illuminant), ("Status T", "D50"))
         self.assertEqual(chart.messages, ["Averaging of densities not implemented, yet!"])
