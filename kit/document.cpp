@@ -61,7 +61,6 @@ void Document::read(std::string_view bytes) {
     if (i != 0) name += ", table " + std::to_string(i + 1);
     chart_names_.push_back(std::move(name));
   }
-  charts_.resize(size());
 }
 
 void Document::read_as_is(std::string_view bytes) {
@@ -92,15 +91,13 @@ bool Document::has_other_than_notes() const {
              [](const auto& plain) { return plain->table.findings.has_other_than_notes(); });
 }
 
-const Chart& Document::chart(std::size_t position) {
-  std::unique_ptr<Chart>& chart = charts_[position];
-  if (chart == nullptr) {
-    chart = std::make_unique<Chart>(
-        opening_ == Opening::as_is
-            ? chart_as_it_stands(plain(position).loaded.handle(), chart_names_[position])
-            : chart_of(plain(position), chart_names_[position]));
+std::span<const Chart> Document::charts() {
+  for (std::size_t i = charts_.size(); i < size(); ++i) {
+    charts_.push_back(opening_ == Opening::as_is
+                          ? chart_as_it_stands(plain(i).loaded.handle(), chart_names_[i])
+                          : chart_of(plain(i), chart_names_[i]));
   }
-  return *chart;
+  return charts_;
 }
 
 }  // namespace measkit

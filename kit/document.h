@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -35,8 +36,8 @@ class Document {
   /// True when something was repaired, is doubtful or is lost.
   bool has_other_than_notes() const;
 
-  /// The chart as a value, made at the first call.
-  const Chart& chart(std::size_t chart);
+  /// The charts as values, made at the first call.
+  std::span<const Chart> charts();
 
  private:
   Document(std::string name, Opening opening) : name_(std::move(name)), opening_(opening) {}
@@ -49,7 +50,7 @@ class Document {
   std::string block_;
   Preflighted preflighted_;
   std::vector<std::string> chart_names_;
-  std::vector<std::unique_ptr<Chart>> charts_;
+  std::vector<Chart> charts_;
 };
 
 }  // namespace measkit

@@ -151,7 +151,8 @@ int mk_finding_line(const mk_document* document, int chart, int finding) noexcep
 const char* mk_json(mk_document* document) noexcept {
   if (document == nullptr) return nullptr;
   return guarded<const char*>(nullptr, [=] {
-    if (document->json.empty()) document->json = measkit::to_json(*document->document);
+    if (document->json.empty()) document->json = measkit::to_json(document->document->name(), document->document->charts(),
+                                       document->document->findings());
     return document->json.c_str();
   });
 }
@@ -164,9 +165,8 @@ const char* mk_html_of(mk_document* const* documents, int count) noexcept {
     std::vector<const measkit::Chart*> charts;
     for (int i = 0; i < count; ++i) {
       if (documents[i] == nullptr) continue;
-      Document& document = *documents[i]->document;
-      for (std::size_t chart = 0; chart < document.size(); ++chart) {
-        charts.push_back(&document.chart(chart));
+      for (const measkit::Chart& chart : documents[i]->document->charts()) {
+        charts.push_back(&chart);
       }
     }
     std::string html = measkit::html::html_of(charts);

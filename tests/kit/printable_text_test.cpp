@@ -1,4 +1,4 @@
-#include "tools/printable_text.h"
+#include "kit/write/printable_text.h"
 
 #include <gtest/gtest.h>
 
@@ -23,8 +23,8 @@ TEST(PrintableText, PassesUtf8AndEscapesTheRest) {
       {"\xF4\x90\x80\x80\xE2\x82", "\\xF4\\x90\\x80\\x80\\xE2\\x82"},
       {std::string_view("\0", 1), "\\x00"},
   };
-  for (const auto& c : cases) EXPECT_EQ(tools::printable(c.text), c.printed);
-  EXPECT_EQ(tools::display_width("\xC3\xA9\xE2\x82\xAC"), 2U);
+  for (const auto& c : cases) EXPECT_EQ(measkit::printable(c.text), c.printed);
+  EXPECT_EQ(measkit::display_width("\xC3\xA9\xE2\x82\xAC"), 2U);
 }
 
 }  // namespace
