@@ -103,7 +103,7 @@ std::string patch_label(const Chart& chart, std::size_t patch) {
     std::string label = text_at(chart, patch, *texts);
     if (!label.empty()) return label;
   }
-  return "#" + std::to_string(patch + 1);
+  return "#" + std::to_string(patch);
 }
 
 std::string label_of(const Chart& chart, std::size_t index) {

@@ -183,11 +183,10 @@ inline Triple triple_at(const Values& values, std::size_t row) {
   return {numbers[0], numbers[1], numbers[2]};
 }
 
-/// What to call a merged patch: the id of its first patch, else its name, else its location, else
-/// its number from 1.
-std::string label_of(const Chart& chart, std::size_t index);
-/// What to call a patch.
+/// What to call a patch: its id, else its name, else its location, else its position as "#12".
 std::string patch_label(const Chart& chart, std::size_t patch);
+/// What to call a merged patch: its first patch.
+std::string label_of(const Chart& chart, std::size_t index);
 
 /// sRGB of Lab as #RRGGBB; empty when a component is not a number.
 std::string hex_colour(const Triple& lab);

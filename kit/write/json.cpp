@@ -265,6 +265,14 @@ Json tables_json(std::span<const Chart> charts) {
   return tables;
 }
 
+// Findings about the whole file come before those of its main chart.
+void put_first(const Findings& findings, Json& json) {
+  Json all = findings_json(findings.list());
+  for (Json& finding : json["findings"]) all.push_back(std::move(finding));
+  json["findings"] = std::move(all);
+  json["more_findings"] = findings.more() + json["more_findings"].get<std::size_t>();
+}
+
 }  // namespace
 
 std::string to_json(const Chart& chart) {
@@ -278,12 +286,14 @@ std::string to_json(const Chart& chart) {
 std::string to_json(std::string_view file, std::span<const Chart> charts,
                     const Findings& findings) {
   Json json = {{"file", text_json(file)}, {"loaded", false}, {"messages", Json::array()}};
-  json["file_findings"] = findings_json(findings.list());
-  json["more_file_findings"] = findings.more();
   json["tables"] = tables_json(charts);
-  if (!charts.empty()) {
+  if (charts.empty()) {
+    json["findings"] = findings_json(findings.list());
+    json["more_findings"] = findings.more();
+  } else {
     json["name"] = text_json(charts.front().name);
     describe(charts.front(), json);
+    put_first(findings, json);
   }
   std::string out = open_object(json);
   if (!charts.empty()) append_patches(out, charts.front());

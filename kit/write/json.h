@@ -15,8 +15,8 @@ namespace measkit {
 /// not UTF-8 is taken for Latin-1.
 std::string to_json(const Chart& chart);
 
-/// The same for a file: its name, the findings about it as a whole, a list of its tables, and the
-/// main chart, whose keys stand beside these. Further charts are objects of their own in
+/// The same for a file: its name, a list of its tables, and the keys of its main chart, with the
+/// findings about the whole file before the chart's. Further charts are objects of their own in
 /// "further_charts".
 std::string to_json(std::string_view file, std::span<const Chart> charts, const Findings& findings);
 

@@ -3,7 +3,6 @@
 #include "kit/write/printable_text.h"
 
 #include <algorithm>
-#include <ostream>
 #include <utility>
 
 namespace measkit {
@@ -20,16 +19,19 @@ void TextTable::add(std::string cell) {
   cells_.push_back(std::move(cell));
 }
 
-void TextTable::print(std::ostream& out, std::size_t indent) const {
+std::vector<std::string> TextTable::lines() const {
+  std::vector<std::string> lines;
+  lines.reserve(widths_.empty() ? 0 : cells_.size() / widths_.size());
   for (std::size_t i = 0; i < cells_.size(); ++i) {
     const std::size_t column = i % widths_.size();
-    const bool is_last = column + 1 == widths_.size();
-    const bool is_left = aligns_[column] == Align::left;
+    if (column == 0) lines.emplace_back();
+    std::string& line = lines.back();
     const std::string padding(widths_[column] - display_width(cells_[i]), ' ');
-    out << std::string(column == 0 ? indent : 2, ' ') << (is_left ? "" : padding) << cells_[i];
-    if (is_left && !is_last) out << padding;
-    if (is_last) out << '\n';
+    if (column != 0) line += "  ";
+    line += aligns_[column] == Align::left ? cells_[i] + padding : padding + cells_[i];
+    if (column + 1 == widths_.size()) line.resize(line.find_last_not_of(' ') + 1);
   }
+  return lines;
 }
 
 }  // namespace measkit

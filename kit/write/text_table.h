@@ -3,7 +3,6 @@
 #define MEASDATA_KIT_WRITE_TEXT_TABLE_H
 
 #include <cstddef>
-#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -11,13 +10,14 @@ namespace measkit {
 
 enum class Align { left, right };
 
-/// Columns are as wide as their widest cell. Cells are added row by row.
+/// Columns are as wide as their widest cell. Cells are added row by row; they must be printable.
 class TextTable {
  public:
   void add_column(std::string title, Align align);
   void add(std::string cell);
-  /// Prints the titles and all rows, each indented by `indent` blanks.
-  void print(std::ostream& out, std::size_t indent) const;
+  std::size_t columns() const { return widths_.size(); }
+  /// The titles and all rows.
+  std::vector<std::string> lines() const;
 
  private:
   std::vector<std::size_t> widths_;

@@ -80,6 +80,7 @@ figure { margin: 0; }
   border-radius: 50%; font-size: 12px; line-height: 17px; font-style: normal; text-align: center;
 }
 .findings small { color: var(--soft); font-size: 13px; white-space: nowrap; }
+.findings .note { color: var(--text); }
 .findings .note strong { color: var(--soft); }
 .findings .doubtful strong, .findings .lost strong { color: var(--alert); }
 .findings .doubtful i { border-style: dashed; }

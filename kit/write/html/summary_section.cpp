@@ -63,7 +63,7 @@ std::string items_of(std::span<const FindingView> findings) {
     html += "<li class=\"" + std::string(look.css_class) + "\"><strong><i aria-hidden=\"true\">" +
             look.sign + "</i>" + std::string(word_of(finding.severity)) + "</strong><span>" +
             finding.sentence;
-    if (finding.line > 0) html += " <small>line " + grouped(finding.line) + "</small>";
+    if (finding.line > 0) html += " <small>line " + std::to_string(finding.line) + "</small>";
     html += "</span></li>\n";
   }
   return html + "</ul>\n";

@@ -9,6 +9,7 @@
 #include <span>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace measkit::html {
 namespace {
@@ -100,10 +101,12 @@ void fill_colour(View& view, const Chart& chart) {
        ""});
 }
 
-// The keyword that tells a condition, and its words where they are others than the value.
-std::string source_of(const Stated& stated) {
+// The keyword that tells a condition and, where the page does not show them yet, its words.
+std::string source_of(const Stated& stated, std::vector<std::string_view>& shown_words) {
   std::string text = html_text(stated.keyword, kLongName);
-  if (stated.words.empty() || stated.words == stated.value) return text;
+  const bool is_shown = std::ranges::find(shown_words, stated.words) != shown_words.end();
+  if (stated.words.empty() || stated.words == stated.value || is_shown) return text;
+  shown_words.emplace_back(stated.words);
   return text + (text.empty() ? "" : " ") + "\u201C" + html_text(stated.words, kSourceWords) +
          "\u201D";
 }
@@ -123,13 +126,14 @@ void fill_conditions(View& view, const Chart& chart) {
                     {"polarization", told.polarization, false, ""},
                     {"backing", told.backing, false, ""},
                     {"density status", told.density_status, false, ""}};
+  std::vector<std::string_view> shown_words = {chart.instrument};
   for (const auto& condition : conditions) {
     if (condition.stated) {
       const std::string& value = condition.stated->value;
       const bool is_number = !value.empty() && value.find_first_not_of("0123456789") == value.npos;
       view.conditions.push_back({condition.name,
                                  html_text(value, kLongValue) + (is_number ? condition.unit : ""),
-                                 source_of(*condition.stated)});
+                                 source_of(*condition.stated, shown_words)});
     } else if (condition.is_always_shown) {
       view.conditions.push_back({condition.name, kNotStated, ""});
     }
