@@ -39,7 +39,7 @@ Answer find_density_standard(std::string_view text);
 
 // From WEIGHTING_FUNCTION, such as "ILLUMINANT, D50".
 
-/// The second word of a text whose first begins with `key`, or what stands behind its comma.
+/// The second word of a text whose first word begins with `key`.
 Answer find_weighting(std::string_view text, std::string_view key);
 
 }  // namespace vantor::Api

@@ -1,5 +1,4 @@
 // The keywords of the files that a handle was loaded with.
-#include "api/keyword_lookup.h"
 #include "api/measdata.h"
 #include "api/parser_state.h"
 
@@ -8,13 +7,18 @@
 #include <span>
 #include <string_view>
 
-using vantor::Api::find_keyword;
 using vantor::Api::is_position;
 using vantor::Api::state_of;
 using vantor::DataSet::Keyword;
 using vantor::DataSet::KeywordStore;
 
 namespace {
+
+// All entries of that name, in order; none for a null handle or name.
+std::span<const Keyword> find_keyword(void* handle, const char* name) {
+  if (handle == nullptr || name == nullptr) return {};
+  return state_of(handle)->chart.keywords.find(name);
+}
 
 // The entry at a position of the whole store; positions below 0 count as 0.
 const Keyword* keyword_at(void* handle, int i) {

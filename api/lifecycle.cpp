@@ -28,7 +28,6 @@ void clear_after_failure(ParserState& state) {
   state.chart.all_patches.reset();
   state.chart.unique_patches.reset();
   state.chart.paper_white_index = -1;
-  state.chart.wedges.clear();
   state.chart.all_patches.messages = std::move(messages);
 }
 

@@ -1,7 +1,6 @@
 // What the file tells about instrument, measurement and sample: from the keyword that is meant for
 // it or, where that is absent, from the free text of others.
 #include "api/instrument_text.h"
-#include "api/keyword_lookup.h"
 #include "api/measdata.h"
 #include "api/parser_state.h"
 
@@ -11,7 +10,6 @@
 #include <utility>
 
 using vantor::Api::Answer;
-using vantor::Api::find_keyword;
 using vantor::Api::state_of;
 
 namespace {
@@ -38,11 +36,12 @@ const char* answer(Tell tell) noexcept {
   }
 }
 
-// What `find` makes of the first value of a keyword; null when the file lacks it.
+// What `find` makes of the first value of a keyword; null when the file lacks it. Values are read up
+// to their first zero byte here, as every caller of the C interface reads them.
 template <typename Find>
 const char* found_in(void* handle, const char* keyword, Find find) {
-  const auto entries = find_keyword(handle, keyword);
-  return entries.empty() ? nullptr : give(handle, find(entries.front().value));
+  const char* text = get_value_of_keyword(handle, keyword);
+  return text == nullptr ? nullptr : give(handle, find(text));
 }
 
 template <typename Find>
@@ -59,8 +58,10 @@ const char* value_or_answer(void* handle, const char* keyword, const char* text_
 }
 
 const char* found_in_weighting(void* handle, std::string_view key) {
-  for (const auto& entry : find_keyword(handle, kWeightingFunction)) {
-    if (Answer found = vantor::Api::find_weighting(entry.value, key)) {
+  const int count = num_keyword_values(handle, kWeightingFunction);
+  for (int i = 0; i < count; ++i) {
+    const char* text = get_ith_value_of_keyword(handle, i, kWeightingFunction);
+    if (Answer found = vantor::Api::find_weighting(text, key)) {
       return give(handle, std::move(found));
     }
   }
@@ -135,10 +136,8 @@ const char* device_filter(void* handle) noexcept {
 const char* device_polarization(void* handle) noexcept {
   const char* value = get_value_of_keyword(handle, "POLARIZATION");
   if (value != nullptr) return value;
-  const auto entries = find_keyword(handle, kInstrumentation);
-  const bool is_denied =
-      !entries.empty() && vantor::Api::denies_polarization(entries.front().value);
-  return is_denied ? "no" : nullptr;
+  const char* text = get_value_of_keyword(handle, kInstrumentation);
+  return text != nullptr && vantor::Api::denies_polarization(text) ? "no" : nullptr;
 }
 
 const char* device_measurement_source(void* handle) noexcept {

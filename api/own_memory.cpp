@@ -29,8 +29,7 @@ bool is_in_texts(const PatchDataSet& patches, const char* address) {
 
 bool is_own_memory(const ParserState& state, const char* address) {
   const DataSet::Chart& chart = state.chart;
-  return is_inside(std::span(&state, 1), address) || is_in_texts(chart.all_patches, address) ||
-         is_in_texts(chart.unique_patches, address) ||
+  return is_in_texts(chart.all_patches, address) || is_in_texts(chart.unique_patches, address) ||
          is_inside(chart.all_patches.spectra.values(), address) ||
          is_inside(chart.unique_patches.spectra.values(), address) ||
          std::ranges::any_of(chart.channel_names, [address](const std::string& name) {

@@ -13,10 +13,17 @@ namespace {
 using KeywordValues = MeasData::NameMap<std::string_view>;
 using Tokens = std::vector<std::string_view>;
 
+// The inks that the keywords LGOMCCHANNEL01, LGOMCCHANNEL02, ... declare.
+struct ColorantList {
+  std::vector<std::string> colorant_names;
+  std::string_view failure;  // why a full-tone colour is no number; empty when all are
+};
+
 constexpr std::string_view kColorant = "LGOMCCHANNEL";
 constexpr std::string_view kInkName = "INK_NAME_";
 constexpr std::size_t kNameToken = 2;
 constexpr std::size_t kFirstToneToken = 5;
+constexpr std::size_t kToneComponents = 3;
 
 // The first value of each keyword that may name a channel.
 KeywordValues index_of(const HeaderKeywords& keywords) {
@@ -28,16 +35,6 @@ KeywordValues index_of(const HeaderKeywords& keywords) {
     }
   }
   return values;
-}
-
-Tokens split_value(std::string_view value) {
-  Tokens tokens;
-  MeasData::split(value, MeasData::kBlankSeparated, tokens);
-  if (tokens.size() == 1) {  // the whole value stood in quotes
-    const std::string_view inner = tokens.front();
-    MeasData::split(inner, MeasData::kBlankSeparated, tokens);
-  }
-  return tokens;
 }
 
 // A name in apostrophes may run over several tokens; it keeps the apostrophes.
@@ -53,29 +50,29 @@ std::string name_from(const Tokens& tokens) {
 }
 
 // A number, which may stand in apostrophes. Returns what is wrong with it, empty when nothing is.
-std::string_view read_component(std::string_view token, double& component) {
+std::string_view check_component(std::string_view token) {
   if (token.starts_with('\'')) token.remove_prefix(1);
   if (token.ends_with('\'')) token.remove_suffix(1);
   const std::string text(token);
   char* end = nullptr;
   const int saved_errno = errno;
   errno = 0;
-  component = std::strtod(text.c_str(), &end);
+  static_cast<void>(std::strtod(text.c_str(), &end));
   const bool is_out_of_range = errno == ERANGE;
   errno = saved_errno;
   if (end == text.c_str()) return "invalid stod argument";
   return is_out_of_range ? "stod argument out of range" : std::string_view();
 }
 
-// The colour stands behind a name of one token only: its place is fixed.
-std::string_view read_full_tone(const Tokens& tokens, std::array<double, 3>& tone) {
-  tone = {0.0, 0.0, 0.0};
-  if (tokens.size() < kFirstToneToken + tone.size() || tokens[3] != "LabFullToneColor" ||
+// The full tone, L*, a* and b*, stands behind a name of one token only: its place is fixed. It is
+// not kept, but it must be made of numbers.
+std::string_view check_full_tone(const Tokens& tokens) {
+  if (tokens.size() < kFirstToneToken + kToneComponents || tokens[3] != "LabFullToneColor" ||
       tokens[4] != "=") {
     return {};
   }
-  for (std::size_t i = 0; i < tone.size(); ++i) {
-    const std::string_view failure = read_component(tokens[kFirstToneToken + i], tone[i]);
+  for (std::size_t i = 0; i < kToneComponents; ++i) {
+    const std::string_view failure = check_component(tokens[kFirstToneToken + i]);
     if (!failure.empty()) return failure;
   }
   return {};
@@ -87,16 +84,15 @@ std::string colorant_key(std::size_t number) {
 
 ColorantList read_colorants(const KeywordValues& keywords) {
   ColorantList list;
+  Tokens tokens;
   for (std::size_t number = 1;; ++number) {
     const auto keyword = keywords.find(colorant_key(number));
     if (keyword == keywords.end()) return list;
-    const Tokens tokens = split_value(keyword->second);
+    MeasData::split(keyword->second, MeasData::kBlankSeparated, tokens);
     if (tokens.size() < 3 || tokens[0] != "InkName" || tokens[1] != "=") continue;
-    std::array<double, 3> tone{};
-    list.failure = read_full_tone(tokens, tone);
+    list.failure = check_full_tone(tokens);
     if (!list.failure.empty()) return list;
     list.colorant_names.push_back(name_from(tokens));
-    list.colorant_full_tones.push_back(tone);
   }
 }
 
@@ -127,10 +123,6 @@ std::string_view without_apostrophes(std::string_view name) {
 }
 
 }  // namespace
-
-ColorantList read_colorant_list(const HeaderKeywords& header_keywords) {
-  return read_colorants(index_of(header_keywords));
-}
 
 ChannelNames build_channel_names(const std::vector<std::string>& field_names,
                                  const HeaderKeywords& header_keywords, const char* name) {

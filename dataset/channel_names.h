@@ -4,27 +4,16 @@
 
 #include "dataset/patch_data_set.h"
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace vantor::DataSet {
 
-/// The inks that the keywords LGOMCCHANNEL01, LGOMCCHANNEL02, ... declare.
-struct ColorantList {
-  std::vector<std::string> colorant_names;
-  std::vector<std::array<double, 3>> colorant_full_tones;  ///< L*, a*, b*
-  /// Why a full-tone colour is not a number that a double holds; empty when all are.
-  std::string_view failure;
-};
-
-/// Reads the list up to the first number that is missing, or to the first failure.
-ColorantList read_colorant_list(const HeaderKeywords& header_keywords);
-
 struct ChannelNames {
   std::vector<std::string> channel_names;  ///< one a device channel, empty where nothing names it
-  std::string_view failure;                ///< as in ColorantList; there are no names then
+  /// Why a full-tone colour of an ink is not a number that a double holds; then there are no names.
+  std::string_view failure;
 };
 
 /// Names the channels: after the colorant list, else the keywords INK_NAME_1, INK_NAME_2, ..., else

@@ -2,6 +2,7 @@
 #ifndef MEASDATA_KIT_FINDING_H
 #define MEASDATA_KIT_FINDING_H
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -41,6 +42,10 @@ class Findings {
   const std::vector<Finding>& list() const { return list_; }
   /// How many findings are not in the list.
   std::size_t more() const { return more_; }
+  bool has(std::string_view code) const {
+    return std::any_of(list_.begin(), list_.end(),
+                       [code](const Finding& finding) { return finding.code == code; });
+  }
   bool has_other_than_notes() const { return has_other_than_notes_; }
 
  private:

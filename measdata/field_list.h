@@ -39,11 +39,6 @@ class FieldList {
     }
   };
 
-  auto is_named(std::string_view name) const {
-    return
-        [this, name](Base::PositionTable::Position position) { return names_[position] == name; };
-  }
-
   std::vector<std::string_view> names_;
   NameHash hash_;
   Base::PositionTable first_;

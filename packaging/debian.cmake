@@ -1,7 +1,7 @@
 # The Debian packages libmeasdata1, libmeasdata-dev and measdata-tools, made by cpack.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_VENDOR measdata)
-set(CPACK_PACKAGE_CONTACT "The measdata developers <measdata@localhost>")
+set(CPACK_PACKAGE_CONTACT "The measdata developers <measdata@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "reads colour-measurement files")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
 set(CPACK_COMPONENTS_ALL runtime development tools)
@@ -14,6 +14,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/triggers)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/compress_pages.cmake)
 
 set(about
     "measdata reads colour-measurement files (CGATS.17, ISO 28178, semicolon\n\
@@ -35,7 +37,8 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${library} (= ${PROJECT_VERSION})")
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION "${about}\n.\nThis package holds the programs measinfo and measreport.")
 
-# Each package with the licence where Debian looks for it.
+# Each package with the licence and a list of changes where Debian looks for them.
+configure_file(changelog.in changelog @ONLY)
 foreach(component_package runtime:${library} development:libmeasdata-dev tools:measdata-tools)
   string(REPLACE ":" ";" pair ${component_package})
   list(GET pair 0 component)
@@ -44,6 +47,11 @@ foreach(component_package runtime:${library} development:libmeasdata-dev tools:m
     FILES ${PROJECT_SOURCE_DIR}/LICENSE
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package}
     RENAME copyright
+    COMPONENT ${component}
+  )
+  install(
+    FILES ${CMAKE_CURRENT_BINARY_DIR}/changelog
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package}
     COMPONENT ${component}
   )
 endforeach()

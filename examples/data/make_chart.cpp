@@ -147,7 +147,7 @@ int main() {
       "ORIGINATOR\t\"measdata\"\n"
       "DESCRIPTOR\t\"CMYK chart computed by a print model, not measured\"\n"
       "CREATED\t\"2026-11-21\"\n"
-      "INSTRUMENTATION\t\"Print Model, D50, 2 degree, geometry 45/0, no polarisation filter, "
+      "INSTRUMENTATION\t\"Talvik R45, D50, 2 degree, geometry 45/0, no polarisation filter, "
       "white backing\"\n"
       "MEASUREMENT_SOURCE\t\"Illumination=D50 Observer=2degree WhiteBase=Abs Filter=No\"\n"
       "PRINT_CONDITIONS\t\"Yule-Nielsen modified Neugebauer, n = 1.7, tone value increase 16 %%\"\n"

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <system_error>
 
 namespace measkit {
@@ -56,45 +57,68 @@ Parts parts_of(std::string_view text) {
   return parts;
 }
 
-// Writes the digits of both parts with the point `places` further right.
-char* write_moved(const Parts& parts, int places, char* out) {
-  const auto size = static_cast<std::ptrdiff_t>(parts.whole.size() + parts.fraction.size());
-  const std::ptrdiff_t point = static_cast<std::ptrdiff_t>(parts.whole.size()) + places;
-  const auto digit = [&parts](std::ptrdiff_t i) {
-    const auto at = static_cast<std::size_t>(i);
-    return at < parts.whole.size() ? parts.whole[at] : parts.fraction[at - parts.whole.size()];
-  };
-  if (point <= 0) {
-    *out++ = '0';
-  } else {
-    std::ptrdiff_t first = 0;  // zeros before the first digit that counts
-    while (first + 1 < std::min(point, size) && digit(first) == '0') ++first;
-    for (std::ptrdiff_t i = first; i < point; ++i) *out++ = i < size ? digit(i) : '0';
+char* append(std::string_view text, char* out) {
+  if (!text.empty()) std::memcpy(out, text.data(), text.size());
+  return out + text.size();
+}
+
+char* append_zeros(std::size_t count, char* out) {
+  std::memset(out, '0', count);
+  return out + count;
+}
+
+// Without the zeros that a move put in front of other digits.
+char* drop_leading_zeros(char* start, char* end) {
+  char* first = start;
+  while (first + 1 < end && *first == '0' && is_digit(first[1])) ++first;
+  const auto size = static_cast<std::size_t>(end - first);
+  std::memmove(start, first, size);
+  return start + size;
+}
+
+// The digits of both parts with the point `places` further right.
+char* write_digits(const Parts& parts, int places, char* out) {
+  const std::string_view whole = parts.whole, fraction = parts.fraction;
+  const auto count = static_cast<std::size_t>(std::abs(places));
+  char* const start = out;
+  if (places < 0 && whole.size() <= count) {
+    out = append("0.", out);
+    out = append_zeros(count - whole.size(), out);
+    out = append(whole, out);
+    return append(fraction, out);
   }
-  if (point >= size) return out;
+  if (places <= 0) {
+    out = append(whole.substr(0, whole.size() - count), out);
+    const bool is_whole = count == 0 && fraction.empty();
+    if (!is_whole) *out++ = '.';
+    out = append(whole.substr(whole.size() - count), out);
+    return append(fraction, out);
+  }
+  out = append(whole, out);
+  out = append(fraction.substr(0, count), out);
+  if (fraction.size() < count) out = append_zeros(count - fraction.size(), out);
+  out = drop_leading_zeros(start, out);
+  if (fraction.size() <= count) return out;
   *out++ = '.';
-  for (std::ptrdiff_t i = point; i < size; ++i) *out++ = i < 0 ? '0' : digit(i);
-  return out;
+  return append(fraction.substr(count), out);
 }
 
 }  // namespace
 
-std::string_view move_point(std::string_view number, int places, TextPool& pool) {
+char* write_moved_point(std::string_view number, int places, char* out) {
   const Parts parts = parts_of(number);
-  if (!parts.is_valid) return number;
-  constexpr std::size_t kExponentRoom = 16;
-  char* const start =
-      pool.room(number.size() + static_cast<std::size_t>(std::abs(places)) + kExponentRoom);
-  char* end = start;
-  if (parts.is_negative) *end++ = '-';
-  if (parts.has_exponent) {
-    end = write_moved(parts, 0, end);
-    *end++ = 'e';
-    end = std::to_chars(end, end + kExponentRoom, parts.exponent + places).ptr;
-  } else {
-    end = write_moved(parts, places, end);
-  }
-  return pool.keep(static_cast<std::size_t>(end - start));
+  if (!parts.is_valid) return append(number, out);
+  if (parts.is_negative) *out++ = '-';
+  if (!parts.has_exponent) return write_digits(parts, places, out);
+  out = write_digits(parts, 0, out);
+  *out++ = 'e';
+  constexpr std::ptrdiff_t kExponentRoom = 12;
+  return std::to_chars(out, out + kExponentRoom, parts.exponent + places).ptr;
+}
+
+std::string_view move_point(std::string_view number, int places, TextPool& pool) {
+  char* const start = pool.room(number.size() + room_for_moved_point(places));
+  return pool.keep(static_cast<std::size_t>(write_moved_point(number, places, start) - start));
 }
 
 std::string_view text_of(double value, TextPool& pool) { return pool.add(text_of(value)); }

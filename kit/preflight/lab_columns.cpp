@@ -243,13 +243,7 @@ bool use_scale_of_hundred(Table& table) {
     case XyzScale::one:
       break;
   }
-  for (const int field : roles.xyz) {
-    std::vector<std::string_view> texts(table.row_count());
-    for (std::size_t row = 0; row < texts.size(); ++row) {
-      texts[row] = move_point(table.cell(row, field), 2, table.pool);
-    }
-    table.set_texts(field, std::move(texts));
-  }
+  for (const int field : roles.xyz) table.move_point(field, 2);
   table.findings.add(Severity::repaired, "xyz-scale",
                      "Y reaches " + rounded(largest) +
                          ": XYZ is taken to be on a scale of 1 and multiplied by 100.",

@@ -4,7 +4,6 @@
 
 #include "measdata/line_reader.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -14,28 +13,27 @@ namespace measkit {
 class LineCursor {
  public:
   explicit LineCursor(std::string_view text, std::size_t first_line = 1)
-      : text_(text), number_(first_line - 1) {}
+      : text_(text), lines_(text), number_(first_line - 1) {
+    // The library passes over a line break at the start; it ends a line all the same.
+    if (lines_.rest().size() != text.size()) ++number_;
+  }
 
   /// Moves to the next line; false when there is none.
   bool next() {
-    if (next_ >= text_.size()) return false;
-    start_ = next_;
-    const std::size_t end = std::min(text_.find_first_of("\r\n", start_), text_.size());
-    line_ = text_.substr(start_, end - start_);
-    next_ = vantor::MeasData::behind_break(text_, end);
+    if (!lines_.next(line_)) return false;
     ++number_;
     return true;
   }
 
   std::string_view line() const { return line_; }
   std::size_t number() const { return number_; }
-  /// Positions in the text: of the line, and behind its line break.
-  std::size_t start() const { return start_; }
-  std::size_t end() const { return next_; }
+  /// Position in the text behind the line and its line break.
+  std::size_t end() const { return text_.size() - lines_.rest().size(); }
 
  private:
   std::string_view text_, line_;
-  std::size_t start_ = 0, next_ = 0, number_;
+  vantor::MeasData::LineReader lines_;
+  std::size_t number_;
 };
 
 }  // namespace measkit

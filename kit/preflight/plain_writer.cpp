@@ -1,7 +1,13 @@
 #include "kit/preflight/plain_writer.h"
 
+#include "kit/preflight/decimal_text.h"
+#include "kit/preflight/line_cursor.h"
+#include "measdata/cell_cutter.h"
+#include "measdata/tokenizer.h"
+
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 
 namespace measkit {
@@ -27,28 +33,71 @@ void append_count(std::string_view keyword, std::size_t count, std::string& out)
   out.append(keyword).append(" ").append(std::to_string(count)).append("\n");
 }
 
-// Quotes protect blanks, comment characters and empty cells. A quote inside cannot be written,
-// since readers differ in how they read it.
-void append_item(std::string_view text, std::string& out) {
-  const bool is_plain =
-      !text.empty() && text.front() != '#' && text.find_first_of(" \t\"") == std::string_view::npos;
-  if (is_plain) {
-    out += text;
-    return;
-  }
-  out += '"';
-  for (const char c : text) out += c == '"' ? '\'' : c;
-  out += '"';
+bool has_blank_or_quote(std::string_view text) {
+  return std::any_of(text.begin(), text.end(),
+                     [](char c) { return c == ' ' || c == '\t' || c == '"'; });
 }
 
-// True when the data block needs no change: each field is still the file's own column.
-bool has_own_rows(const Table& table) {
-  if (table.is_cut()) return false;
+// Quotes protect blanks, comment characters and empty cells. A quote inside cannot be written,
+// since readers differ in how they read it.
+char* write_item(std::string_view text, char* out) {
+  const bool is_plain = !text.empty() && text.front() != '#' && !has_blank_or_quote(text);
+  if (is_plain) {
+    std::memcpy(out, text.data(), text.size());
+    return out + text.size();
+  }
+  *out++ = '"';
+  for (const char c : text) *out++ = c == '"' ? '\'' : c;
+  *out++ = '"';
+  return out;
+}
+
+void append_item(std::string_view text, std::string& out) {
+  const std::size_t size = out.size();
+  out.resize(size + text.size() + 2);
+  out.resize(static_cast<std::size_t>(write_item(text, out.data() + size) - out.data()));
+}
+
+enum class Rows { own, shifted, cells };
+
+// What the rows take: the file's text, the same with some decimal points moved, or new text.
+Rows rows_of(const Table& table) {
+  if (table.is_cut()) return Rows::cells;
+  Rows rows = Rows::own;
   for (std::size_t i = 0; i < table.fields.size(); ++i) {
     const Field& field = table.fields[i];
-    if (!field.texts.empty() || field.source != static_cast<int>(i)) return false;
+    if (!field.texts.empty() || field.source != static_cast<int>(i)) return Rows::cells;
+    if (field.shift != 0) rows = Rows::shifted;
   }
-  return true;
+  return rows;
+}
+
+// Rows go from the file to the text without being kept.
+void append_shifted_rows(const Table& table, std::string& out) {
+  std::size_t room = 1;
+  for (const Field& field : table.fields) room += 2 + room_for_moved_point(field.shift);
+  vantor::MeasData::CellCutter cutter;
+  std::size_t size = out.size();
+  for (LineCursor lines(table.data); lines.next();) {
+    const auto cells = cutter.cut(table.data, lines.line(), vantor::MeasData::kBlankSeparated, '#');
+    if (cells.empty()) continue;
+    if (out.size() < size + lines.line().size() + room) {
+      out.resize(2 * (size + lines.line().size() + room));
+    }
+    char* end = out.data() + size;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      const int shift = table.fields[i].shift;
+      if (shift != 0) {
+        end = write_moved_point(cells[i], shift, end);
+      } else {
+        end = write_item(cells[i], end);
+      }
+      *end++ = '\t';
+    }
+    end[-1] = '\n';
+    size = static_cast<std::size_t>(end - out.data());
+  }
+  out.resize(size);
 }
 
 void append_rows(Table& table, const std::vector<int>& fields, std::string& out) {
@@ -61,7 +110,7 @@ void append_rows(Table& table, const std::vector<int>& fields, std::string& out)
   }
 }
 
-std::string write(Table& table, const std::vector<int>& fields, bool keeps_rows) {
+std::string write(Table& table, const std::vector<int>& fields, Rows rows) {
   std::string out;
   out.reserve(table.data.size() + table.data.size() / 4 + 1024);
   append_header(table, out);
@@ -75,11 +124,18 @@ std::string write(Table& table, const std::vector<int>& fields, bool keeps_rows)
   out += "END_DATA_FORMAT\n";
   append_count("NUMBER_OF_SETS", table.row_count(), out);
   out += "BEGIN_DATA\n";
-  if (keeps_rows) {
-    out += table.data;
-    if (!table.data.empty() && table.data.back() != '\n' && table.data.back() != '\r') out += '\n';
-  } else {
-    append_rows(table, fields, out);
+  switch (rows) {
+    case Rows::own:
+      out += table.data;
+      if (!table.data.empty() && table.data.back() != '\n' && table.data.back() != '\r')
+        out += '\n';
+      break;
+    case Rows::shifted:
+      append_shifted_rows(table, out);
+      break;
+    case Rows::cells:
+      append_rows(table, fields, out);
+      break;
   }
   return out += "END_DATA\n";
 }
@@ -93,7 +149,7 @@ std::string plain_text_without(Table& table, const std::vector<int>& left_out) {
   for (int i = 0; i < static_cast<int>(table.fields.size()); ++i) {
     if (std::find(left_out.begin(), left_out.end(), i) == left_out.end()) fields.push_back(i);
   }
-  return write(table, fields, left_out.empty() && has_own_rows(table));
+  return write(table, fields, left_out.empty() ? rows_of(table) : Rows::cells);
 }
 
 }  // namespace measkit

@@ -24,7 +24,9 @@ void tell_unused_columns(Table& table) {
   std::vector<std::string_view> names;
   for (const int field : roles.unused) {
     const std::string_view name = table.fields[static_cast<std::size_t>(field)].name;
-    if (emission_wavelength_in(name) == 0.0) names.push_back(name);
+    const bool is_told_already =
+        emission_wavelength_in(name) != 0.0 || name.starts_with("PLACEHOLDER_");
+    if (!is_told_already) names.push_back(name);
   }
   if (names.empty()) return;
   std::string list;

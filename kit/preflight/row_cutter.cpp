@@ -77,7 +77,7 @@ RaggedRows cut_at(char separator, std::string_view data, std::size_t first_line,
       }
     }
     // A separator at the end of the line makes no cell, though the last field may be empty.
-    if (cells.size() + 1 == width && content.back() == separator) cells.emplace_back();
+    if (cells.size() + 1 == width && lines.line().back() == separator) cells.emplace_back();
     while (cells.size() > width && cells.back().empty()) cells.pop_back();
     rows.texts.insert(rows.texts.end(), cells.begin(), cells.end());
     rows.ends.push_back(rows.texts.size());

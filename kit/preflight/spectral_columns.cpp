@@ -79,8 +79,9 @@ Scale scale_of(Table& table, const Roles& roles, const Extent& extent) {
   constexpr double kSurelyPercent = 10.0, kLargestFluorescence = 1.3;
   if (extent.largest <= 0.0 || std::isinf(extent.largest)) return Scale::factor;
   // Lab beside spectra takes cutting the cells, which is worth it only where there is a doubt.
+  const bool is_stated = table.is_in_percent || table.find("SPECTRAL_NORM") != nullptr;
   const bool is_usual = extent.largest >= 0.2 && extent.largest <= kLargestFluorescence;
-  if (is_usual && !roles.has_xyz() && table.find("SPECTRAL_NORM") == nullptr) return Scale::factor;
+  if (is_usual && !roles.has_xyz() && !is_stated) return Scale::factor;
   switch (compare_spectra_with_colours(table, roles, wavelengths_of(roles))) {
     case Agreement::as_factor:
       return Scale::factor;
@@ -89,6 +90,7 @@ Scale scale_of(Table& table, const Roles& roles, const Extent& extent) {
     case Agreement::none:
       break;
   }
+  if (table.is_in_percent) return Scale::percent;
   if (const HeaderLine* norm = table.find("SPECTRAL_NORM")) {
     const double value = std::atof(norm->value.c_str());
     if (value == 100.0) return Scale::percent;
@@ -98,16 +100,6 @@ Scale scale_of(Table& table, const Roles& roles, const Extent& extent) {
     return extent.largest > 2.0 ? Scale::percent : Scale::factor;
   }
   return extent.largest > kLargestFluorescence ? Scale::unclear : Scale::factor;
-}
-
-void divide_by_hundred(Table& table, const Roles& roles) {
-  for (const SpectralField& spectral : roles.spectra) {
-    std::vector<std::string_view> texts(table.row_count());
-    for (std::size_t row = 0; row < texts.size(); ++row) {
-      texts[row] = move_point(table.cell(row, spectral.field), -2, table.pool);
-    }
-    table.set_texts(spectral.field, std::move(texts));
-  }
 }
 
 }  // namespace
@@ -136,11 +128,8 @@ void pair_up_spectra(Table& table) {
       return;
     }
   }
-  if (table.fields[static_cast<std::size_t>(wavelength_fields.front()) + 1].name ==
-          "SPECTRAL_PCT" &&
-      table.find("SPECTRAL_NORM") == nullptr) {
-    table.add_keyword("SPECTRAL_NORM", "100");
-  }
+  const auto first_value = static_cast<std::size_t>(wavelength_fields.front()) + 1;
+  table.is_in_percent = table.fields[first_value].name == "SPECTRAL_PCT";
   for (std::size_t i = 0; i < names.size(); ++i) table.rename(wavelength_fields[i] + 1, names[i]);
   table.remove_fields(wavelength_fields);
   table.findings.add(Severity::repaired, "spectral-pairs",
@@ -181,7 +170,7 @@ void use_reflectance_factors(Table& table) {
   const Extent extent = extent_of(table, roles);
   const Scale scale = scale_of(table, roles, extent);
   if (scale == Scale::percent) {
-    divide_by_hundred(table, roles);
+    for (const SpectralField& spectral : roles.spectra) table.move_point(spectral.field, -2);
     table.findings.add(
         Severity::repaired, "spectra-in-percent",
         "Reflectances reach " + rounded(extent.largest) + ": taken as percent and divided by 100.",

@@ -1,9 +1,11 @@
 #include "kit/preflight/table.h"
 
+#include "kit/preflight/decimal_text.h"
 #include "kit/preflight/row_cutter.h"
 #include "measdata/number_reader.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace measkit {
@@ -36,13 +38,15 @@ std::string_view Table::cell(std::size_t row, int field) {
   const Field& wanted = fields[static_cast<std::size_t>(field)];
   if (!wanted.texts.empty()) return wanted.texts[row];
   cut();
-  return cells_.texts[row * cells_.width + static_cast<std::size_t>(wanted.source)];
+  const std::string_view own =
+      cells_.texts[row * cells_.width + static_cast<std::size_t>(wanted.source)];
+  return wanted.shift == 0 ? own : measkit::move_point(own, wanted.shift, pool);
 }
 
 std::vector<double> Table::numbers(int field) {
   const Field& wanted = fields[static_cast<std::size_t>(field)];
   std::vector<double> values(row_count());
-  if (!is_cut_ && wanted.texts.empty()) {
+  if (!is_cut_ && wanted.texts.empty() && wanted.shift == 0) {
     const auto position_in = [&wanted](const auto& group) {
       return std::find(group.begin(), group.end(), wanted.source) - group.begin();
     };
@@ -92,6 +96,13 @@ void Table::set_texts(int field, std::vector<std::string_view> texts) {
   is_as_it_stands = false;
 }
 
+void Table::move_point(int position, int places) {
+  Field& field = fields[static_cast<std::size_t>(position)];
+  for (std::string_view& made : field.texts) made = measkit::move_point(made, places, pool);
+  if (field.texts.empty()) field.shift += places;
+  is_as_it_stands = false;
+}
+
 void Table::remove_fields(std::vector<int> positions) {
   cut();
   std::sort(positions.begin(), positions.end());
@@ -128,10 +139,12 @@ HeaderLine* Table::find(std::string_view keyword) {
 
 SpectralRows::SpectralRows(Table& table, const Roles& roles) : size_(table.row_count()) {
   values_.resize(roles.spectra.size());
-  const bool is_loaded = table.is_loaded() && !table.is_cut() &&
+  const bool is_loaded = table.is_loaded() && !table.is_cut() && roles.has_spectra() &&
                          spectral_size(table.loaded().handle()) == static_cast<int>(values_.size());
   if (is_loaded) {
     handle_ = table.loaded().handle();
+    const auto first = static_cast<std::size_t>(roles.spectra.front().field);
+    factor_ = std::pow(10.0, table.fields[first].shift);
     return;
   }
   for (const SpectralField& spectral : roles.spectra) {
@@ -142,7 +155,10 @@ SpectralRows::SpectralRows(Table& table, const Roles& roles) : size_(table.row_c
 std::span<const double> SpectralRows::row(std::size_t row) {
   if (handle_ != nullptr) {
     const double* values = get_spectrum_from_patch(handle_, static_cast<int>(row));
-    return {values, values_.size()};
+    if (factor_ == 1.0) return {values, values_.size()};
+    for (std::size_t band = 0; band < values_.size(); ++band)
+      values_[band] = factor_ * values[band];
+    return values_;
   }
   for (std::size_t band = 0; band < columns_.size(); ++band) values_[band] = columns_[band][row];
   return values_;

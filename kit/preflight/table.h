@@ -27,6 +27,7 @@ struct Field {
   std::string name;
   int source = kNoField;                     ///< column of the file's cells
   std::vector<std::string_view> texts = {};  ///< one a row, in place of the file's cells
+  int shift = 0;                             ///< places by which the decimal point moves right
 };
 
 /// What a table is about, as its identifier says.
@@ -56,6 +57,8 @@ class Table {
   Findings findings;
   TextPool pool;
 
+  /// True when the names of the fields say that reflectances are in percent.
+  bool is_in_percent = false;
   /// True while the file's own text can stand for the table.
   bool is_as_it_stands = true;
 
@@ -86,6 +89,8 @@ class Table {
   int add_field(std::string name, std::vector<std::string_view> texts);
   /// Replaces the cells of a field.
   void set_texts(int field, std::vector<std::string_view> texts);
+  /// Multiplies the numbers of a field by ten to the power of `places`, digit for digit.
+  void move_point(int field, int places);
   void remove_fields(std::vector<int> fields);
   /// Replaces a header line's value, which is then quoted.
   void set_value(HeaderLine& line, std::string value);
@@ -115,6 +120,7 @@ class SpectralRows {
  private:
   void* handle_ = nullptr;
   std::size_t size_;
+  double factor_ = 1.0;  ///< by which the loaded numbers differ from those of the table
   std::vector<std::vector<double>> columns_;
   std::vector<double> values_;
 };

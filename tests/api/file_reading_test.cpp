@@ -1,5 +1,6 @@
 // What can go wrong between a path and its bytes.
 #include "api/measdata.h"
+#include "tests/robustness/temporary_path.h"
 #include "tests/support/loaded.h"
 
 #include <gtest/gtest.h>
@@ -16,14 +17,13 @@
 
 namespace {
 
-const std::string kFile = test::file_of("GRAY LAB_L LAB_A LAB_B", "50 60 1 2\n");
-
 // A file that lives as long as this.
 class TemporaryFile {
  public:
-  explicit TemporaryFile(const std::string& utf8_name, const std::string& text = kFile)
-      : path_(testing::TempDir() + "/" + utf8_name), native_(native_of(path_)) {
-    std::ofstream(native_, std::ios::binary) << text;
+  explicit TemporaryFile(const std::string& utf8_name)
+      : path_(test::temporary_path(utf8_name)),
+        native_(reinterpret_cast<const char8_t*>(path_.c_str())) {
+    std::ofstream(native_, std::ios::binary) << test::file_of("GRAY LAB_L", "50 60\n");
   }
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
@@ -33,12 +33,8 @@ class TemporaryFile {
   const std::filesystem::path& native() const { return native_; }
 
  private:
-  static std::filesystem::path native_of(const std::string& utf8) {
-    return {reinterpret_cast<const char8_t*>(utf8.c_str())};
-  }
-
-  std::string path_;
-  std::filesystem::path native_;
+  const std::string path_;
+  const std::filesystem::path native_;
 };
 
 TEST(FileReading, NamesInAnyScript) {
@@ -54,7 +50,7 @@ TEST(FileReading, NamesInAnyScript) {
 
 // Nobody writes to this one: opening it would wait for ever.
 TEST(FileReading, APipeIsNotOpened) {
-  const std::string path = testing::TempDir() + "/pipe-" + std::to_string(getpid());
+  const std::string path = test::temporary_path("pipe");
   ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
   test::Handle handle;
   EXPECT_EQ(parse_file(handle, path.c_str()), 0);

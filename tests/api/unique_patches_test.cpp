@@ -1,5 +1,6 @@
 // Merged patches and what the chart tells about its channels.
 #include "api/measdata.h"
+#include "tests/api/charts.h"
 #include "tests/support/loaded.h"
 
 #include <gtest/gtest.h>
@@ -14,6 +15,7 @@ namespace {
 using test::kUntouched;
 using test::Loaded;
 using test::Triple;
+using Values = std::vector<double>;
 
 constexpr Triple kNoTriple = {kUntouched, kUntouched, kUntouched};
 
@@ -23,13 +25,13 @@ Triple lab_from_index(void* handle, int index) {
   return lab;
 }
 
-std::vector<double> stats(void* handle, int index) {
+Values stats(void* handle, int index) {
   DeStats record = {-7, kUntouched, kUntouched};
   get_de_stats_from_index(handle, index, &record);
   return {static_cast<double>(record.repeat_count), record.de_mean, record.de_max};
 }
 
-const std::vector<double> kNoStats = {-7, kUntouched, kUntouched};
+const Values kNoStats = {-7, kUntouched, kUntouched};
 
 const std::string kCmykLab = "SAMPLE_ID SAMPLE_NAME CMYK_C CMYK_M CMYK_Y CMYK_K LAB_L LAB_A LAB_B";
 
@@ -41,70 +43,53 @@ TEST(UniquePatches, RepeatsAreMergedIntoTheFirst) {
                                    "4 white 0 0 0 0 92 0 0\n"
                                    "5 half 50 0 0 0 70 1 2\n"
                                    "6 third 0 -0.0 0 0 94 0 3\n"));
-  ASSERT_EQ(chart.result, 1);
   EXPECT_EQ(num_patches(chart), 6);
   ASSERT_EQ(num_indices(chart), 3);
-  EXPECT_STREQ(get_name_from_index(chart, 0), "paper");
   EXPECT_STREQ(get_name_from_index(chart, 1), "cyan");
   EXPECT_STREQ(get_name_from_index(chart, 2), "half");
   EXPECT_EQ(lab_from_index(chart, 0), (Triple{92, 0, 1}));
   EXPECT_EQ(lab_from_index(chart, 1), (Triple{50, 1.5, 2}));
-  EXPECT_EQ(stats(chart, 1), (std::vector<double>{2, 5, 5}));
-  EXPECT_EQ(stats(chart, 2),
-            (std::vector<double>{1, 0, -DBL_MAX}));   // no pair in a file with pairs
-  const std::vector<double> paper = stats(chart, 0);  // distances 2, 5 and the root of 13
+  EXPECT_EQ(stats(chart, 1), (Values{2, 5, 5}));
+  EXPECT_EQ(stats(chart, 2), (Values{1, 0, -DBL_MAX}));  // no pair in a file with pairs
+  const Values paper = stats(chart, 0);                  // distances 2, 5 and the root of 13
   EXPECT_EQ(paper[0], 3);
   EXPECT_NEAR(paper[1], (2 + 5 + 3.605551275463989) / 3, 1e-14);
   EXPECT_EQ(paper[2], 5);
   double device[4] = {};
   get_dev_from_index(chart, 2, device);
   EXPECT_EQ(device[0], 50.0);
-}
-
-TEST(UniquePatches, WithoutAnyRepeatTheStatisticsAreZero) {
-  const Loaded chart(test::file_of(kCmykLab, "1 a 0 0 0 0 90 0 0\n2 b 1 0 0 0 50 0 0\n"));
-  EXPECT_EQ(num_indices(chart), 2);
-  EXPECT_EQ(stats(chart, 0), (std::vector<double>{0, 0, 0}));
-  EXPECT_EQ(stats(chart, 1), (std::vector<double>{0, 0, 0}));
+  // Without any repeat all is 0, the count included.
+  const Loaded single(test::file_of(kCmykLab, "1 a 0 0 0 0 90 0 0\n2 b 1 0 0 0 50 0 0\n"));
+  EXPECT_EQ(num_indices(single), 2);
+  for (const int index : {0, 1}) EXPECT_EQ(stats(single, index), (Values{0, 0, 0}));
 }
 
 // Two greys of reflectance f^3 with f = (50 + 16) / 116 and (60 + 16) / 116: Delta E is 10.
 TEST(UniquePatches, SpectraAreAveragedAndJudgedByTheirLab) {
-  const auto repeat = [](const std::string& value, int count) {
-    std::string row;
-    for (int i = 0; i < count; ++i) row += " " + value;
-    return row + "\n";
-  };
-  const auto file = [&](int start, int step, int count, const std::string& fields,
-                        const std::string& values) {
-    return test::file_of("RGB_R RGB_G RGB_B " + fields + test::numbered("nm", start, step, count),
-                         "9 9 9 " + values + repeat("0.184186519", count) + "9 9 9 " + values +
-                             repeat("0.281233343", count));
+  const auto file = [](const test::Bands& bands, const std::string& fields,
+                       const std::string& values) {
+    std::string rows;
+    for (const char* value : {"0.184186519", "0.281233343"}) {
+      rows += "9 9 9 " + values + test::repeated(value, bands.count) + "\n";
+    }
+    return test::file_of("RGB_R RGB_G RGB_B " + fields + test::fields_of(bands), rows);
   };
   // By weighting table; by colour-matching functions.
-  for (const auto& [start, step, count] : {std::array{380, 10, 36}, {380, 5, 71}}) {
-    const Loaded chart(file(start, step, count, "", ""));
+  for (const test::Bands& bands : {test::Bands{380, 10, 36}, {380, 5, 71}}) {
+    const Loaded chart(file(bands, "", ""));
     ASSERT_EQ(num_indices(chart), 1);
-    const double* spectrum = get_spectrum_from_index(chart, 0);
-    ASSERT_NE(spectrum, nullptr);
-    EXPECT_NEAR(spectrum[count - 1], (0.184186519 + 0.281233343) / 2, 1e-15);
+    EXPECT_NEAR(get_spectrum_from_index(chart, 0)[bands.count - 1], 0.232709931, 1e-15);
     EXPECT_EQ(stats(chart, 0)[0], 2);
     EXPECT_NEAR(stats(chart, 0)[1], 10.0, 1e-5);
     EXPECT_NEAR(stats(chart, 0)[2], 10.0, 1e-5);
     EXPECT_NEAR(lab_from_index(chart, 0)[0], 55.3504, 1e-3);  // of the mean spectrum
   }
   // A grid that no table fits, and Lab in the file: equal Lab, no difference.
-  const Loaded own(file(380, 5, 71, "LAB_L LAB_A LAB_B ", "50 1 2 "));
-  EXPECT_EQ(stats(own, 0), (std::vector<double>{2, 0, 0}));
+  const Loaded own(file({380, 5, 71}, "LAB_L LAB_A LAB_B ", "50 1 2 "));
+  EXPECT_EQ(stats(own, 0), (Values{2, 0, 0}));
   EXPECT_EQ(lab_from_index(own, 0), (Triple{50, 1, 2}));
-}
-
-// A single band is a grid that no conversion takes.
-TEST(UniquePatches, SpectraThatGiveNoLabAreNotCompared) {
-  const std::string rows = "1 2 3 4 0.5\n1 2 3 4 0.75\n";
-  const Loaded chart(test::file_of("CMYK_C CMYK_M CMYK_Y CMYK_K SPECTRAL_NM_550", rows));
-  ASSERT_EQ(chart.result, 1) << chart.messages();
-  EXPECT_EQ(stats(chart, 0), (std::vector<double>{2, 0, -DBL_MAX}));
+  // A single band is a grid that no conversion takes.
+  EXPECT_EQ(stats(Loaded(file({550, 1, 1}, "", "")), 0), (Values{2, 0, -DBL_MAX}));
 }
 
 TEST(UniquePatches, WithoutDeviceValuesNothingIsMerged) {
@@ -117,13 +102,20 @@ TEST(UniquePatches, WithoutDeviceValuesNothingIsMerged) {
   EXPECT_EQ(get_spectrum_from_index(chart, 0), nullptr);
   EXPECT_EQ(has_xyz_data(pass_unique_data(chart)), 1);
   EXPECT_EQ(get_paperwhite_index(chart), -1);
+  // XYZ alone is no colour data.
+  const Loaded xyz(test::file_of("XYZ_X XYZ_Y XYZ_Z", "50 50 50\n"));
+  EXPECT_EQ(num_indices(xyz), 1);
+  EXPECT_EQ(lab_from_index(xyz, 0), kNoTriple);
+  const Loaded merged(test::file_of("GRAY XYZ_X XYZ_Y XYZ_Z", "0 50 50 50\n0 50 50 50\n"));
+  EXPECT_EQ(stats(merged, 0), kNoStats);
 }
 
 TEST(UniquePatches, DensitiesAreNotMerged) {
-  const Loaded chart(test::file_of("GRAY D_VIS LAB_L LAB_A LAB_B", "0 0.1 90 0 0\n0 0.1 90 0 0\n"));
+  const Loaded chart(test::file_of("GRAY D_VIS nm500", "0 0.1 1\n0 0.1 1\n"));
   EXPECT_EQ(chart.result, 1);
   EXPECT_EQ(num_patches(chart), 2);
   EXPECT_EQ(num_indices(chart), 0);
+  // In place of the note about the wavelength.
   EXPECT_EQ(chart.messages(), "Averaging of densities not implemented, yet!");
   EXPECT_STREQ(parse_messages(pass_unique_data(chart)), chart.messages().c_str());
   EXPECT_EQ(get_paperwhite_index(chart), -1);
@@ -132,47 +124,35 @@ TEST(UniquePatches, DensitiesAreNotMerged) {
 }
 
 TEST(UniquePatches, ThePointerAnswersForMergedPatches) {
+  const std::string ones = test::repeated("1", 16) + "\n";
   const Loaded chart(test::file_of(
       "SAMPLE_ID SAMPLE_NAME SAMPLE_LOC GRAY XYZ_X XYZ_Y XYZ_Z LAB_L LAB_A LAB_B LAB_C LAB_H " +
-          test::numbered("nm", 400, 20, 16),
-      "1 n l 0 1 2 3 4 5 6 7 8 1 1 1 1 1 1 1 1 1 1 1 1 1 1 1 1\n"
-      "2 o m 5 1 2 3 4 5 6 7 8 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0\n"
-      "3 p k 0 1 2 3 4 5 6 7 8 1 1 1 1 1 1 1 1 1 1 1 1 1 1 1 1\n"));
-  ASSERT_EQ(chart.result, 1);
+          test::fields_of({400, 20, 16}),
+      "1 n l 0 1 2 3 4 5 6 7 8" + ones + "2 o m 5 1 2 3 4 5 6 7 8" + test::repeated("0", 16) +
+          "\n3 p k 0 1 2 3 4 5 6 7 8" + ones));
   void* unique = pass_unique_data(chart);
   EXPECT_EQ(num_patches(unique), 2);
   EXPECT_EQ(num_device_channels(unique), 1);
-  EXPECT_EQ(has_device_data(unique) + has_lab_data(unique) + has_spectral_data(unique) +
-                has_color_data(unique) + has_sample_id_data(unique) + has_sample_loc_data(unique) +
-                has_sample_name_data(unique),
-            7);
-  EXPECT_EQ(has_xyz_data(unique) + has_lch_data(unique), 0);  // not carried over
+  // XYZ and LCh are not carried over.
+  EXPECT_EQ(test::contents(unique), "device lab spectral color id loc name 400-700/20 x16");
   EXPECT_STREQ(get_id_from_patch(unique, 1), "2");
   EXPECT_STREQ(get_name_from_patch(unique, 0), "n");
   EXPECT_STREQ(get_loc_from_patch(unique, 1), "m");
   EXPECT_STREQ(get_id_from_patch(unique, 2), "");
-  EXPECT_EQ(spectral_start(unique), 400.0);
-  EXPECT_EQ(spectral_end(unique), 700.0);
-  EXPECT_EQ(spectral_step(unique), 20.0);
-  EXPECT_EQ(spectral_size(unique), 16);
   EXPECT_EQ(get_spectrum_from_patch(unique, 1)[15], 0.0);
-  Triple lab = kNoTriple;
-  get_lab_from_patch(unique, 0, lab.data());
-  EXPECT_EQ(lab, (Triple{100, 0, 0}));
-  Triple xyz = kNoTriple;
-  get_xyz_from_patch(unique, 0, xyz.data());
-  EXPECT_EQ(xyz, kNoTriple);
-  double grey = kUntouched;
-  get_dev_from_patch(unique, 1, &grey);
-  EXPECT_EQ(grey, 5.0);
+  Triple triple = kNoTriple;
+  get_xyz_from_patch(unique, 0, triple.data());
+  EXPECT_EQ(triple, kNoTriple);
+  get_lab_from_patch(unique, 0, triple.data());
+  EXPECT_EQ(triple, (Triple{100, 0, 0}));
+  get_dev_from_patch(unique, 1, triple.data());
+  EXPECT_EQ(triple[0], 5.0);
   EXPECT_EQ(pass_unique_data(nullptr), nullptr);
 }
 
 TEST(UniquePatches, IndicesThatDoNotExist) {
   const Loaded chart(test::file_of(kCmykLab, "1 a 0 0 0 0 9 0 0\n2 b 0 0 0 0 9 0 0\n"));
-  ASSERT_EQ(num_indices(chart), 1);
-  void* no_handle = nullptr;
-  for (void* handle : {static_cast<void*>(chart), no_handle}) {
+  for (void* handle : {static_cast<void*>(chart), static_cast<void*>(nullptr)}) {
     for (const int index : {-1, 1, 2, INT_MAX, INT_MIN}) {
       EXPECT_STREQ(get_name_from_index(handle, index), "");
       EXPECT_EQ(get_spectrum_from_index(handle, index), nullptr);
@@ -189,65 +169,47 @@ TEST(UniquePatches, IndicesThatDoNotExist) {
 }
 
 TEST(ChartAnalysis, PaperWedgesAndSolids) {
-  const Loaded chart(test::file_of(kCmykLab,
-                                   "1 c100 100 0 0 0 50 0 0\n"
-                                   "2 c25 25 0 0 0 80 0 0\n"
-                                   "3 paper 0 0 0 0 95 0 0\n"
-                                   "4 m99 0 99.9 0 0 50 0 0\n"
-                                   "5 c40 40 0 0 -1 70 0 0\n"
-                                   "6 blue 50 50 0 0 30 0 0\n"
-                                   "7 paper 0 0 0 0 95 0 0\n"));
+  const Loaded chart(test::file_of("CMYK_C CMYK_M CMYK_Y CMYK_K",
+                                   "100 0 0 0\n"
+                                   "25 0 0 0\n"
+                                   "0 -0.0 0 0\n"   // paper
+                                   "0 99.9 0 0\n"   // no solid
+                                   "40 0 0 -1\n"    // a negative value does not print
+                                   "50 0 0 1e-9\n"  // a trace does
+                                   "nan 0 0 0\n"    // sorts in front
+                                   "0 0 0 0\n"));
   EXPECT_EQ(get_paperwhite_index(chart), 2);
-  ASSERT_EQ(num_wedge_steps(chart, 0), 3);
-  EXPECT_EQ(get_wedge_index(chart, 0, 0), 1);
-  EXPECT_EQ(get_wedge_index(chart, 0, 1), 4);
-  EXPECT_EQ(get_wedge_index(chart, 0, 2), 0);
-  EXPECT_EQ(get_solid_index(chart, 0), 0);
-  EXPECT_EQ(num_wedge_steps(chart, 1), 1);
-  EXPECT_EQ(get_solid_index(chart, 1), -1);  // 99.9 is no solid
-  EXPECT_EQ(num_wedge_steps(chart, 2), 0);
-  EXPECT_EQ(get_solid_index(chart, 2), -1);
-  ASSERT_EQ(num_distinct_dev_values(chart, 0), 5);
-  EXPECT_EQ(get_distinct_dev_value(chart, 0, 0), 0.0);
-  EXPECT_EQ(get_distinct_dev_value_count(chart, 0, 0), 3);  // rows, not merged patches
-  EXPECT_EQ(get_distinct_dev_value(chart, 0, 4), 100.0);
-  EXPECT_EQ(get_distinct_dev_value(chart, 3, 0), -1.0);
-  EXPECT_STREQ(get_device_channel_name(chart, 0), "Cyan");
+  EXPECT_EQ(test::channel(chart, 0), "Cyan wedge 6 1 4 0 solid 0 values 0x3 25x1 40x1 50x1 100x1");
+  EXPECT_EQ(test::channel(chart, 1), "Magenta wedge 3 solid -1 values 0x7 99.9x1");
+  EXPECT_EQ(test::channel(chart, 2), "Yellow wedge solid -1 values 0x8");
+  const Loaded beyond(test::file_of("GRAY", "255\n-1\n"));  // neither solid nor paper
+  EXPECT_EQ(test::channel(beyond, 0), "test wedge 1 0 solid -1 values -1x1 255x1");
+  EXPECT_EQ(get_paperwhite_index(beyond), -1);
+  // A set that is not known has channels, but no analysis.
+  const Loaded unknown("% Cyan;Magenta;Black\n0;0;1\n0;0;1\n", 1);
+  EXPECT_EQ(num_device_channels(unknown), 3);
+  EXPECT_EQ(num_indices(unknown), 2);
+  EXPECT_EQ(test::channel(unknown, 0), "- wedge solid -1 values");
 }
 
 TEST(ChartAnalysis, ChannelsAndStepsThatDoNotExist) {
   const Loaded chart(test::file_of("GRAY LAB_L LAB_A LAB_B", "100 50 0 0\n"));
   EXPECT_EQ(num_wedge_steps(nullptr, 0), -1);
   EXPECT_EQ(get_wedge_index(nullptr, 0, 0), -1);
-  EXPECT_EQ(get_solid_index(nullptr, 0), -1);
   EXPECT_EQ(get_paperwhite_index(nullptr), -1);
-  EXPECT_EQ(num_indices(nullptr), 0);
-  EXPECT_EQ(get_paperwhite_index(chart), -1);
   for (const int bad : {-1, 1, INT_MAX, INT_MIN}) {
     EXPECT_EQ(num_wedge_steps(chart, bad), 0);
     EXPECT_EQ(get_wedge_index(chart, bad, 0), 0);
     EXPECT_EQ(get_wedge_index(chart, 0, bad), 0);
-    EXPECT_EQ(get_solid_index(chart, bad), -1);
-    EXPECT_EQ(get_device_channel_name(chart, bad), nullptr);
-    EXPECT_EQ(num_distinct_dev_values(chart, bad), 0);
-    EXPECT_EQ(get_distinct_dev_value(chart, bad, 0), 0.0);
+    for (const auto& [handle, channel] : {std::pair<void*, int>(chart, bad), {nullptr, 0}}) {
+      EXPECT_EQ(get_solid_index(handle, channel), -1);
+      EXPECT_EQ(get_device_channel_name(handle, channel), nullptr);
+      EXPECT_EQ(num_distinct_dev_values(handle, channel), 0);
+      EXPECT_EQ(get_distinct_dev_value(handle, channel, 0), 0.0);
+    }
     EXPECT_EQ(get_distinct_dev_value(chart, 0, bad), 0.0);
     EXPECT_EQ(get_distinct_dev_value_count(chart, 0, bad), 0);
   }
-  EXPECT_EQ(get_device_channel_name(nullptr, 0), nullptr);
-  EXPECT_EQ(num_distinct_dev_values(nullptr, 0), 0);
-  EXPECT_EQ(get_distinct_dev_value(nullptr, 0, 0), 0.0);
-  EXPECT_EQ(get_distinct_dev_value_count(nullptr, 0, 0), 0);
-}
-
-TEST(ChartAnalysis, AnUnknownChannelSetHasChannelsButNoAnalysis) {
-  const Loaded chart("% Cyan;Magenta;Black;LAB_L;LAB_A;LAB_B\n0;0;1;2;3;4\n0;0;1;2;3;4\n", 1);
-  EXPECT_EQ(num_device_channels(chart), 3);
-  EXPECT_EQ(num_indices(chart), 2);
-  EXPECT_EQ(num_distinct_dev_values(chart, 0), 0);
-  EXPECT_EQ(num_wedge_steps(chart, 0), 0);
-  EXPECT_EQ(get_paperwhite_index(chart), -1);
-  EXPECT_EQ(get_device_channel_name(chart, 2), nullptr);
 }
 
 }  // namespace

@@ -64,6 +64,7 @@ TEST(SpectralGrid, WavelengthsThatNoGridHasAreRefusedOrHarmless) {
   }
   EXPECT_EQ(settle({-2e9, 2e9}), (Settled{kRefused}));  // no int holds the step
   EXPECT_EQ(settle({400, 390, 380}), (Settled{"", 400, -10, 3}));
+  EXPECT_EQ(settle({730, 1e-14}), (Settled{kAdjusted, 730, -730, 2}));
   EXPECT_EQ(settle({380, 380, 380}), (Settled{"", 380, 0, 3}));
 }
 
@@ -79,25 +80,28 @@ TEST(SpectralGrid, RequestsAreMetOrRefused) {
 }
 
 TEST(SpectralGrid, SpectraAreResampledToTheGridAskedFor) {
-  const auto resampled = [](const std::string& fields, const std::string& row,
-                            const SpectralRequest& grid) {
+  const struct {
+    std::string fields, row;
+    SpectralRequest grid;
+    std::vector<double> spectrum;
+  } cases[] = {
+      {"R_400 R_410 R_420", "1 2 4", {390, 5, 8}, {1, 1, 1, 1.5, 2, 3, 4, 4}},
+      {"R_420 R_410 R_400", "4 2 1", {400, 10, 3}, {1, 2, 4}},
+      {"R_400", "3", {390, 10, 3}, {3, 3, 3}},
+      {"R_400 R_400 R_400", "1 2 3", {390, 10, 3}, {1, 1, 3}},
+  };
+  for (const auto& c : cases) {
     vantor::MeasData::MeasFileParser reader(1);
     PatchDataSet data_set;
-    const std::string text = test::file_of(fields, row + "\n");
-    EXPECT_TRUE(read_memory(data_set, text, reader, {}, grid));
+    const std::string text = test::file_of(c.fields, c.row + "\n");
+    EXPECT_TRUE(read_memory(data_set, text, reader, {}, c.grid));
     EXPECT_EQ(data_set.messages, kAdjusted);
     EXPECT_TRUE(data_set.spectral_fields.empty());
-    EXPECT_EQ(data_set.unclassified_fields.front(), fields.substr(0, fields.find(' ')));
-    EXPECT_EQ(data_set.wavelengths.size(), static_cast<std::size_t>(grid.count));
+    EXPECT_EQ(data_set.unclassified_fields.front(), c.fields.substr(0, 5));
+    EXPECT_EQ(data_set.wavelengths.back(), c.grid.start_nm + (c.grid.count - 1) * c.grid.step_nm);
     const auto spectrum = data_set.spectra.row(0);
-    return std::vector<double>(spectrum.begin(), spectrum.end());
-  };
-  using Values = std::vector<double>;
-  EXPECT_EQ(resampled("R_400 R_410 R_420", "1 2 4", {390, 5, 8}),
-            (Values{1, 1, 1, 1.5, 2, 3, 4, 4}));
-  EXPECT_EQ(resampled("R_420 R_410 R_400", "4 2 1", {400, 10, 3}), (Values{1, 2, 4}));
-  EXPECT_EQ(resampled("R_400", "3", {390, 10, 3}), (Values{3, 3, 3}));
-  EXPECT_EQ(resampled("R_400 R_400 R_400", "1 2 3", {390, 10, 3}), (Values{1, 1, 3}));
+    EXPECT_EQ(std::vector<double>(spectrum.begin(), spectrum.end()), c.spectrum);
+  }
 }
 
 }  // namespace

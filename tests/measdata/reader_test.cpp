@@ -1,358 +1,332 @@
-// The reader as a whole: what becomes of a text, and what is told about it.
+// The reader as a whole: what becomes of a text, and what is told about it. In these texts and
+// messages '|' ends a line.
 #include "measdata/meas_file_parser.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <string>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 namespace {
 
 using vantor::MeasData::MeasFileParser;
 
-constexpr int kLenient = 0;
-constexpr int kSilent = 1;
-constexpr int kStrict = 3;
-constexpr int kPlainTable = 4;
+constexpr int kLenient = 0, kSilent = 1, kSemicolonTable = 2, kStrict = 3, kPlainTable = 4;
 
 // A file without a fault in any mode; the tests bend it.
-std::string sound_file(std::string_view header = "", std::string_view rows = "1 50 0 0\n",
-                       std::string_view sets = "1") {
-  std::string text = "CGATS.17\nORIGINATOR \"a b\"\nDESCRIPTOR d\nCREATED today\n";
-  text += header;
-  text += "NUMBER_OF_FIELDS 4\nBEGIN_DATA_FORMAT\nSAMPLE_ID LAB_L LAB_A LAB_B\nEND_DATA_FORMAT\n";
-  text += "NUMBER_OF_SETS " + std::string(sets) + "\nBEGIN_DATA\n";
-  text += rows;
-  text += "END_DATA\n";
+const std::string kHead = "CGATS.17|ORIGINATOR \"a b\"|DESCRIPTOR d|CREATED now|";
+const std::string kFormat =
+    "NUMBER_OF_FIELDS 4|BEGIN_DATA_FORMAT|SAMPLE_ID LAB_L LAB_A LAB_B|END_DATA_FORMAT|";
+const std::string kRows = "NUMBER_OF_SETS 1|BEGIN_DATA|1 50 0 0|END_DATA|";
+
+std::string lines_of(std::string text, char from = '|', char to = '\n') {
+  std::replace(text.begin(), text.end(), from, to);
   return text;
 }
 
-struct Outcome {
-  bool is_read;
-  std::string messages;
-  bool operator==(const Outcome&) const = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Outcome& outcome) {
-  return out << (outcome.is_read ? "read: " : "failed: ") << outcome.messages;
+// "read: " or "failed: ", and the messages.
+std::string load(MeasFileParser& reader, const std::string& text) {
+  const bool is_read = reader.load_memory(lines_of(text));
+  return (is_read ? "read: " : "failed: ") + lines_of(reader.messages(), '\n', '|');
 }
 
-Outcome read(std::string_view text, int mode = kLenient) {
+std::string told(const std::string& text, int mode = kLenient) {
   MeasFileParser reader(mode);
-  const bool is_read = reader.load_memory(text);
-  return {is_read, reader.messages()};
+  return load(reader, text);
 }
 
-// name=value;name=value#comment
-std::string keywords_of(std::string_view text) {
-  MeasFileParser reader(kLenient);
-  reader.load_memory(text);
-  std::string list;
-  for (const auto& entry : reader.keywords()) {
-    if (!list.empty()) list += ';';
-    list.append(entry.name).append("=").append(entry.value);
-    if (!entry.comment.empty()) list.append("#").append(entry.comment);
-  }
-  return list;
-}
-
-TEST(Reader, ASoundFileReadsWithoutAWordInEveryMode) {
-  for (const int mode : {kLenient, kSilent, kStrict}) {
-    MeasFileParser reader(mode);
-    EXPECT_TRUE(reader.load_memory(sound_file()));
-    EXPECT_EQ(reader.messages(), "");
-    EXPECT_EQ(reader.identifier(), "CGATS.17");
-    EXPECT_EQ(reader.field_count(), 4);
-    EXPECT_EQ(reader.row_count(), 1);
-    EXPECT_EQ(reader.number_of_fields(), 4);
-    EXPECT_EQ(reader.number_of_sets(), 1);
-  }
-}
-
-TEST(Reader, TheSameTablesWhateverEndsTheLines) {
-  for (const std::string_view line_break : {"\r\n", "\n\r", "\r"}) {
-    std::string text;
-    for (const char c : sound_file("", "1 50 0 0\n2 60 1 1\n", "2")) {
-      if (c == '\n') {
-        text += line_break;
-      } else {
-        text += c;
-      }
+// identifier; fields; counts; cells of all rows; keywords as name=value#comment
+std::string tables_of(const MeasFileParser& reader) {
+  std::string text(reader.identifier());
+  text += ';';
+  for (int i = 0; i < reader.field_count(); ++i) text += " " + reader.field_name(i);
+  text += "; " + std::to_string(reader.number_of_fields()) + " " +
+          std::to_string(reader.number_of_sets()) + ";";
+  for (int row = 0; row < reader.row_count(); ++row) {
+    for (int column = 0; column <= reader.field_count(); ++column) {
+      const std::string cell = reader.value(row, column);
+      text += column < reader.field_count() ? " [" + cell + "]" : cell;
     }
-    MeasFileParser reader(kStrict);
-    EXPECT_TRUE(reader.load_memory(text)) << reader.messages();
-    EXPECT_EQ(reader.value(1, 1), "60");
-    EXPECT_EQ(reader.value(1, 3), "1");
+    text += '/';
+  }
+  text += ';';
+  for (const auto& entry : reader.keywords()) {
+    text.append(" ").append(entry.name).append("=").append(entry.value);
+    if (!entry.comment.empty()) text.append("#").append(entry.comment);
+  }
+  return text;
+}
+
+std::string tables_of(const std::string& text, int mode = kLenient) {
+  MeasFileParser reader(mode);
+  load(reader, text);
+  return tables_of(reader);
+}
+
+TEST(Reader, ASoundFileReadsAlikeInEveryModeWhateverEndsItsLines) {
+  const std::string text = kHead + kFormat + kRows;
+  for (const int mode : {kLenient, kSilent, kStrict}) {
+    for (const std::string_view line_break : {"\n", "\r\n", "\n\r", "\r"}) {
+      std::string broken;
+      for (const char c : text) broken += c == '|' ? line_break : std::string_view(&c, 1);
+      MeasFileParser reader(mode);
+      EXPECT_TRUE(reader.load_memory(broken));
+      EXPECT_EQ(reader.messages(), "");
+      EXPECT_EQ(tables_of(reader),
+                "CGATS.17; SAMPLE_ID LAB_L LAB_A LAB_B; 4 1; [1] [50] [0] [0]/; "
+                "ORIGINATOR=a b DESCRIPTOR=d CREATED=now");
+    }
   }
 }
 
-TEST(Reader, CellsAndFieldsOutsideTheTableAreEmpty) {
+TEST(Reader, WhatIsOutsideTheTableIsEmpty) {
   MeasFileParser reader(kLenient);
-  ASSERT_TRUE(reader.load_memory(sound_file()));
+  load(reader, kHead + kFormat + kRows);
   for (const auto& [row, column] : {std::pair{-1, 0}, {1, 0}, {0, -1}, {0, 4}}) {
     EXPECT_EQ(reader.value(row, column), "");
     EXPECT_EQ(reader.value_as_double(row, column), 0.0);
   }
-  EXPECT_EQ(reader.field_name(-1), "");
-  EXPECT_EQ(reader.field_name(4), "");
+  EXPECT_EQ(reader.value_as_double(0, 1), 50.0);
+  EXPECT_EQ(reader.field_name(-1) + reader.field_name(4), "");
   EXPECT_EQ(reader.field_index("sample_id"), -1);
   EXPECT_TRUE(reader.has_field("LAB_B"));
 }
 
 TEST(Reader, WarningsAreWrittenDroppedOrFatalByMode) {
-  const std::string text = sound_file("PLAIN 1\n");
-  EXPECT_EQ(read(text, kLenient), (Outcome{true, "Undefined keyword 'PLAIN'\n"}));
-  EXPECT_EQ(read(text, kSilent), (Outcome{true, ""}));
-  EXPECT_EQ(read(text, kStrict), (Outcome{false, "Undefined keyword 'PLAIN'\n"}));
-}
-
-TEST(Reader, StrictReadingMissesRequiredKeywordsUnlessItWarnedBefore) {
-  const std::string rest =
-      "NUMBER_OF_FIELDS 1\nBEGIN_DATA_FORMAT\nSAMPLE_ID\nEND_DATA_FORMAT\n"
-      "NUMBER_OF_SETS 1\nBEGIN_DATA\n1\nEND_DATA\n";
-  EXPECT_EQ(read("CGATS.17\nORIGINATOR a\n" + rest, kStrict),
-            (Outcome{false,
-                     "Required keyword 'DESCRIPTOR' missing!\n"
-                     "Required keyword 'CREATED' missing!\n"}));
-  EXPECT_EQ(read("CGATS.17\nX 1\n" + rest, kStrict), (Outcome{false, "Undefined keyword 'X'\n"}));
+  const std::string plain = kHead + "PLAIN 1|" + kFormat + kRows;
+  EXPECT_EQ(told(plain, kLenient), "read: Undefined keyword 'PLAIN'|");
+  EXPECT_EQ(told(plain, kSilent), "read: ");
+  EXPECT_EQ(told(plain, kStrict), "failed: Undefined keyword 'PLAIN'|");
+  // Strict reading misses keywords unless it warned before.
+  EXPECT_EQ(told("CGATS.17|ORIGINATOR a|" + kFormat + kRows, kStrict),
+            "failed: Required keyword 'DESCRIPTOR' missing!|Required keyword 'CREATED' missing!|");
+  EXPECT_EQ(told("CGATS.17|X 1|" + kFormat + kRows, kStrict), "failed: Undefined keyword 'X'|");
+  for (const int unknown : {-1, 5}) {
+    EXPECT_EQ(told(plain, unknown), "failed: ");
+    EXPECT_EQ(told("", unknown), "failed: ");
+  }
 }
 
 TEST(Reader, LineOneIsAnIdentifierOrAnOrdinaryLine) {
-  const auto behind = [](const std::string& first_line) {
-    MeasFileParser reader(kLenient);
-    reader.load_memory(first_line + "\nBEGIN_DATA\n1\nEND_DATA\n");
-    return std::string(reader.identifier()) + "|" +
-           reader.messages().substr(0, reader.messages().find("In DATA"));
+  const std::string wrong = "read: ID in line 1 has more than 7 characters|Missing value for ";
+  const struct {
+    std::string line, identifier, told;
+  } cases[] = {
+      {"IT8.7/2", "IT8.7/2", "read: "},
+      {"ISO28178\t\t", "ISO28178", "read: "},
+      {"IT8.7", "", wrong + "'IT8.7'!|"},
+      {"cgats.17", "", wrong + "'cgats.17'!|"},
+      {"\"CGATS.17\"", "", wrong + "'CGATS.17'!|"},  // quotes count here
+      {"SERIAL me", "", "read: Missing 7-character-ID in line 1|"},
+      {"|", "", "read: Missing 7-character-ID in line 1|"},
   };
-  EXPECT_EQ(behind("IT8.7/2"), "IT8.7/2|");
-  EXPECT_EQ(behind("ISO28178\t\t"), "ISO28178|");
-  EXPECT_EQ(behind("IT8.7"),
-            "|ID in line 1 has more than 7 characters\nMissing value for 'IT8.7'!\n");
-  EXPECT_EQ(behind("cgats.17"),
-            "|ID in line 1 has more than 7 characters\nMissing value for 'cgats.17'!\n");
-  EXPECT_EQ(behind("ORIGINATOR me"), "|Missing 7-character-ID in line 1\n");
-  EXPECT_EQ(behind("\n"), "|Missing 7-character-ID in line 1\n");
+  for (const auto& c : cases) {
+    const std::string text = c.line + "|" + kFormat + kRows;
+    EXPECT_EQ(told(text), c.told);
+    EXPECT_EQ(tables_of(text).substr(0, c.identifier.size() + 1), c.identifier + ";");
+  }
 }
 
 TEST(Reader, KeywordLines) {
   const struct {
     std::string header, keywords, messages;
   } cases[] = {
-      {"SERIAL \"a b\"\n", "SERIAL=a b", ""},
-      {"SERIAL a  b \"c\"\n", "SERIAL=a b c", "Excess items after 'SERIAL'!\n"},
-      {"SERIAL\n", "", "Missing value for 'SERIAL'!\n"},
-      {"SERIAL # 5\n", "", "Missing value for 'SERIAL'!\n"},
-      {"SERIAL x # note  here\n", "SERIAL=x#note here", ""},
-      {"SERIAL x #note\n", "SERIAL=x#note ", ""},
-      {"SERIAL x #a b \"c d\"\n", "SERIAL=x#a b c d", ""},
-      {"# SERIAL x\n\n\t\n", "", ""},
-      {"SERIAL 1\nSERIAL 2\n", "SERIAL=2", "Overwriting keyword 'SERIAL'\n"},
-      {"OWN 1\n", "OWN=1", "Undefined keyword 'OWN'\n"},
-      {"KEYWORD OWN\nOWN 1\n", "OWN=1", ""},
-      {"KEYWORD OWN extra\n", "OWN=", "Excess items after 'KEYWORD'!\n"},
-      {"KEYWORD\n", "", "Missing value for 'KEYWORD'!\n"},
-      {"SERIAL 1\nKEYWORD SERIAL\n", "SERIAL=", "KEYWORD 'SERIAL' already known!\n"},
-      {"FILTER none\n", "FILTER=none", ""},
-      {"WEIGHTING_FUNCTION \"ILLUMINANT, D50\"\n", "", ""},  // kept in lists of their own
-      {"COMPUTATIONAL_PARAMETER x\nPROCESSCOLOR_ID y\nSPOTCOLOR_ID z\n", "", ""},
+      {"SERIAL \"a b\"|", " SERIAL=a b", ""},
+      {"SERIAL a  b \"c\"|", " SERIAL=a b c", "Excess items after 'SERIAL'!|"},
+      {"SERIAL|", "", "Missing value for 'SERIAL'!|"},
+      {"SERIAL # 5|", "", "Missing value for 'SERIAL'!|"},
+      {"SERIAL x # note  here|", " SERIAL=x#note here", ""},
+      {"SERIAL x #note|", " SERIAL=x#note ", ""},
+      {"SERIAL x #a b \"c d\"|", " SERIAL=x#a b c d", ""},
+      {"# SERIAL x||\t|", "", ""},
+      {"SERIAL 1 #c|SERIAL 2|", " SERIAL=2", "Overwriting keyword 'SERIAL'|"},
+      {"OWN 1|", " OWN=1", "Undefined keyword 'OWN'|"},
+      {"KEYWORD OWN|OWN 1|", " OWN=1", ""},
+      {"KEYWORD OWN extra|", " OWN=", "Excess items after 'KEYWORD'!|"},
+      {"KEYWORD|", "", "Missing value for 'KEYWORD'!|"},
+      {"SERIAL 1 #c|KEYWORD SERIAL|", " SERIAL=", "KEYWORD 'SERIAL' already known!|"},
+      {"FILTER none|", " FILTER=none", ""},
+      {"WEIGHTING_FUNCTION \"ILLUMINANT, D50\"|", "", ""},  // kept in lists of their own
+      {"COMPUTATIONAL_PARAMETER x|PROCESSCOLOR_ID y|SPOTCOLOR_ID z|", "", ""},
   };
-  const std::string sound = keywords_of(sound_file());
-  EXPECT_EQ(sound, "ORIGINATOR=a b;DESCRIPTOR=d;CREATED=today");
   for (const auto& c : cases) {
-    const std::string expected = c.keywords.empty() ? sound : sound + ";" + c.keywords;
-    EXPECT_EQ(keywords_of(sound_file(c.header)), expected) << c.header;
-    EXPECT_EQ(read(sound_file(c.header)), (Outcome{true, c.messages})) << c.header;
+    const std::string text = kHead + c.header + kFormat + kRows;
+    const std::string tables = tables_of(text);
+    EXPECT_EQ(tables.substr(tables.rfind(';')),
+              "; ORIGINATOR=a b DESCRIPTOR=d CREATED=now" + c.keywords);
+    EXPECT_EQ(told(text), "read: " + c.messages) << c.header;
   }
-}
-
-TEST(Reader, TheOlderFormKnowsFewerNamesAndKeepsEveryKeyword) {
-  std::string text = sound_file("FILTER none\nWEIGHTING_FUNCTION w\n");
-  text.replace(0, 8, "IT8.7/3");
-  EXPECT_EQ(read(text), (Outcome{true,
-                                 "Undefined keyword 'FILTER'\n"
-                                 "Undefined keyword 'WEIGHTING_FUNCTION'\n"}));
-  EXPECT_EQ(keywords_of(text),
-            "ORIGINATOR=a b;DESCRIPTOR=d;CREATED=today;FILTER=none;WEIGHTING_FUNCTION=w");
+  // The older form knows fewer names and keeps every keyword.
+  const std::string older = "IT8.7/3|FILTER x|WEIGHTING_FUNCTION w|" + kFormat + kRows;
+  EXPECT_EQ(told(older),
+            "read: Undefined keyword 'FILTER'|Undefined keyword 'WEIGHTING_FUNCTION'|");
+  EXPECT_NE(tables_of(older).find("; FILTER=x WEIGHTING_FUNCTION=w"), std::string::npos);
 }
 
 TEST(Reader, CountsAreClaimsThatAreChecked) {
-  const auto messages = [](const std::string& header, const std::string& sets = "1") {
-    return read(sound_file(header, "1 50 0 0\n", sets)).messages;
+  const std::string wrong = "DATA has wrong NUMBER_OF_SETS!|";
+  const auto with_sets = [](const std::string& sets, const std::string& row = "1 50 0 0|") {
+    return told(kHead + kFormat + "NUMBER_OF_SETS " + sets + "|BEGIN_DATA|" + row + "END_DATA|");
   };
-  EXPECT_EQ(messages("", "2"), "DATA has wrong NUMBER_OF_SETS!\n");
+  EXPECT_EQ(with_sets("2"), "read: " + wrong);
   for (const char* bad : {"x", "-1", "\"\"", "2147483648", "99999999999999999999"}) {
-    EXPECT_EQ(messages("", bad), "Bad NUMBER_OF_SETS\nDATA has wrong NUMBER_OF_SETS!\n") << bad;
+    EXPECT_EQ(with_sets(bad), "failed: Bad NUMBER_OF_SETS|" + wrong) << bad;
   }
-  EXPECT_EQ(messages("", "\" +1x\""), "");
-  EXPECT_EQ(messages("", "1 1"), "Excess items after 'NUMBER_OF_SETS'!\n");
-  EXPECT_EQ(messages("NUMBER_OF_SETS 7\n"), "Duplicate 'NUMBER_OF_SETS'!\n");
-  EXPECT_EQ(messages("NUMBER_OF_FIELDS\n"), "Missing value for 'NUMBER_OF_FIELDS'!\n");
+  for (const char* one : {"\" +1x\"", "\f1", "\" \t\v\f 01\"", "1.9"}) {
+    EXPECT_EQ(with_sets(one), "read: ") << one;
+  }
+  EXPECT_EQ(with_sets("2147483647"), "read: " + wrong);
+  EXPECT_EQ(with_sets("-0", ""), "read: Empty DATA block!|");
+  EXPECT_EQ(with_sets("1 1"), "read: Excess items after 'NUMBER_OF_SETS'!|");
+  EXPECT_EQ(with_sets("7|NUMBER_OF_SETS 1"), "read: Duplicate 'NUMBER_OF_SETS'!|");
+  EXPECT_EQ(told(kHead + "NUMBER_OF_FIELDS|" + kFormat + kRows),
+            "read: Missing value for 'NUMBER_OF_FIELDS'!|");
   // The room that a larger count asked for stays.
-  EXPECT_EQ(read(sound_file("NUMBER_OF_FIELDS 2000000000\n")),
-            (Outcome{false,
-                     "Duplicate 'NUMBER_OF_FIELDS'!\n"
-                     "DATA_FORMAT has wrong NUMBER_OF_FIELDS!\n"}));
-  EXPECT_EQ(read("CGATS.17\nBEGIN_DATA_FORMAT\nSAMPLE_ID LAB_L\nEND_DATA_FORMAT\n"
-                 "NUMBER_OF_FIELDS 3\nBEGIN_DATA\n1 2\nEND_DATA\n"),
-            (Outcome{false,
-                     "Missing NUMBER_OF_FIELDS before DATA_FORMAT!\n"
-                     "NUMBER_OF_FIELDS comes too late!\n"
-                     "Wrong NUMBER_OF_FIELDS\n"
-                     "DATA has wrong NUMBER_OF_SETS!\n"}));
+  EXPECT_EQ(told(kHead + "NUMBER_OF_FIELDS 2000000000|" + kFormat + kRows),
+            "failed: Duplicate 'NUMBER_OF_FIELDS'!|DATA_FORMAT has wrong NUMBER_OF_FIELDS!|");
+  EXPECT_EQ(told("CGATS.17|BEGIN_DATA_FORMAT|SAMPLE_ID LAB_L|END_DATA_FORMAT|NUMBER_OF_FIELDS 3|"
+                 "BEGIN_DATA|1 2|END_DATA|"),
+            "failed: Missing NUMBER_OF_FIELDS before DATA_FORMAT!|"
+            "NUMBER_OF_FIELDS comes too late!|Wrong NUMBER_OF_FIELDS|" +
+                wrong);
 }
 
 TEST(Reader, WhereTheTextEndsTooEarly) {
-  const std::string format = "CGATS.17\nNUMBER_OF_FIELDS 1\nBEGIN_DATA_FORMAT\n";
-  const std::string wrong_sets = "DATA has wrong NUMBER_OF_SETS!\n";
-  EXPECT_EQ(read("CGATS.17\n"), (Outcome{false, "EOF, but no DATA found!\n" + wrong_sets}));
-  EXPECT_EQ(read(format), (Outcome{false, "EOF, but no DATA_FORMAT found!\n" + wrong_sets}));
-  EXPECT_EQ(read(format + "SAMPLE_ID\n"),
-            (Outcome{false, "EOF, but END_DATA_FORMAT expected!\n" + wrong_sets}));
-  const std::string open =
-      format + "SAMPLE_ID\nEND_DATA_FORMAT rest\nNUMBER_OF_SETS 1\nBEGIN_DATA\n";
-  EXPECT_EQ(read(open + "1\n"), (Outcome{false, "EOF, but END_DATA expected!\n"}));
-  EXPECT_EQ(read(open + "END_DATA\nanything\n"),
-            (Outcome{true, "Empty DATA block!\n" + wrong_sets}));
-}
-
-TEST(Reader, AMissingEndOfTheFormatLosesALineUnlessDataBegin) {
-  const std::string start =
-      "CGATS.17\nNUMBER_OF_FIELDS 1\nBEGIN_DATA_FORMAT\n# comment\n\nSAMPLE_ID\n";
-  const std::string end = "1\nEND_DATA\n";
-  EXPECT_EQ(read(start + "BEGIN_DATA\n" + end),
-            (Outcome{false, "END_DATA_FORMAT expected!\nDATA has wrong NUMBER_OF_SETS!\n"}));
-  EXPECT_EQ(read(start + "NUMBER_OF_SETS 1\nBEGIN_DATA\n" + end),
-            (Outcome{false, "END_DATA_FORMAT expected!\nDATA has wrong NUMBER_OF_SETS!\n"}));
+  const std::string format = "CGATS.17|NUMBER_OF_FIELDS 1|BEGIN_DATA_FORMAT|";
+  const std::string wrong = "DATA has wrong NUMBER_OF_SETS!|";
+  EXPECT_EQ(told("CGATS.17|"), "failed: EOF, but no DATA found!|" + wrong);
+  EXPECT_EQ(told(format), "failed: EOF, but no DATA_FORMAT found!|" + wrong);
+  EXPECT_EQ(told(format + "SAMPLE_ID|"), "failed: EOF, but END_DATA_FORMAT expected!|" + wrong);
+  const std::string open = format + "SAMPLE_ID|END_DATA_FORMAT rest|NUMBER_OF_SETS 1|BEGIN_DATA|";
+  EXPECT_EQ(told(open + "1|"), "failed: EOF, but END_DATA expected!|");
+  EXPECT_EQ(told(open + "1|\t END_DATA|"), "read: ");
+  EXPECT_EQ(told(open + "END_DATA|anything|"), "read: Empty DATA block!|" + wrong);
+  // A line behind the fields is lost unless it begins the data.
+  const std::string start = format + "# comment||SAMPLE_ID|";
+  for (const std::string line : {"", "NUMBER_OF_SETS 1|"}) {
+    EXPECT_EQ(told(start + line + "BEGIN_DATA|1|END_DATA|"),
+              "failed: END_DATA_FORMAT expected!|" + wrong);
+  }
 }
 
 TEST(Reader, FieldIdentifiers) {
-  const auto messages = [](const std::string& fields, const std::string& header = "",
-                           const std::string& identifier = "CGATS.17") {
-    return read(identifier + "\n" + header + "BEGIN_DATA_FORMAT\n" + fields +
-                "\nEND_DATA_FORMAT\nNUMBER_OF_SETS 0\nBEGIN_DATA\nEND_DATA\n")
-        .messages;
-  };
+  const std::string count = "Missing NUMBER_OF_FIELDS before DATA_FORMAT!|";
   const auto unknown = [](const std::string& name) {
-    return "Unknown data format identifier '" + name + "'!\n";
+    return "Unknown data format identifier '" + name + "'!|";
   };
-  const std::string uncounted = "Missing NUMBER_OF_FIELDS before DATA_FORMAT!\n";
-  const std::string empty = "Empty DATA block!\n";
-  const std::string spectral = "SPECTRAL_NM_380 SPECTRAL_NM_390";
-  EXPECT_EQ(messages("SAMPLE_ID # X"), uncounted + empty);
-  EXPECT_EQ(messages("SAMPLE_ID " + spectral), uncounted + unknown("SPECTRAL_NM_380") + empty);
-  EXPECT_EQ(messages(spectral + " XYZ_Q R_5"),
-            uncounted + unknown("SPECTRAL_NM_380") + unknown("XYZ_Q") + unknown("R_5") + empty);
-  EXPECT_EQ(messages("nm380 nm390 OWN", "KEYWORD OWN\n"), uncounted + unknown("nm380") + empty);
-  EXPECT_EQ(messages("SAMPLE_ID SAMPLE_ID"),
-            uncounted + "Duplicate data format identifier 'SAMPLE_ID'!\n" + empty);
-  EXPECT_EQ(messages("SPOT_16 PC_9 PC1_2"), uncounted + empty);
-  EXPECT_EQ(messages("SPOT_16", "", "IT8.7/1"), uncounted + unknown("SPOT_16") + empty);
-  EXPECT_EQ(messages("OWN", "DATA_FORMAT_IDENTIFIER OWN\n"), uncounted + empty);
-  EXPECT_EQ(messages("X", "SERIAL 1\nDATA_FORMAT_IDENTIFIER SERIAL\n"),
-            "KEYWORD 'SERIAL' already known!\n" + uncounted + unknown("X") + empty);
-}
-
-TEST(Reader, TheSecondFieldListReplacesTheFirstButItsColumnKinds) {
-  MeasFileParser reader(kLenient);
-  EXPECT_TRUE(
-      reader.load_memory("CGATS.17\nKEYWORD SAMPLE_NAME\nNUMBER_OF_FIELDS 2\n"
-                         "BEGIN_DATA_FORMAT\nSAMPLE_ID LAB_L\nEND_DATA_FORMAT\n"
-                         "BEGIN_DATA_FORMAT\nLAB_A SAMPLE_NAME\nEND_DATA_FORMAT\n"
-                         "NUMBER_OF_SETS 1\nBEGIN_DATA\n1,5 2,5\nEND_DATA\n"));
-  EXPECT_EQ(reader.messages(), "Multiple DATA_FORMATs! Overriding old one.\n");
-  EXPECT_EQ(reader.field_index("SAMPLE_ID"), -1);
-  EXPECT_EQ(reader.value(0, 0), "1,5");  // kept as a sample id would be
-  EXPECT_EQ(reader.value(0, 1), "2.5");
-  EXPECT_EQ(reader.value_as_double(0, 0), 1.0);
+  const struct {
+    std::string fields, messages, header;
+    std::string identifier = "CGATS.17";
+  } cases[] = {
+      {"SAMPLE_ID # X", count, ""},
+      {"SAMPLE_ID SPECTRAL_NM_380 SPECTRAL_NM_390", count + unknown("SPECTRAL_NM_380"), ""},
+      {"R_380 R_390 XYZ_Q nm5", count + unknown("R_380") + unknown("XYZ_Q") + unknown("nm5"), ""},
+      {"nm380 nm390 OWN", count + unknown("nm380"), "KEYWORD OWN|"},
+      {"SAMPLE_ID SAMPLE_ID", count + "Duplicate data format identifier 'SAMPLE_ID'!|", ""},
+      {"SPOT_16 PC_9 PC1_2", count, ""},
+      {"SPOT_16", count + unknown("SPOT_16"), "", "IT8.7/1"},
+      {"OWN", count, "DATA_FORMAT_IDENTIFIER OWN|"},
+      {"X", "KEYWORD 'SERIAL' already known!|" + count + unknown("X"),
+       "SERIAL 1|DATA_FORMAT_IDENTIFIER SERIAL|"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(told(c.identifier + "|" + c.header + "BEGIN_DATA_FORMAT|" + c.fields +
+                   "|END_DATA_FORMAT|NUMBER_OF_SETS 0|BEGIN_DATA|END_DATA|"),
+              "read: " + c.messages + "Empty DATA block!|");
+  }
 }
 
 TEST(Reader, DataCells) {
   MeasFileParser reader(kLenient);
-  EXPECT_TRUE(reader.load_memory(
-      "CGATS.17\nKEYWORD SAMPLE_NAME\nNUMBER_OF_FIELDS 3\nBEGIN_DATA_FORMAT\nSAMPLE_NAME LAB_L "
-      "LAB_A\nEND_DATA_FORMAT\n"
-      "NUMBER_OF_SETS 2\nBEGIN_DATA\n\"Patch 1\" 12,5 1,234,5 # x\n\n#\na,b\t-1e1 x\nEND_DATA\n"));
-  EXPECT_EQ(reader.messages(), "");
-  EXPECT_EQ(reader.value(0, 0), "Patch 1");
-  EXPECT_EQ(reader.value(0, 1), "12.5");
-  EXPECT_EQ(reader.value(0, 2), "1.234,5");
+  EXPECT_EQ(load(reader,
+                 "CGATS.17|KEYWORD SAMPLE_NAME|NUMBER_OF_FIELDS 3|BEGIN_DATA_FORMAT|"
+                 "SAMPLE_NAME LAB_L LAB_A|END_DATA_FORMAT|NUMBER_OF_SETS 2|BEGIN_DATA|"
+                 "\"Patch 1\" 12,5 1,234,5 # x||#|a,b\t-1e1 x|END_DATA|"),
+            "read: ");
+  EXPECT_EQ(tables_of(reader),
+            "CGATS.17; SAMPLE_NAME LAB_L LAB_A; 3 2; [Patch 1] [12.5] [1.234,5]/ [a,b] [-1e1] [x]/;"
+            " SAMPLE_NAME=");
   EXPECT_EQ(reader.value_as_double(0, 2), 1.234);
-  EXPECT_EQ(reader.value(1, 0), "a,b");
   EXPECT_EQ(reader.value_as_double(1, 1), -10.0);
-  EXPECT_EQ(reader.value_as_double(1, 2), 0.0);
+  // The second field list replaces the first, but not the kinds of its columns.
+  const std::string two =
+      "CGATS.17|KEYWORD SAMPLE_NAME|NUMBER_OF_FIELDS 2|BEGIN_DATA_FORMAT|SAMPLE_ID LAB_L|"
+      "END_DATA_FORMAT|BEGIN_DATA_FORMAT|LAB_A SAMPLE_NAME|END_DATA_FORMAT|NUMBER_OF_SETS 1|"
+      "BEGIN_DATA|1,5 2,5|END_DATA|";
+  EXPECT_EQ(load(reader, two), "read: Multiple DATA_FORMATs! Overriding old one.|");
+  EXPECT_EQ(tables_of(reader), "CGATS.17; LAB_A SAMPLE_NAME; 2 1; [1,5] [2.5]/; SAMPLE_NAME=");
+  EXPECT_EQ(reader.field_index("SAMPLE_ID"), -1);
+  EXPECT_EQ(reader.value_as_double(0, 0), 1.0);
+  // Without a count, the first list is what the second must fit.
+  EXPECT_EQ(told("CGATS.17|BEGIN_DATA_FORMAT|LAB_L LAB_A|END_DATA_FORMAT|BEGIN_DATA_FORMAT|LAB_B|"
+                 "END_DATA_FORMAT|NUMBER_OF_SETS 1|BEGIN_DATA|1|END_DATA|"),
+            "failed: Missing NUMBER_OF_FIELDS before DATA_FORMAT!|"
+            "DATA_FORMAT has wrong NUMBER_OF_FIELDS!|Multiple DATA_FORMATs! Overriding old one.|");
 }
 
 TEST(Reader, EachWrongRowWidthIsToldOnceInARun) {
   const auto error = [](int line, int width) {
     return "In DATA block : line " + std::to_string(line) + " has " + std::to_string(width) +
-           " fields, but 4 are required!\n";
+           " fields, but 4 are required!|";
   };
   // The first row is line 11 of the file, so its index from 0 is 10.
-  EXPECT_EQ(read(sound_file("", "1 2 3\n1 2 3\n1 2 3\n", "3")), (Outcome{false, error(10, 3)}));
-  EXPECT_EQ(read(sound_file("", "1 2 3\n1 2 3 4 5\n1 2 3 4\n1 2 3\n", "4")),
-            (Outcome{false, error(10, 3) + error(11, 5) + error(13, 3)}));
+  const std::string start = kHead + kFormat + "NUMBER_OF_SETS 4|BEGIN_DATA|";
+  EXPECT_EQ(told(start + "1 2 3|1 2 3|1 2 3|1 2 3|END_DATA|"), "failed: " + error(10, 3));
+  EXPECT_EQ(told(start + "1 2 3|1 2 3 4 5|1 2 3 4|1 2 3|END_DATA|"),
+            "failed: " + error(10, 3) + error(11, 5) + error(13, 3));
+  EXPECT_EQ(told(start + "1 2 3 4\r||1 2 3|END_DATA|"),
+            "failed: " + error(12, 3) + "DATA has wrong NUMBER_OF_SETS!|");
 }
 
 TEST(Reader, APlainTableBeginsWithItsFieldList) {
-  MeasFileParser reader(kPlainTable);
-  EXPECT_TRUE(reader.load_memory("SAMPLE_ID LAB_L\n1 50\n2 60\n"));
-  EXPECT_EQ(reader.messages(), "");
-  EXPECT_EQ(reader.row_count(), 2);
-  EXPECT_EQ(reader.number_of_fields(), 2);
-  EXPECT_EQ(reader.number_of_sets(), 2);
-  EXPECT_EQ(reader.value(1, 1), "60");
-  EXPECT_EQ(read("A B\n1\n", kPlainTable),
-            (Outcome{false,
-                     "lines must have same number of fields!\n"
-                     "In DATA block : line 1 has 1 fields, but 2 are required!\n"}));
-  EXPECT_EQ(read("A\n", kPlainTable), (Outcome{false,
-                                               "must have at least two lines!\n"
-                                               "lines must have same number of fields!\n"}));
-}
-
-TEST(Reader, AnUnknownModeFailsWithoutAMessage) {
-  EXPECT_EQ(read(sound_file(), 5), (Outcome{false, ""}));
-  EXPECT_EQ(read(sound_file(), -1), (Outcome{false, ""}));
-  EXPECT_EQ(read("", 5), (Outcome{false, ""}));
+  const std::string table = "SAMPLE_ID LAB_L|1 50|2 60|";
+  EXPECT_EQ(told(table, kPlainTable), "read: ");
+  EXPECT_EQ(tables_of(table, kPlainTable), "; SAMPLE_ID LAB_L; 2 2; [1] [50]/ [2] [60]/;");
+  EXPECT_EQ(told("A B|1|", kPlainTable),
+            "failed: lines must have same number of fields!|"
+            "In DATA block : line 1 has 1 fields, but 2 are required!|");
+  EXPECT_EQ(told("A|", kPlainTable),
+            "failed: must have at least two lines!|lines must have same number of fields!|");
+  EXPECT_EQ(told("\"A B\" C|1 2|", kPlainTable),
+            "failed: lines must have same number of fields!|");  // quotes count here
+  MeasFileParser reader(kSemicolonTable);
+  reader.set_mode(kPlainTable);  // keeps the separators and the comments of the mode before it
+  load(reader, "A;B|%C;D|1;2 3|");
+  EXPECT_EQ(tables_of(reader), "; A;B; 2 1; [1;2]3/;");
 }
 
 TEST(Reader, ASecondLoadForgetsTheFirst) {
   MeasFileParser reader(kLenient);
-  ASSERT_TRUE(reader.load_memory(sound_file("OWN 1\n")));
+  load(reader, kHead + "OWN 1|" + kFormat + kRows);
   reader.set_mode(kStrict);
-  EXPECT_TRUE(reader.load_memory(sound_file()));
-  EXPECT_EQ(reader.messages(), "");
-  EXPECT_EQ(reader.keywords().size(), 3U);
-  EXPECT_FALSE(reader.load_memory(""));
-  EXPECT_EQ(reader.messages(), "File is empty\n");
-  EXPECT_EQ(reader.row_count(), 0);
+  EXPECT_EQ(load(reader, kHead + kFormat + kRows), "read: ");
+  EXPECT_EQ(load(reader, ""), "failed: File is empty|");
+  EXPECT_EQ(tables_of(reader), ";; -1 -1;;");
 }
 
 TEST(Reader, ASemicolonTable) {
-  constexpr int kSemicolonTable = 2;
+  const struct {
+    std::string text, tables;
+  } cases[] = {
+      {"ID;L;a;b|1;50,5;10;-3,25||2;40;5|3;40;5;6;7|1;;2;3|",
+       " ID L a b; -1 -1; [1] [50.5] [10] [-3.25]/ [3] [40] [5] [6]/ [1] [] [2] [3]/;"},
+      {"\"a;b\";c|1,2,3;4", " a;b c; -1 -1; [1.2,3] [4]/;"},
+      {"%A;B|1;2|%X|%C;D|3;4|", " %C D; -1 -1; [1] [2]/ [3] [4]/;"},  // the last comment names them
+      {"|||1|", "; -1 -1;/;"},
+      {"A;;B", " A  B; -1 -1;;"},
+  };
   MeasFileParser reader(kSemicolonTable);
-  EXPECT_TRUE(
-      reader.load_memory("ID;L;a;b\r\n1;50,5;10;-3,25\n\n2;40;5\n3;40;5;6;7\n1;;2;3\n% no"));
-  EXPECT_EQ(reader.messages(), "");
-  EXPECT_EQ(reader.field_name(0), "% no");  // a later comment line names the columns instead
-  EXPECT_TRUE(reader.load_memory("ID;L;a;b\r\n1;50,5;10;-3,25\n\n2;40;5\n3;40;5;6;7\n1;;2;3\n"));
-  EXPECT_EQ(reader.field_count(), 4);
-  ASSERT_EQ(reader.row_count(), 3);
-  EXPECT_EQ(reader.value(0, 1), "50.5");
-  EXPECT_EQ(reader.value_as_double(0, 3), -3.25);
-  EXPECT_EQ(reader.value(1, 3), "6");
-  EXPECT_EQ(reader.value(1, 4), "");
-  EXPECT_EQ(reader.value(2, 1), "");
+  for (const auto& c : cases) {
+    EXPECT_EQ(load(reader, c.text), "read: ");
+    EXPECT_EQ(tables_of(reader), ";" + c.tables);
+    EXPECT_EQ(reader.value_as_double(0, 1), std::strtod(reader.value(0, 1).c_str(), nullptr));
+  }
+  load(reader, cases[0].text);
   reader.set_mode(kLenient);  // for the next load only
-  EXPECT_EQ(reader.value(1, 3), "6");
-  reader.set_mode(kSemicolonTable);
-  EXPECT_TRUE(reader.load_memory("%A;B\n1;2\n%C;D\n3;4\n"));
-  EXPECT_EQ(reader.field_name(0), "%C");
-  EXPECT_EQ(reader.row_count(), 2);
-  EXPECT_TRUE(reader.load_memory("A;;B"));
-  EXPECT_EQ(reader.field_count(), 3);
-  EXPECT_EQ(reader.row_count(), 0);
+  EXPECT_EQ(tables_of(reader), ";" + cases[0].tables);
 }
 
 }  // namespace

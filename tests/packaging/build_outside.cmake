@@ -1,8 +1,14 @@
 # Builds the outside project in one way and runs it.
-# Call: cmake -DWAY=... -DPREFIX=... -DSOURCE=... -DWORK=... -DCC=... -DCXX=... -P build_outside.cmake
+# Call: cmake -DWAY=... -DPREFIX=... -DSOURCE=... -DWORK=... -DCC=... -DCXX=... -DGENERATOR=...
+#   -P build_outside.cmake
 set(outside ${SOURCE}/tests/packaging/outside)
 set(chart ${SOURCE}/examples/data/cmyk-spectral-310.txt)
-file(REMOVE_RECURSE ${WORK})
+# The objects of the library are built again only when they changed.
+if(WAY STREQUAL "subdirectory")
+  file(REMOVE ${WORK}/CMakeCache.txt ${WORK}/outside)
+else()
+  file(REMOVE_RECURSE ${WORK})
+endif()
 file(MAKE_DIRECTORY ${WORK})
 
 function(run)
@@ -30,9 +36,9 @@ if(WAY MATCHES "^pkg-config")
 elseif(WAY STREQUAL "plain")
   run(${CC} -I${PREFIX}/include ${outside}/main.c -o outside -L${lib_dir} -lmeasdata)
 else()
-  run(${CMAKE_COMMAND} -S ${outside} -B . -DWAY=${WAY} -DMEASDATA_SOURCE=${SOURCE}
+  run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${outside} -B . -DWAY=${WAY} -DMEASDATA_SOURCE=${SOURCE}
       -DCMAKE_PREFIX_PATH=${PREFIX} -DCMAKE_C_COMPILER=${CC} -DCMAKE_CXX_COMPILER=${CXX}
-      -DCMAKE_BUILD_TYPE=Debug)
+      -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0)
   run(${CMAKE_COMMAND} --build . --parallel 2)
 endif()
 

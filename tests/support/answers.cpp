@@ -4,51 +4,177 @@
 #include <array>
 #include <charconv>
 #include <climits>
+#include <initializer_list>
 #include <span>
+#include <string_view>
 
 namespace test {
 namespace {
 
-template <typename Function>
-struct Question {
-  const char* name;
-  Function ask;
-};
-using Count = Question<int (*)(void*)>;
-using Measure = Question<double (*)(void*)>;
-using Text = Question<const char* (*)(void*)>;
-using TextAt = Question<const char* (*)(void*, int)>;
-using FillAt = Question<void (*)(void*, int, double*)>;
-using ValuesAt = Question<const double* (*)(void*, int)>;
-using CountAt = Question<int (*)(void*, int)>;
+using Numbers = std::span<const double>;
 
-#define MEASDATA_QUESTION(name) \
-  { #name, library.name }
+constexpr int kFirst = 12;  // so many positions of each list are asked, and its end
 
-class Lines {
+// Positions that a list has or has not.
+class Positions {
  public:
-  explicit Lines(std::string& out) : out_(out) {}
-
-  template <typename Value>
-  void write(const char* question, Value value) {
-    put(question, ": ", value, "\n");
+  Positions(const Interface& library, void* handle) {
+    for (const int bad : {INT_MIN, -1, INT_MAX}) add(bad);
+    for (int i = 0; i < kFirst; ++i) add(i);
+    for (const auto count : {library.num_patches, library.num_indices, library.num_keywords}) {
+      for (const int i : {count(handle) - 1, count(handle)}) {
+        if (i >= kFirst) add(i);
+      }
+    }
   }
-  template <typename Value>
-  void write(const char* question, int position, Value value) {
-    put(question, "(", position, "): ", value, "\n");
-  }
-  void write(const char* question, int position, std::span<const double> values) {
-    put(question, "(", position, "):");
-    for (const double value : values) put(" ", value);
-    put("\n");
-  }
+  const int* begin() const { return positions_.data(); }
+  const int* end() const { return positions_.data() + size_; }
 
  private:
-  template <typename... Values>
-  void put(Values... values) {
-    (add(values), ...);
+  void add(int position) { positions_[size_++] = position; }
+
+  std::array<int, 3 + kFirst + 6> positions_ = {};
+  std::size_t size_ = 0;
+};
+
+// Lies at the end of its memory, so that a sanitizer sees a step beyond.
+class Array {
+ public:
+  explicit Array(int count) : values_(std::span(memory_).last(static_cast<std::size_t>(count))) {
+    memory_.fill(kUnanswered);
+  }
+  double* data() { return values_.data(); }
+  Numbers values() const { return values_; }
+
+ private:
+  std::array<double, 15> memory_ = {};
+  std::span<double> values_;
+};
+
+bool is_for_data_sets(std::string_view name) {
+  return name.ends_with("_from_patch") || name.starts_with("spectral_") ||
+         (name.starts_with("has_") && name.ends_with("_data")) || name == "num_patches" ||
+         name == "num_device_channels";
+}
+
+class Asker {
+ public:
+  Asker(const Interface& library, void* handle, std::string& out)
+      : library_(library), positions_(library, handle), handle_(handle), out_(out) {}
+
+  void ask_all(bool is_data_set) {
+#define MEASDATA_EXPORT(name) \
+  if (!is_data_set || is_for_data_sets(#name)) ask(#name, library_.name);
+#include "exports.inc"
+#undef MEASDATA_EXPORT
+  }
+  void move_to(void* data_set) { handle_ = data_set; }
+
+ private:
+  // One for each form of function; a function of another form does not compile.
+
+  template <typename Answer>
+  void ask(const char* name, Answer (*function)()) {
+    write(name, {}, function());
+  }
+  template <typename Answer>
+  void ask(const char* name, Answer (*function)(void*)) {
+    write(name, {}, function(handle_));
+  }
+  template <typename Answer>
+  void ask(const char* name, Answer (*function)(void*, int)) {
+    for (const int i : positions_) write(name, {i}, function(handle_, i));
+  }
+  template <typename Answer>
+  void ask(const char* name, Answer (*function)(void*, int, int)) {
+    const int channels = library_.num_device_channels(handle_);
+    for (const int channel : {-1, 0, 1, channels - 1, channels}) {
+      for (const int i : positions_) write(name, {channel, i}, function(handle_, channel, i));
+    }
+  }
+  void ask(const char* name, void (*fill)(void*, int, double*)) {
+    const bool is_device = std::string_view(name).starts_with("get_dev");
+    for (const int i : positions_) {
+      Array array(is_device ? std::max(library_.num_device_channels(handle_), 1) : 3);
+      fill(handle_, i, nullptr);
+      fill(handle_, i, array.data());
+      write(name, {i}, array.values());
+    }
+  }
+  void ask(const char* name, void (*fill)(void*, int, DeStats*)) {
+    for (const int i : positions_) {
+      DeStats stats = {static_cast<int>(kUnanswered), kUnanswered, kUnanswered};
+      fill(handle_, i, nullptr);
+      fill(handle_, i, &stats);
+      const std::array<double, 3> all = {static_cast<double>(stats.repeat_count), stats.de_mean,
+                                         stats.de_max};
+      write(name, {i}, Numbers(all));
+    }
+  }
+  void ask(const char* name, void (*convert)(const double*, double*)) {
+    for (const int i : positions_) {
+      Array color(3);
+      library_.get_lab_from_patch(handle_, i, color.data());
+      convert(nullptr, color.data());
+      convert(color.data(), nullptr);
+      convert(color.data(), color.data());
+      write(name, {i}, color.values());
+    }
+  }
+  template <typename Answer>
+  void ask(const char* name, Answer (*function)(void*, const char*)) {
+    if (std::string_view(name) == "parse_file") return;
+    for_each_keyword(
+        [&](const char* keyword) { write(name, {}, function(handle_, keyword), keyword); });
+  }
+  template <typename Answer>
+  void ask(const char* name, Answer (*function)(void*, int, const char*)) {
+    for_each_keyword([&](const char* keyword) {
+      for (const int i : positions_) write(name, {i}, function(handle_, i, keyword), keyword);
+    });
+  }
+  // What makes, changes and ends a handle.
+  void ask(const char*, void* (*)()) {}
+  void ask(const char*, void* (*)(void*)) {}
+  void ask(const char*, void (*)(void**)) {}
+  void ask(const char*, void (*)(void*, int)) {}
+  void ask(const char*, int (*)(void*, std::size_t, const char*, const char*)) {}
+
+  template <typename Visit>
+  void for_each_keyword(Visit visit) {
+    for (const char* keyword : {"", "NO_SUCH_KEYWORD", "WEIGHTING_FUNCTION"}) visit(keyword);
+    visit(nullptr);
+    for (int i = 0; i < std::min(library_.num_keywords(handle_), kFirst); ++i) {
+      visit(library_.get_keyword(handle_, i));
+    }
+  }
+
+  template <typename Answer>
+  void write(const char* name, std::initializer_list<int> positions, Answer answer,
+             const char* keyword = nullptr) {
+    add(name);
+    if (keyword != nullptr) out_.append("[").append(keyword).append("]");
+    const char* mark = "(";
+    for (const int position : positions) {
+      add(mark);
+      add(position);
+      mark = ",";
+    }
+    add(positions.size() == 0 ? ": " : "): ");
+    add(answer);
+    add("\n");
   }
   void add(const char* text) { out_ += text == nullptr ? "(null)" : text; }
+  void add(const double* spectrum) {
+    const auto bands = static_cast<std::size_t>(library_.spectral_size(handle_));
+    spectrum == nullptr ? add("(null)") : add(Numbers(spectrum, bands));
+  }
+  void add(Numbers numbers) {
+    for (const double number : numbers) {
+      add(number);
+      add(" ");
+    }
+  }
   template <typename Number>
   void add(Number number) {
     std::array<char, 40> digits = {};
@@ -56,202 +182,20 @@ class Lines {
     out_.append(digits.data(), result.ptr);
   }
 
+  const Interface& library_;
+  const Positions positions_;
+  void* handle_;
   std::string& out_;
 };
-
-// The first and the last positions of `count`, and some that do not exist.
-class Positions {
- public:
-  explicit Positions(int count) {
-    for (const int bad : {INT_MIN, -1, count, INT_MAX}) add(bad);
-    for (int i = 0; i < std::min(count, kFirst); ++i) add(i);
-    for (int i = std::max(count - kLast, kFirst); i < count; ++i) add(i);
-  }
-  const int* begin() const { return positions_.data(); }
-  const int* end() const { return positions_.data() + size_; }
-
- private:
-  static constexpr int kFirst = 12, kLast = 2;
-
-  void add(int position) { positions_[size_++] = position; }
-
-  std::array<int, 4 + kFirst + kLast> positions_ = {};
-  std::size_t size_ = 0;
-};
-
-// Lies at the end of its memory, so that a sanitizer sees a step beyond.
-class Array {
- public:
-  explicit Array(int count) : values_(std::span(memory_).last(static_cast<std::size_t>(count))) {}
-  double* data() { return values_.data(); }
-  std::span<const double> values() const { return values_; }
-
- private:
-  std::array<double, 15> memory_ = {};
-  std::span<double> values_;
-};
-
-// What both the patches and the merged patches answer.
-void write_data_set(const Interface& library, void* data_set, Lines& lines) {
-  for (const Count& count : {
-           Count MEASDATA_QUESTION(num_patches),
-           MEASDATA_QUESTION(num_device_channels),
-           MEASDATA_QUESTION(has_device_data),
-           MEASDATA_QUESTION(has_xyz_data),
-           MEASDATA_QUESTION(has_lab_data),
-           MEASDATA_QUESTION(has_lch_data),
-           MEASDATA_QUESTION(has_spectral_data),
-           MEASDATA_QUESTION(has_color_data),
-           MEASDATA_QUESTION(has_sample_id_data),
-           MEASDATA_QUESTION(has_sample_loc_data),
-           MEASDATA_QUESTION(has_sample_name_data),
-           MEASDATA_QUESTION(spectral_size),
-       }) {
-    lines.write(count.name, count.ask(data_set));
-  }
-  for (const Measure& measure : {
-           Measure MEASDATA_QUESTION(spectral_start),
-           MEASDATA_QUESTION(spectral_end),
-           MEASDATA_QUESTION(spectral_step),
-       }) {
-    lines.write(measure.name, measure.ask(data_set));
-  }
-  const auto bands = static_cast<std::size_t>(library.spectral_size(data_set));
-  for (const int patch : Positions(library.num_patches(data_set))) {
-    for (const TextAt& text : {
-             TextAt MEASDATA_QUESTION(get_id_from_patch),
-             MEASDATA_QUESTION(get_loc_from_patch),
-             MEASDATA_QUESTION(get_name_from_patch),
-         }) {
-      lines.write(text.name, patch, text.ask(data_set, patch));
-    }
-    Array device(library.num_device_channels(data_set));
-    library.get_dev_from_patch(data_set, patch, device.data());
-    lines.write("get_dev_from_patch", patch, device.values());
-    for (const FillAt& fill : {
-             FillAt MEASDATA_QUESTION(get_xyz_from_patch),
-             MEASDATA_QUESTION(get_lab_from_patch),
-         }) {
-      Array color(3);
-      fill.ask(data_set, patch, color.data());
-      lines.write(fill.name, patch, color.values());
-      library.lab_to_srgb(color.data(), color.data());
-      lines.write("lab_to_srgb", patch, color.values());
-    }
-    const double* spectrum = library.get_spectrum_from_patch(data_set, patch);
-    lines.write("get_spectrum_from_patch", patch,
-                std::span(spectrum, spectrum == nullptr ? 0 : bands));
-  }
-}
-
-void write_merged_patches(const Interface& library, void* handle, Lines& lines) {
-  const auto bands = static_cast<std::size_t>(library.spectral_size(handle));
-  for (const int index : Positions(library.num_indices(handle))) {
-    lines.write("get_name_from_index", index, library.get_name_from_index(handle, index));
-    Array device(library.num_device_channels(handle)), lab(3);
-    library.get_dev_from_index(handle, index, device.data());
-    lines.write("get_dev_from_index", index, device.values());
-    library.get_lab_from_index(handle, index, lab.data());
-    lines.write("get_lab_from_index", index, lab.values());
-    DeStats stats = {};
-    library.get_de_stats_from_index(handle, index, &stats);
-    lines.write("repeat_count", index, stats.repeat_count);
-    lines.write("de_mean", index, stats.de_mean);
-    lines.write("de_max", index, stats.de_max);
-    const double* spectrum = library.get_spectrum_from_index(handle, index);
-    lines.write("get_spectrum_from_index", index,
-                std::span(spectrum, spectrum == nullptr ? 0 : bands));
-  }
-}
-
-void write_channels(const Interface& library, void* handle, Lines& lines) {
-  for (const int channel : Positions(library.num_device_channels(handle))) {
-    lines.write("get_device_channel_name", channel,
-                library.get_device_channel_name(handle, channel));
-    for (const CountAt& count : {
-             CountAt MEASDATA_QUESTION(num_distinct_dev_values),
-             MEASDATA_QUESTION(num_wedge_steps),
-             MEASDATA_QUESTION(get_solid_index),
-         }) {
-      lines.write(count.name, channel, count.ask(handle, channel));
-    }
-    for (const int i : Positions(library.num_distinct_dev_values(handle, channel))) {
-      lines.write("get_distinct_dev_value", i, library.get_distinct_dev_value(handle, channel, i));
-      lines.write("get_distinct_dev_value_count", i,
-                  library.get_distinct_dev_value_count(handle, channel, i));
-    }
-    for (const int step : Positions(library.num_wedge_steps(handle, channel))) {
-      lines.write("get_wedge_index", step, library.get_wedge_index(handle, channel, step));
-    }
-  }
-}
-
-void write_keyword(const Interface& library, void* handle, const char* name, Lines& lines) {
-  lines.write("has_keyword", library.has_keyword(handle, name));
-  lines.write("get_value_of_keyword", library.get_value_of_keyword(handle, name));
-  for (const int i : Positions(library.num_keyword_values(handle, name))) {
-    lines.write("get_ith_value_of_keyword", i, library.get_ith_value_of_keyword(handle, i, name));
-  }
-}
-
-void write_keywords(const Interface& library, void* handle, Lines& lines) {
-  for (const int i : Positions(library.num_keywords(handle))) {
-    const char* name = library.get_keyword(handle, i);
-    lines.write("get_keyword", i, name);
-    lines.write("get_value", i, library.get_value(handle, i));
-    write_keyword(library, handle, name, lines);
-  }
-  for (const char* name : {"", "NO_SUCH_KEYWORD", "WEIGHTING_FUNCTION"}) {
-    write_keyword(library, handle, name, lines);
-  }
-}
 
 }  // namespace
 
 void write_answers(const Interface& library, void* handle, std::string& out) {
-  Lines lines(out);
-  for (const Text& text : {
-           Text MEASDATA_QUESTION(parse_messages),
-           MEASDATA_QUESTION(copyright),
-           MEASDATA_QUESTION(device_manufacturer),
-           MEASDATA_QUESTION(device_model),
-           MEASDATA_QUESTION(device_serial_number),
-           MEASDATA_QUESTION(device_geometry),
-           MEASDATA_QUESTION(device_filter),
-           MEASDATA_QUESTION(device_polarization),
-           MEASDATA_QUESTION(device_measurement_source),
-           MEASDATA_QUESTION(density_status),
-           MEASDATA_QUESTION(illuminant),
-           MEASDATA_QUESTION(observer),
-           MEASDATA_QUESTION(sample_backing),
-           MEASDATA_QUESTION(sample_colorant),
-           MEASDATA_QUESTION(sample_manufacturer),
-           MEASDATA_QUESTION(sample_material),
-           MEASDATA_QUESTION(sample_print_conditions),
-           MEASDATA_QUESTION(sample_production_date),
-           MEASDATA_QUESTION(sample_serial_number),
-           MEASDATA_QUESTION(sample_target_type),
-       }) {
-    lines.write(text.name, text.ask(handle));
-  }
-  for (const Count& count : {
-           Count MEASDATA_QUESTION(dev_is_cmyk),
-           MEASDATA_QUESTION(dev_is_cmy),
-           MEASDATA_QUESTION(dev_is_rgb),
-           MEASDATA_QUESTION(get_parse_mode),
-           MEASDATA_QUESTION(num_indices),
-           MEASDATA_QUESTION(get_paperwhite_index),
-           MEASDATA_QUESTION(num_keywords),
-       }) {
-    lines.write(count.name, count.ask(handle));
-  }
-  lines.write("parser_version", library.parser_version());
-  write_data_set(library, handle, lines);
-  lines.write("merged patches", "");
-  write_data_set(library, library.pass_unique_data(handle), lines);
-  write_merged_patches(library, handle, lines);
-  write_channels(library, handle, lines);
-  write_keywords(library, handle, lines);
+  Asker asker(library, handle, out);
+  asker.ask_all(false);
+  out += "merged patches\n";
+  asker.move_to(library.pass_unique_data(handle));
+  asker.ask_all(true);
 }
 
 }  // namespace test

@@ -25,9 +25,12 @@ inline Interface linked_library() {
   };
 }
 
-/// Appends a line for each answer, whatever the locale: of long lists the first and the last
-/// positions, and some that do not exist. Takes no memory of its own: all goes to `out`, where the
-/// caller reserves enough.
+/// What the arrays hold that the library is asked to fill, before it does.
+inline constexpr double kUnanswered = -7.0;
+
+/// Appends a line for each answer, whatever the locale: function(position): answer. Asks for the
+/// first and the last positions, and for some that do not exist; `handle` may be null. Takes no
+/// memory of its own: all goes to `out`, where the caller reserves enough.
 void write_answers(const Interface& library, void* handle, std::string& out);
 
 /// Room for the answers of any sample text.

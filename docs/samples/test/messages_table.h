@@ -3,6 +3,7 @@
 #define MEASDATA_DOCS_SAMPLES_TEST_MESSAGES_TABLE_H
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace guide {
@@ -15,8 +16,14 @@ struct Row {
 
 std::vector<Row> rows_of_page();
 
-/// A regular expression for a text with <names>.
+/// Stands for one character or more in a pattern.
+inline constexpr char kAnyText = '*';
+
+/// The pattern of a text with <names>.
 std::string pattern_of(const std::string& text);
+
+/// Whether a text is, from end to end, what the pattern says.
+bool fits(std::string_view text, std::string_view pattern);
 
 }  // namespace guide
 

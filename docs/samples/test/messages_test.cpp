@@ -6,8 +6,8 @@
 
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <set>
+#include <sstream>
 #include <string>
 
 namespace {
@@ -95,6 +95,14 @@ TEST(GuideMessages, FailuresThatLeaveThePatches) {
   }
 }
 
+bool has_line(const std::string& messages, const std::string& pattern) {
+  std::istringstream lines(messages);
+  for (std::string line; std::getline(lines, line);) {
+    if (guide::fits(line, pattern)) return true;
+  }
+  return false;
+}
+
 // What the page says is told comes from a trigger, with the right result; of the rest nothing does.
 TEST(GuideMessages, ThePageTellsWhichAreHeard) {
   const std::set<std::string> not_of_texts = {"Out of memory", "Failed to open file '<path>'",
@@ -103,9 +111,8 @@ TEST(GuideMessages, ThePageTellsWhichAreHeard) {
   for (const guide::Row& row : guide::rows_of_page()) {
     if (not_of_texts.contains(row.text)) continue;
     bool is_heard = false;
-    const std::regex line(guide::pattern_of(row.text) + "\n?");
     for (const Trigger& trigger : kTriggers) {
-      if (!std::regex_search(trigger.messages, line)) continue;
+      if (!has_line(trigger.messages, guide::pattern_of(row.text))) continue;
       is_heard = true;
       if (row.load != "goes on") {
         EXPECT_EQ(trigger.result, row.load == "fails" ? 0 : 1) << row.text;
