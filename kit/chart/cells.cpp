@@ -12,14 +12,16 @@ namespace {
 using vantor::MeasData::Comma;
 using vantor::MeasData::NumberReader;
 
-// True when the data block is the file's own, column by column.
-bool has_own_rows(const Table& table) {
+// True when the data block is the file's own and the wanted fields stand in it as they are.
+bool has_own_columns(const Table& table, const std::vector<int>& wanted) {
   if (table.is_cut()) return false;
   for (std::size_t i = 0; i < table.fields.size(); ++i) {
     const Field& field = table.fields[i];
     if (!field.texts.empty() || field.source != static_cast<int>(i)) return false;
   }
-  return true;
+  return std::all_of(wanted.begin(), wanted.end(), [&table](int field) {
+    return table.fields[static_cast<std::size_t>(field)].shift == 0;
+  });
 }
 
 // The data block under other names: the wanted fields as device channels, which the library gives
@@ -45,7 +47,7 @@ std::string as_device_channels(const Table& table, const std::vector<int>& field
 Values columns_by_library(const Chart& chart, const Table& table, const std::vector<int>& fields) {
   constexpr std::size_t kMostFields = 9;  // numbered by one digit
   Values values;
-  if (fields.size() > kMostFields || !has_own_rows(table)) return values;
+  if (fields.size() > kMostFields || !has_own_columns(table, fields)) return values;
   const LoadedText loaded(as_device_channels(table, fields), nullptr);
   void* const handle = loaded.handle();
   if (!loaded.is_loaded() || static_cast<std::size_t>(num_patches(handle)) != chart.patch_count ||
