@@ -92,7 +92,9 @@ Chart chart_as_it_stands(void* handle, std::string name) {
   gather_patches(chart, handle);
   chart.device_set = device_set_of(handle);
   gather_channels(chart, handle, {});
+  const std::optional<std::size_t> paper_white = chart.paper_white;
   gather_landmarks(chart);
+  chart.paper_white = paper_white;
   gather_description(chart, handle, {});
   gather_lab_source(chart, nullptr, {});
   return chart;

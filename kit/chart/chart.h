@@ -155,7 +155,7 @@ struct Chart {
   bool is_rgb = false;
   double full_scale = 0.0;  ///< 1, 100 or 255 for RGB; 0 when the values tell none
   std::vector<Channel> channels;
-  std::optional<std::size_t> paper_white;  ///< all channels 0, as the library finds it
+  std::optional<std::size_t> paper_white;  ///< no ink; RGB: all channels at full
   std::vector<Landmark> landmarks;
 
   LabSource lab_source = LabSource::none;
@@ -174,7 +174,8 @@ struct Chart {
 /// the library has no question for.
 Chart chart_of(PlainTable& plain, std::string name);
 
-/// The chart of a loaded handle alone, as the library reads the file.
+/// The chart of a loaded handle alone, as the library reads the file: the paper white of RGB is the
+/// patch with all channels 0, and there is nothing that the library has no question for.
 Chart chart_as_it_stands(void* handle, std::string name);
 
 /// A row of a table of triples.

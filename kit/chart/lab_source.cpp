@@ -51,7 +51,7 @@ std::string conditions_in_words(const MeasuringConditions& conditions) {
   if (conditions.observer) {
     words += (words.empty() ? "" : " and ") + conditions.observer->value + " degrees";
   }
-  return words.empty() ? words : " for " + words;
+  return words;
 }
 
 // Why a chart has no Lab.
@@ -69,6 +69,7 @@ std::string reason_for_none(const Chart& chart) {
 }
 
 std::string sentence_of(const Chart& chart, const Table* table) {
+  const std::string words = conditions_in_words(chart.conditions);
   switch (chart.lab_source) {
     case LabSource::weighting_table:
       return "Lab is computed from the spectra with the weights of ASTM E308, Table 5, for D50 and "
@@ -77,7 +78,7 @@ std::string sentence_of(const Chart& chart, const Table* table) {
       return "Lab is computed from the spectra with the CIE 1931 colour-matching functions, for "
              "D50 and 2 degrees. No weighting table fits the wavelengths.";
     case LabSource::file:
-      return "Lab is the file's own" + conditions_in_words(chart.conditions) +
+      return "Lab is the file's own" + (words.empty() ? words : ", for " + words) +
              (chart.holds.spectra ? ". No weighting table fits the wavelengths of the spectra."
                                   : ".");
     case LabSource::xyz:
@@ -123,7 +124,7 @@ void tell_difference(const Chart& chart, Findings& findings) {
   const bool is_for_others = (conditions.observer && conditions.observer->value != "2") ||
                              (conditions.illuminant && conditions.illuminant->value != "D50");
   if (is_for_others) {
-    sentence += " They are for D50 and 2 degrees; the file's own are" +
+    sentence += " They are for D50 and 2 degrees; the file's own are for " +
                 conditions_in_words(conditions) + ".";
   }
   const bool is_doubtful = difference.median > kWorthTelling && !is_for_others;

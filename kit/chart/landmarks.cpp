@@ -49,6 +49,7 @@ void gather_rgb_landmarks(Chart& chart) {
     if (!found[corner.channels]) continue;
     chart.landmarks.push_back({corner.kind, corner.name, *found[corner.channels]});
   }
+  chart.paper_white = found[kCorners.front().channels];
   for (std::size_t channel = 0; channel < chart.channels.size(); ++channel) {
     chart.channels[channel].solid = found[std::size_t{1} << channel];
   }

@@ -40,7 +40,7 @@ void add_labelled(Lines& lines, std::string_view label, std::string_view text,
 }
 
 Lines finding_lines(const std::vector<Finding>& findings, std::size_t more, Detail detail) {
-  constexpr std::size_t kMostLines = 9;
+  constexpr std::size_t kMostLines = 8;
   const bool is_short = detail == Detail::screenful;
   Lines lines;
   std::size_t left_out = more;
@@ -115,7 +115,7 @@ std::string contents_text(const Chart& chart) {
 std::string counts_text(const Chart& chart) {
   std::string text = counted(chart.patch_count, "patch", "patches");
   if (chart.patch_count == 0 || !chart.holds.device) return text;
-  if (chart.merged.count == 0) return text + ", not merged";
+  if (chart.merged.count == 0) return text + ", repeats are not merged";
   std::size_t repeated = 0, worst = 0;
   double largest = -1.0;
   for (std::size_t index = 0; index < chart.merged.repeats.size(); ++index) {
@@ -127,32 +127,33 @@ std::string counts_text(const Chart& chart) {
       worst = index;
     }
   }
-  if (chart.merged.count == chart.patch_count) return text + ", none repeats";
-  text += ", " + std::to_string(chart.merged.count) + " different";
-  if (repeated == 0) return text;
-  text += "; " + std::to_string(repeated) + (repeated == 1 ? " repeats" : " repeat");
+  if (chart.merged.count == chart.patch_count) return text + ", all different";
+  text += " of " + counted(chart.merged.count, "colour", "colours");
   if (largest < 0.0) return text;
-  return text + " by at most " + formatted("%.2f", largest) + " Delta E*ab, index " +
-         std::to_string(worst) + " (" + label_of(chart, worst) + ")";
+  return text + " (" + std::to_string(repeated) + " repeated); repeats within " +
+         formatted("%.2f", largest) + " Delta E*ab (index " + std::to_string(worst) + ", patch " +
+         label_of(chart, worst) + ")";
 }
 
-// Conditions that the same words tell stand on one line.
-Lines condition_lines(const MeasuringConditions& conditions) {
-  struct Told {
-    std::string values;
-    const Stated* stated;
-  };
-  std::vector<Told> lines_told;
-  const auto add = [&lines_told](const std::optional<Stated>& stated, std::string_view before,
-                                 std::string_view after) {
+// Values that the same words tell.
+struct Told {
+  std::string values;
+  const Stated* stated;
+};
+
+std::vector<Told> told_conditions(const MeasuringConditions& conditions) {
+  std::vector<Told> all;
+  const auto add = [&all](const std::optional<Stated>& stated, std::string_view before,
+                          std::string_view after) {
     if (!stated) return;
-    const std::string value = std::string(before).append(stated->value).append(after);
-    for (Told& told : lines_told) {
+    std::string value(before);
+    value += shortened(stated->value, 24).append(after);
+    for (Told& told : all) {
       if (told.stated->keyword != stated->keyword || told.stated->words != stated->words) continue;
       told.values += ", " + value;
       return;
     }
-    lines_told.push_back({value, &*stated});
+    all.push_back({std::move(value), &*stated});
   };
   add(conditions.m, "", "");
   add(conditions.illuminant, "", "");
@@ -162,15 +163,33 @@ Lines condition_lines(const MeasuringConditions& conditions) {
   add(conditions.polarization, "polarization ", "");
   add(conditions.backing, "backing ", "");
   add(conditions.density_status, "", "");
+  return all;
+}
+
+// The words that tell a value, where the line about the instrument does not show them.
+std::string words_of(const Stated& stated, const std::string& instrument) {
+  if (stated.keyword.empty()) return {};
+  if (stated.words == instrument || stated.words == stated.value) return stated.keyword;
+  std::string words = stated.words;
+  std::replace(words.begin(), words.end(), '\t', ' ');
+  return stated.keyword + " \"" + shortened(words, 60) + "\"";
+}
+
+Lines condition_lines(const Chart& chart) {
+  constexpr std::size_t kMostLines = 4;
+  const std::vector<Told> all = told_conditions(chart.conditions);
+  const bool is_short = all.size() <= kMostLines;
   Lines lines;
-  for (const Told& told : lines_told) {
-    std::string text = shortened(told.values, 60);
-    if (!told.stated->keyword.empty()) {
-      const std::string source = " <- " + told.stated->keyword + " \"" + told.stated->words + "\"";
-      text = shortened(text + source, kTerminalWidth - 16);
-    }
-    add_labelled(lines, lines.empty() ? "conditions" : "", text, 1);
+  std::string joined;
+  for (const Told& told : all) {
+    const std::string source =
+        is_short ? words_of(*told.stated, chart.instrument) : std::string(told.stated->keyword);
+    std::string text = told.values;
+    if (!source.empty()) text += " (" + source + ")";
+    if (is_short) add_labelled(lines, lines.empty() ? "conditions" : "", text, 1);
+    joined += (joined.empty() ? "" : "; ") + text;
   }
+  if (!is_short) add_labelled(lines, "conditions", joined, kMostLines);
   return lines;
 }
 
@@ -216,15 +235,22 @@ std::string difference_text(const LabDifference& difference) {
 
 Lines fact_lines(const Chart& chart) {
   Lines lines;
-  add_labelled(lines, "patches", counts_text(chart), 1);
+  add_labelled(lines, "patches", counts_text(chart));
   add_labelled(lines, "holds", contents_text(chart));
   add_labelled(lines, "Lab", chart.lab_sentence);
   if (chart.lab_difference) add_labelled(lines, "", difference_text(*chart.lab_difference), 1);
-  append(lines, condition_lines(chart.conditions));
+  append(lines, condition_lines(chart));
   const std::string instrument = instrument_text(chart);
   if (!instrument.empty()) add_labelled(lines, "instrument", instrument);
   const std::string sample = answers_text(chart.sample_answers);
   if (!sample.empty()) add_labelled(lines, "sample", sample);
+  if (chart.keywords.size() + chart.empty_keywords != 0) {
+    std::string keywords = counted(chart.keywords.size(), "keyword", "keywords");
+    if (chart.empty_keywords != 0) {
+      keywords += ", and " + std::to_string(chart.empty_keywords) + " without a value";
+    }
+    add_labelled(lines, "header", keywords, 1);
+  }
   return lines;
 }
 
@@ -262,17 +288,21 @@ void add_block(Lines& lines, Lines block) {
   append(lines, std::move(block));
 }
 
-// Tables share the lines that the rest of a screenful leaves.
+// Tables share the lines that the rest of a screenful leaves; the patches have theirs for sure.
 void add_short_tables(Lines& lines, const Chart& chart) {
-  constexpr std::size_t kPatchRows = 6, kPatchLines = kPatchRows + 3, kLeastRows = 4;
-  const std::size_t used = std::min(lines.size() + 1 + kPatchLines, kScreenLines);
-  const std::size_t left = kScreenLines - used;
-  const std::size_t frames = 4;  // a blank line and titles of each table
-  const std::size_t rows = std::max(2 * kLeastRows, left - std::min(left, frames));
-  const std::size_t channel_rows = std::min(chart.channels.size(), std::max(kLeastRows, rows / 2));
-  add_block(lines,
-            landmark_lines(chart, std::max(kLeastRows, rows - std::min(rows, channel_rows))));
-  add_block(lines, channel_lines(chart, channel_rows));
+  constexpr std::size_t kPatchRows = 6;
+  constexpr std::size_t kTitle = 2, kGap = 1;  // a blank line and titles; the line of dots
+  const std::size_t used = 1 + lines.size() + kTitle + kPatchRows + kGap + 2 * kTitle;
+  const std::size_t rows = kScreenLines - std::min(used, kScreenLines);
+  const std::size_t landmarks = chart.landmarks.size(), channels = chart.channels.size();
+  const std::size_t rest = rows - std::min(rows, landmarks);
+  const std::size_t channel_rows = std::min(channels, std::max(rest, rows / 2));
+  const std::size_t landmark_rows = std::min(landmarks, rows - channel_rows);
+  const auto is_worth_it = [](std::size_t shown, std::size_t all) {
+    return shown == all || shown > 1;  // one row would only count the others
+  };
+  if (is_worth_it(landmark_rows, landmarks)) add_block(lines, landmark_lines(chart, landmark_rows));
+  if (is_worth_it(channel_rows, channels)) add_block(lines, channel_lines(chart, channel_rows));
   add_block(lines, patch_lines(chart, kPatchRows));
 }
 

@@ -4,6 +4,7 @@
 #include "kit/write/text_table.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace measkit {
@@ -74,22 +75,29 @@ void add_colour(TextTable& table, const Values& lab, std::size_t row) {
   table.add(colour.empty() ? "-" : colour);
 }
 
-// XYZ, LCh and densities are shown where there is no Lab to show.
+void add_columns(TextTable& table, const Values& values, const std::array<const char*, 3>& titles) {
+  if (values.empty()) return;
+  for (const char* const title : titles) table.add_column(title, Align::right);
+}
+
+// What a list of all patches shows beside Lab, and a short one in its place.
 void add_other_columns(TextTable& table, const Chart& chart) {
-  if (!chart.lab.empty()) return;
-  if (!chart.xyz.empty()) {
-    for (const char* title : {"X", "Y", "Z"}) table.add_column(title, Align::right);
+  add_columns(table, chart.own_lab, {"own L*", "own a*", "own b*"});
+  add_columns(table, chart.lch, {"L*", "C*", "h"});
+  add_columns(table, chart.xyz, {"X", "Y", "Z"});
+  for (const std::string& name : chart.density_names) {
+    table.add_column(name_cell(name), Align::right);
   }
-  for (const std::string& name : chart.density_names) table.add_column(name, Align::right);
 }
 
 void add_others(TextTable& table, const Chart& chart, std::size_t patch) {
-  if (!chart.lab.empty()) return;
+  add_row(table, chart.own_lab, patch);
+  add_row(table, chart.lch, patch);
   add_row(table, chart.xyz, patch);
   add_row(table, chart.densities, patch);
 }
 
-// "#3, 7, 12 and 2 more": the patches behind a merged patch by their ids.
+// The patches behind a merged patch by their ids, such as "3 7 12 +2".
 std::string members_cell(const Chart& chart, std::size_t index) {
   constexpr std::size_t kMost = 3;
   const auto members = chart.merged.patches_of(index);
@@ -146,7 +154,7 @@ std::vector<std::string> channel_lines(const Chart& chart, std::size_t most_rows
   table.add_column("range", Align::left);
   table.add_column("values", Align::right);
   table.add_column("wedge steps", Align::right);
-  table.add_column("full patch", Align::left);
+  table.add_column("solid", Align::left);
   for (const Channel& channel : chart.channels) {
     table.add(name_cell(channel.name));
     table.add(name_cell(channel.field));
@@ -165,13 +173,14 @@ std::vector<std::string> channel_lines(const Chart& chart, std::size_t most_rows
 std::vector<std::string> patch_lines(const Chart& chart, std::size_t most_rows) {
   if (chart.patch_count == 0) return {};
   const Shown shown(chart.patch_count, most_rows);
+  const bool has_others = chart.lab.empty() || most_rows == kAllRows;
   TextTable table;
   table.add_column("patch", Align::right);
   if (!chart.ids.empty()) table.add_column("id", Align::left);
   if (!chart.names.empty()) table.add_column("name", Align::left);
   if (!chart.locations.empty()) table.add_column("location", Align::left);
   add_colour_columns(table, chart.lab);
-  add_other_columns(table, chart);
+  if (has_others) add_other_columns(table, chart);
   add_device_columns(table, chart);
   shown.for_each([&](std::size_t patch) {
     table.add(std::to_string(patch));
@@ -179,7 +188,7 @@ std::vector<std::string> patch_lines(const Chart& chart, std::size_t most_rows) 
       if (!texts->empty()) table.add(name_cell((*texts)[patch]));
     }
     add_colour(table, chart.lab, patch);
-    add_others(table, chart, patch);
+    if (has_others) add_others(table, chart, patch);
     add_row(table, chart.device, patch);
   });
   std::vector<std::string> lines = table.lines();
