@@ -90,7 +90,8 @@ class HeaderFinder {
     cut_cells(without_comment_sign(line.text), delimiter_, pool_, cells);
     cells.resize(filled_width(cells));
     constexpr std::size_t kLeastColumns = 2;
-    if (cells.size() < kLeastColumns) return std::nullopt;
+    if (cells.size() < kLeastColumns || cells.size() > cells_to_read_) return std::nullopt;
+    cells_to_read_ -= cells.size();
     Candidate candidate;
     candidate.sheet = {delimiter_, columns_named(cells), line.number, line.end, line.number + 1};
     if (candidate.sheet.columns.empty()) return std::nullopt;
@@ -128,6 +129,7 @@ class HeaderFinder {
   Delimiter delimiter_;
   TextPool pool_;
   std::vector<RowShape> shapes_;
+  std::size_t cells_to_read_ = 5 * kMostColumns;  // so that no file makes the search long
 };
 
 std::optional<Candidate> best_candidate(std::string_view text, const std::vector<Line>& lines) {
