@@ -153,13 +153,14 @@ std::string what_would_help(const Survey& survey) {
 std::string what_was_seen(const Survey& survey, bool is_whole) {
   const std::string more = is_whole ? "" : "more than ";
   const std::string lines = more + counted(survey.lines, "line");
+  if (survey.lines == 0) return "A long line without a table of numbers.";
+  if (survey.rows() == 0) return "A text of " + lines + " without a table of numbers.";
   if (survey.number_lines == survey.lines) {
     const std::string numbers = survey.same_width == survey.lines
                                     ? "of " + counted(survey.width, "number")
                                     : "with different counts of numbers";
     return "A list of " + lines + " " + numbers + " without names: what they mean is not guessed.";
   }
-  if (survey.rows() == 0) return "A text of " + lines + " without a table of numbers.";
   if (!survey.names.empty()) {
     return "A table of " + more + counted(survey.rows(), "row") + " with the columns " +
            survey.names + ": they do not tell colours, inks or spectra.";
