@@ -99,7 +99,8 @@ class HeaderFinder {
   }
 
  private:
-  // Counts the rows that fit among the next lines; more than half of these should.
+  // Counts the rows that fit among the next lines; half of these should. When most have a cell more
+  // than the header line, the first is an id without a name.
   bool fit(Candidate& candidate, std::size_t first_row) const {
     constexpr std::size_t kMostLooked = 40;
     std::vector<Column>& columns = candidate.sheet.columns;
@@ -114,7 +115,7 @@ class HeaderFinder {
       if (shape.filled == columns.size() + 1) ++wider;
       if (shape.width >= columns.size() && shape.filled <= columns.size()) ++same;
     }
-    candidate.fitting_rows = std::max(same, wider);
+    candidate.fitting_rows = same + wider;
     candidate.understood = measured;
     const bool has_id = std::any_of(columns.begin(), columns.end(),
                                     [](const Column& c) { return c.name == "SAMPLE_ID"; });
