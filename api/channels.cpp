@@ -1,4 +1,4 @@
-// What the chart tells about each device channel.
+// Names, values, wedges and solids of the device channels.
 #include "api/measdata.h"
 #include "api/parser_state.h"
 

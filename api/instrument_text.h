@@ -1,4 +1,4 @@
-// Digs answers out of the free text by which files describe the instrument and the measurement.
+// Finds values in the free text by which files describe the instrument and the measurement.
 #ifndef MEASDATA_API_INSTRUMENT_TEXT_H
 #define MEASDATA_API_INSTRUMENT_TEXT_H
 

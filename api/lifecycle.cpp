@@ -22,7 +22,7 @@ namespace {
 // Short enough for every standard library to keep it without an allocation.
 constexpr const char* kOutOfMemory = "Out of memory\n";
 
-// What a failed load leaves: no patches, and the messages that tell why.
+// Leaves no patches, and the messages that explain the failure.
 void clear_after_failure(ParserState& state) {
   std::string messages = std::move(state.chart.all_patches.messages);
   state.chart.all_patches.reset();
@@ -31,7 +31,7 @@ void clear_after_failure(ParserState& state) {
   state.chart.all_patches.messages = std::move(messages);
 }
 
-// `read` fills all_patches by way of a reader. The name may be a text that this handle gave out.
+// `read` fills all_patches with a reader. The name may be a text that this handle returned.
 template <typename Read>
 int load(void* handle, const char* name, Read read) noexcept {
   if (handle == nullptr) return 0;

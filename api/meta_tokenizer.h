@@ -1,4 +1,4 @@
-// Cuts the free text by which files describe instrument and measurement into words.
+// Splits the free text by which files describe instrument and measurement into words.
 #ifndef MEASDATA_API_META_TOKENIZER_H
 #define MEASDATA_API_META_TOKENIZER_H
 
@@ -10,8 +10,8 @@ namespace vantor::Api {
 
 using Words = std::vector<std::string>;
 
-/// Words end at blanks and tabs. One that begins with a double quote runs to its closing quote; two
-/// double quotes in a row inside it stand for one.
+/// Words end at spaces and tabs. A word that begins with a double quote ends at its closing quote;
+/// two double quotes in a row inside it become one.
 Words split_words(std::string_view text);
 
 }  // namespace vantor::Api

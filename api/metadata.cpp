@@ -18,7 +18,7 @@ constexpr const char* kInstrumentation = "INSTRUMENTATION";
 constexpr const char* kMeasurementSource = "MEASUREMENT_SOURCE";
 constexpr const char* kWeightingFunction = "WEIGHTING_FUNCTION";
 
-// Places an answer where the caller can read it; null when there is none.
+// Stores an answer in the handle and returns it; null when there is none.
 const char* give(void* handle, Answer answer) {
   if (!answer) return nullptr;
   std::string& result_text = state_of(handle)->result_text;
@@ -26,7 +26,7 @@ const char* give(void* handle, Answer answer) {
   return result_text.c_str();
 }
 
-// Makes of what `tell` does an answer to the caller: running out of memory counts as not knowing.
+// Returns the result of `tell`, or null when memory is exhausted.
 template <typename Tell>
 const char* answer(Tell tell) noexcept {
   try {
@@ -36,8 +36,8 @@ const char* answer(Tell tell) noexcept {
   }
 }
 
-// What `find` makes of the first value of a keyword; null when the file lacks it. Values are read up
-// to their first zero byte here, as every caller of the C interface reads them.
+// What `find` makes of the first value of a keyword; null when the file lacks it. It reads the
+// value up to its first zero byte, as every caller of the C interface does.
 template <typename Find>
 const char* found_in(void* handle, const char* keyword, Find find) {
   const char* text = get_value_of_keyword(handle, keyword);
@@ -68,7 +68,7 @@ const char* found_in_weighting(void* handle, std::string_view key) {
   return nullptr;
 }
 
-// A degree sign at the end, in Latin-1 or as an old code page has it, is not part of an angle.
+// Removes a degree sign at the end, in Latin-1 or in an old code page.
 std::string without_degree_sign(std::string text) {
   constexpr char kLatin1 = '\xB0';
   constexpr char kCodePage = '\xA1';

@@ -1,13 +1,13 @@
-// The one export that is C++: the build after a successful read.
+// The only C++ export: the build after a successful read.
 #ifndef MEASDATA_API_PARSE_H
 #define MEASDATA_API_PARSE_H
 
 #include "api/measdata.h"
 #include "measdata/meas_file_parser.h"
 
-/// Builds everything that depends on the whole file, once all_patches of the handle is filled from
-/// `reader`. `name` is the path or name of the file and may be null. 1 when it completes, 0 when it
-/// cannot or when the handle or the reader is null.
+/// Builds everything that depends on the whole file. `reader` must have filled all_patches of the
+/// handle. `name` is the path or name of the file and may be null. Returns 1 on success and 0 on
+/// failure, also when the handle or the reader is null.
 MEASDATA_API int parse(void* handle, vantor::MeasData::MeasFileParser* reader,
                        const char* name) noexcept;
 

@@ -25,8 +25,7 @@ inline const DataSet::PatchDataSet& empty_data_set() {
   return empty;
 }
 
-/// The data set at a handle: its own or, for a pointer to a data set, that one. An empty one for
-/// null.
+/// The data set of a handle or, for a pointer to a data set, that data set. An empty one for null.
 inline const DataSet::PatchDataSet& data_set_of(const void* handle) {
   return handle == nullptr ? empty_data_set() : *static_cast<const DataSet::PatchDataSet*>(handle);
 }

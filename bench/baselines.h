@@ -1,4 +1,4 @@
-// What a load is compared with: how little work a reader can do, and how much.
+// Simple readers for comparison with the library, from the least to the most work.
 #ifndef MEASDATA_BENCH_BASELINES_H
 #define MEASDATA_BENCH_BASELINES_H
 
@@ -11,14 +11,14 @@ namespace bench {
 
 std::size_t count_lines(std::string_view text);
 
-/// Tokens between blanks, tabs and line feeds, nothing else about them looked at. A semicolon table
-/// is cut at semicolons and line feeds.
+/// Counts the tokens between spaces, tabs and line feeds. A semicolon table is split at semicolons
+/// and line feeds.
 std::size_t count_tokens(std::string_view text);
 
-/// The same, with std::from_chars turning each token into a number, 0 where it is none.
+/// Converts each of these tokens with std::from_chars; a token that is no number becomes 0.
 std::vector<double> read_numbers(std::string_view text, std::size_t expected);
 
-/// The design that comes to mind first: strings in vectors in a vector, atof for each cell.
+/// The simplest design: vectors of vectors of strings, and atof for each cell.
 struct NaiveTable {
   std::vector<std::vector<std::string>> cells;
   std::vector<std::vector<double>> numbers;

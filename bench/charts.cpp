@@ -130,11 +130,11 @@ std::string spectral_chart(int rows, int distinct_rows) {
   return writer.take();
 }
 
-std::string narrow_chart(int rows) {
+std::string narrow_chart(int rows, int distinct_rows) {
   Writer writer('\t');
   begin(writer, "SAMPLE_ID\tCMYK_C\tCMYK_M\tCMYK_Y\tCMYK_K\tLAB_L\tLAB_A\tLAB_B", false, rows);
   Random random;
-  const Inks inks = make_inks(rows, random);
+  const Inks inks = make_inks(distinct_rows, random);
   for (int row = 0; row < rows; ++row) {
     writer.integer(static_cast<std::uint32_t>(row + 1));
     write_inks(writer, inks, static_cast<std::size_t>(row));

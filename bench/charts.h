@@ -10,8 +10,8 @@ namespace bench {
 /// rows repeat the device values of the first `distinct_rows` over and over.
 std::string spectral_chart(int rows, int distinct_rows);
 
-/// Id, CMYK and Lab: 8 columns.
-std::string narrow_chart(int rows);
+/// Id, CMYK and Lab: 8 columns. Rows repeat as in spectral_chart.
+std::string narrow_chart(int rows, int distinct_rows);
 
 /// A semicolon table of 12 columns: id, name, CMYK, XYZ, Lab.
 std::string semicolon_table(int rows);

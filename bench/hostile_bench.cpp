@@ -1,5 +1,4 @@
-// Measures what inputs cost that are made to cost much, at three sizes. Prints Markdown: time and
-// memory must grow no faster than the size.
+// Measures the time and memory of loading hostile inputs at three sizes. Prints Markdown.
 #include "bench/charts.h"
 #include "bench/peak_memory.h"
 #include "bench/report.h"
@@ -208,7 +207,7 @@ void load_and_ask(const std::string& text, int mode) {
   cleanup_parser(&handle);
 }
 
-// Of the processor, the least of three.
+// Processor time, the least of three runs.
 double milliseconds(const std::string& text, int mode) {
   double best = 1e9;
   for (int round = 0; round < 3; ++round) {
@@ -223,7 +222,7 @@ double milliseconds(const std::string& text, int mode) {
 
 int main() {
   std::vector<std::vector<std::string>> table = {
-      {"input", "1 MB", "4 MB", "16 MB", "16 MB over 4 MB", "peak memory, bytes a byte"}};
+      {"input", "1 MB", "4 MB", "16 MB", "16 MB / 4 MB", "peak memory, bytes per byte"}};
   for (const Kind& kind : kinds()) {
     const double size = static_cast<double>(kMegabytes.back() * kMegabyte);
     // First of all: a child begins with what this process holds.
@@ -239,10 +238,10 @@ int main() {
   }
   bench::print_table(table);
 
-  // The one cost that grows faster lies in what is asked.
+  // The statistics compare all pairs: the one cost that grows with the square.
   constexpr double kPairs = 0.5 * kRepeats * (kRepeats - 1);
   const double time = milliseconds(bench::single_patch_chart(kRepeats), 0);
-  std::printf("\n%d measurements of one patch, 36 bands: %.0f ms, %.0f million pairs a second.\n",
+  std::printf("\n%d measurements of one patch, 36 bands: %.0f ms, %.0f million pairs per second.\n",
               kRepeats, time, kPairs / time / 1e3);
   return 0;
 }

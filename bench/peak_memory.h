@@ -1,4 +1,4 @@
-// The memory that a process needs.
+// Measures the memory of a process.
 #ifndef MEASDATA_BENCH_PEAK_MEMORY_H
 #define MEASDATA_BENCH_PEAK_MEMORY_H
 
@@ -6,8 +6,8 @@
 
 namespace bench {
 
-/// The most bytes that a child process which does nothing but `work` ever holds. Call it while this
-/// process is small: the child begins with what its parent has.
+/// Returns the peak memory in bytes of a child process that only runs `work`. Call it while this
+/// process is small, because the child starts with the memory of its parent.
 double peak_bytes(const std::function<void()>& work);
 
 }  // namespace bench

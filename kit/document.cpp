@@ -100,4 +100,16 @@ std::span<const Chart> Document::charts() {
   return charts_;
 }
 
+std::vector<Chart> Document::page_charts() {
+  std::vector<Chart> pages(charts().begin(), charts().end());
+  if (pages.empty()) {
+    pages.emplace_back();
+    pages.front().name = base_name(name_);
+  }
+  std::vector<Finding>& first = pages.front().findings;
+  first.insert(first.begin(), findings().list().begin(), findings().list().end());
+  pages.front().more_findings += findings().more();
+  return pages;
+}
+
 }  // namespace measkit

@@ -38,6 +38,9 @@ class Document {
 
   /// The charts as values, made at the first call.
   std::span<const Chart> charts();
+  /// The same for a page: the first chart also has the findings about the file as a whole. A file
+  /// without charts gives one that is not loaded.
+  std::vector<Chart> page_charts();
 
  private:
   Document(std::string name, Opening opening) : name_(std::move(name)), opening_(opening) {}

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <new>
 #include <string>
+#include <utility>
 #include <vector>
 
 using measkit::Document;
@@ -162,11 +163,11 @@ const char* mk_html(mk_document* document) noexcept { return mk_html_of(&documen
 const char* mk_html_of(mk_document* const* documents, int count) noexcept {
   if (documents == nullptr || count < 1 || documents[0] == nullptr) return nullptr;
   return guarded<const char*>(nullptr, [=] {
-    std::vector<const measkit::Chart*> charts;
+    std::vector<measkit::Chart> charts;
     for (int i = 0; i < count; ++i) {
       if (documents[i] == nullptr) continue;
-      for (const measkit::Chart& chart : documents[i]->document->charts()) {
-        charts.push_back(&chart);
+      for (measkit::Chart& chart : documents[i]->document->page_charts()) {
+        charts.push_back(std::move(chart));
       }
     }
     std::string html = measkit::html::html_of(charts);

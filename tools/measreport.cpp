@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -45,12 +46,11 @@ int run(const CommandLine& line) {
   const measkit::Opening opening =
       line.has("--as-is") ? measkit::Opening::as_is : measkit::Opening::repair;
   bool is_done = true;
-  std::vector<std::unique_ptr<Document>> documents;
-  std::vector<const measkit::Chart*> charts;
+  std::vector<measkit::Chart> charts;
   for (const std::string& path : line.files()) {
-    documents.push_back(tools::open_document(path, opening));
-    Document& document = *documents.back();
-    for (const measkit::Chart& chart : document.charts()) charts.push_back(&chart);
+    const std::unique_ptr<Document> opened = tools::open_document(path, opening);
+    Document& document = *opened;
+    for (measkit::Chart& chart : document.page_charts()) charts.push_back(std::move(chart));
     if (!document.has_patches()) tools::tell_unreadable("measreport", document);
     const bool is_clean = !line.has("--strict") || !document.has_other_than_notes();
     is_done = is_done && document.has_patches() && is_clean;

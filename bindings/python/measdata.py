@@ -6,21 +6,21 @@
         for patch in chart.patches:
             print(patch.id, patch.device, patch.lab, patch.hex)
 
-Numbers are as in the file: Lab is CIELAB with L* from 0 to 100, computed from the spectra (D50, 2
-degrees) where the file has them; wavelengths are nanometres; device values and XYZ have the file's
-own scale. What a file does not hold is None.
+Units: Lab is CIELAB with L* from 0 to 100, computed from the spectra (D50, 2 degrees) if the file
+has them. Wavelengths are in nanometres. Device values and XYZ have the scale of the file. Data
+that the file does not have is None.
 
-Texts of a file are taken as UTF-8 and, where they are not, as Latin-1.
+Encoding: texts of a file are read as UTF-8 or, if that fails, as Latin-1.
 
-Memory: a chart holds the native data until it is closed or no longer referenced; patches and views
-keep it alive. Everything that is handed out is a copy. Asking a closed chart raises ValueError.
+Memory: a chart keeps the native data until it is closed or no longer referenced. Its patches keep
+the chart alive. All results are copies. Using a closed chart raises ValueError.
 
-Threads: loading releases the interpreter lock, so files load in parallel; every question holds it,
-so threads may share a chart. Closing a chart while another thread asks it is safe. On an
-interpreter without that lock use a chart in one thread at a time.
+Threads: a load releases the interpreter lock, so files load in parallel. Queries keep the lock, so
+threads may share a chart, and may close it while others use it. On an interpreter without the
+lock, use a chart in one thread at a time.
 
-The native library is the first of: the file that the environment variable MEASDATA_LIBRARY names,
-one beside this module, one that the system finds.
+The native library is the first that exists: the file named by the environment variable
+MEASDATA_LIBRARY, a library next to this module, or one that the system finds.
 """
 
 from __future__ import annotations
@@ -167,7 +167,7 @@ def _declare(library: ctypes.CDLL) -> None:
 
 
 def _open_library() -> tuple[ctypes.PyDLL, ctypes.CDLL]:
-    """The library twice: with calls that hold the interpreter lock, and with calls that do not."""
+    """Opens the library twice: with calls that keep the interpreter lock, and calls that do not."""
     failures = []
     for path in _library_paths():
         try:
@@ -175,11 +175,11 @@ def _open_library() -> tuple[ctypes.PyDLL, ctypes.CDLL]:
             _declare(holding)
             _declare(releasing)
             return holding, releasing
-        except (OSError, AttributeError) as error:  # not to be loaded, or another library
+        except (OSError, AttributeError) as error:  # not loadable, or another library
             failures.append(f"\n  {path}: {error}")
     raise OSError(
-        "the measdata library cannot be loaded; install it, or name its file in the environment"
-        " variable MEASDATA_LIBRARY. Tried:" + "".join(failures)
+        "the measdata library cannot be loaded; install it, or set the environment variable"
+        " MEASDATA_LIBRARY to its file. Tried:" + "".join(failures)
     )
 
 
@@ -202,13 +202,13 @@ version: str = _decoded(_library.parser_version())
 
 
 class _Handle:
-    """Owns a native handle. Whoever calls the library holds one of these until the call is over."""
+    """Owns a native handle. Callers of the library keep it referenced until the call returns."""
 
     __slots__ = ("_release", "pointer")
 
     def __init__(self) -> None:
-        self._release = _library.cleanup_parser  # still there when the module is torn down
-        # An object that cannot be copied, unlike a number: there must be no second owner.
+        self._release = _library.cleanup_parser  # still exists while the module is torn down
+        # An object instead of a number, because there must be no second owner.
         self.pointer = ctypes.c_void_p(_library.init_parser())
         if not self.pointer:
             raise MemoryError
@@ -218,13 +218,13 @@ class _Handle:
             self._release(ctypes.byref(self.pointer))
 
     def messages(self) -> list[str]:
-        # Names from the file are part of the text; only line feeds end its lines.
+        # Names from the file are part of the text, so only line feeds separate lines.
         lines = _decoded(_library.parse_messages(self.pointer)).split("\n")
         return lines[:-1] if lines[-1] == "" else lines
 
 
 class _DataSet:
-    """The patches of a file or the merged ones: what one pointer of the library stands for."""
+    """The patches or the merged patches of a file, behind one pointer of the library."""
 
     __slots__ = ("count", "handle", "pointer", "widths")
 
@@ -233,7 +233,7 @@ class _DataSet:
         self.pointer = pointer
         self.count: int = _library.num_patches(pointer)
         has = _library
-        # How many numbers a patch has of each kind; 0 for what the file does not hold.
+        # The number of values of each kind per patch; 0 if the file has none.
         self.widths: dict[str, int] = {
             "device": has.has_device_data(pointer) and has.num_device_channels(pointer),
             "xyz": has.has_xyz_data(pointer) and 3,
@@ -242,7 +242,7 @@ class _DataSet:
         }
 
     def _has_lab(self) -> bool:
-        """Whether the library writes Lab, which no function tells: two fills, one answer."""
+        """Whether the library writes Lab: if so, two different arrays become equal."""
         answers = []
         for fill in (0.0, 1.0):
             lab = array("d", [fill] * 3)
@@ -251,7 +251,7 @@ class _DataSet:
         return answers[0] == answers[1]
 
     def fill(self, kind: str, positions: Sequence[int], address: int) -> None:
-        """Writes the numbers of patches one behind the other."""
+        """Writes the numbers of the patches one after the other."""
         stride = self.widths[kind] * ctypes.sizeof(_DOUBLE)
         if kind == "spectrum":
             self._fill_spectra(positions, address, stride)
@@ -266,7 +266,7 @@ class _DataSet:
         if None in sources:
             raise LookupError("a patch has no spectrum")
         if sources and sources == _steps(sources[0], stride, len(sources)):
-            ctypes.memmove(address, sources[0], stride * len(sources))  # they lie in one block
+            ctypes.memmove(address, sources[0], stride * len(sources))  # all are in one block
             return
         for source in sources:
             ctypes.memmove(address, source, stride)
@@ -345,18 +345,18 @@ class RGB(NamedTuple):
 
 @dataclass(frozen=True)
 class RepeatStats:
-    """How far the repeated measurements of a patch lie apart."""
+    """The differences between the repeated measurements of a patch."""
 
     count: int
-    """Measurements of this patch, at least 1."""
+    """The number of measurements, at least 1."""
     mean: float | None
-    """Mean Delta E*ab (CIE 1976) of all pairs of measurements; None for a single one."""
+    """Mean Delta E*ab (CIE 1976) of all pairs of measurements; None for one measurement."""
     max: float | None
-    """The largest of them."""
+    """Largest Delta E*ab of all pairs of measurements; None for one measurement."""
 
 
 class Instrument(NamedTuple):
-    """The instrument and how it was used, in the file's own spelling."""
+    """The instrument and its settings, in the spelling of the file."""
 
     manufacturer: str | None
     model: str | None
@@ -368,7 +368,7 @@ class Instrument(NamedTuple):
 
 
 class Sample(NamedTuple):
-    """What was measured, in the file's own spelling."""
+    """The measured sample, in the spelling of the file."""
 
     backing: str | None
     colorant: str | None
@@ -393,7 +393,7 @@ def lab_to_srgb(lab: Iterable[float]) -> RGB:
 
 
 class Patch:
-    """A row of the file. It holds no values: each is read from the chart when it is asked for."""
+    """A row of the file. It stores no values; each access reads them from the chart."""
 
     __slots__ = ("_chart", "_position")
 
@@ -406,54 +406,58 @@ class Patch:
 
     @property
     def index(self) -> int:
-        """Its position among the patches of the chart."""
+        """The position among the patches of the chart, from 0."""
         return self._position
 
     @property
     def id(self) -> str:
-        """Its identifier; empty when there is none, as name and location."""
+        """The identifier; empty if there is none."""
         data = self._data()
         return _decoded(_library.get_id_from_patch(data.pointer, self._position))
 
     @property
     def name(self) -> str:
+        """The name; empty if there is none."""
         data = self._data()
         return _decoded(_library.get_name_from_patch(data.pointer, self._position))
 
     @property
     def location(self) -> str:
+        """The location on the chart; empty if there is none."""
         data = self._data()
         return _decoded(_library.get_loc_from_patch(data.pointer, self._position))
 
     @property
     def device(self) -> tuple[float, ...] | None:
-        """A value for each channel, mostly 0 to 100 for inks and 0 to 255 for RGB."""
+        """One value for each channel, usually 0 to 100 for inks and 0 to 255 for RGB; or None."""
         return self._data().row("device", self._position)
 
     @property
     def xyz(self) -> XYZ | None:
+        """X, Y, Z in the scale of the file; or None."""
         values = self._data().row("xyz", self._position)
         return None if values is None else XYZ(*values)
 
     @property
     def lab(self) -> Lab | None:
-        """Lab of the spectrum, else the file's own. XYZ alone does not give Lab."""
+        """Lab from the spectrum or the file; None without both. XYZ alone gives no Lab."""
         values = self._data().row("lab", self._position)
         return None if values is None else Lab(*values)
 
     @property
     def spectrum(self) -> tuple[float, ...] | None:
-        """A value for each of the chart's wavelengths."""
+        """One value for each wavelength of the chart; or None."""
         return self._data().row("spectrum", self._position)
 
     @property
     def srgb(self) -> RGB | None:
+        """The display colour, each value from 0 to 255 and not rounded; None without Lab."""
         lab = self.lab
         return None if lab is None else lab_to_srgb(lab)
 
     @property
     def hex(self) -> str | None:
-        """The display colour as #RRGGBB."""
+        """The display colour as #RRGGBB; None without Lab."""
         srgb = self.srgb
         return None if srgb is None else "#" + "".join(f"{int(value + 0.5):02X}" for value in srgb)
 
@@ -470,7 +474,7 @@ class Patch:
 
 
 class MergedPatch(Patch):
-    """A patch with all its repeated measurements merged: the rows with the same device values."""
+    """A merged patch: all rows with the same device values."""
 
     __slots__ = ()
 
@@ -479,7 +483,7 @@ class MergedPatch(Patch):
 
     @property
     def stats(self) -> RepeatStats | None:
-        """None without Lab and spectra, or without device values to merge by."""
+        """The statistics of its measurements; None without device values or without colour."""
         handle = self._chart._open().handle
         stats = _DeStats(repeat_count=-1)
         _library.get_de_stats_from_index(handle.pointer, self._position, ctypes.byref(stats))
@@ -495,10 +499,10 @@ _S = TypeVar("_S", bound="_PatchSequence[Any]")
 
 
 class _PatchSequence(Sequence[_P]):
-    """A lazy sequence; slices are sequences of the same kind.
+    """A lazy sequence. Slices are sequences of the same type.
 
-    The methods give the values of all its patches at once, one row a patch: an array when numpy is
-    installed, else a list of tuples, and None for what the file does not hold.
+    The methods return the values of all its patches, with one row for each patch: an array if numpy
+    is installed, otherwise a list of tuples, or None if the file has no such data.
     """
 
     __slots__ = ("_chart", "_positions")
@@ -578,7 +582,7 @@ class Patches(_PatchSequence[Patch]):
 
 
 class MergedPatches(_PatchSequence[MergedPatch]):
-    """The merged patches of a chart. There are none for a file with densities."""
+    """The merged patches of a chart. A file with densities has none."""
 
     __slots__ = ()
     _patch = MergedPatch
@@ -601,12 +605,12 @@ class Channel:
 
     @property
     def name(self) -> str | None:
-        """The ink or colorant; None when nothing names it."""
+        """The name of the ink or colorant; None if the file does not name it."""
         return _text(self._chart._ask(_library.get_device_channel_name, self._position))
 
     @property
     def distinct(self) -> list[tuple[float, int]]:
-        """The values that the channel takes, ascending, each with the number of its patches."""
+        """The distinct values in ascending order, each with the number of its patches."""
         ask, channel = self._chart._ask, self._position
         return [
             (
@@ -618,7 +622,7 @@ class Channel:
 
     @property
     def wedge(self) -> list[MergedPatch]:
-        """The merged patches in which this channel alone is printed, by ascending value."""
+        """The merged patches in which only this channel is not 0, in ascending order."""
         ask, channel = self._chart._ask, self._position
         return [
             MergedPatch(self._chart, ask(_library.get_wedge_index, channel, step))
@@ -627,7 +631,7 @@ class Channel:
 
     @property
     def solid(self) -> MergedPatch | None:
-        """The last step of the wedge when its value is exactly 100."""
+        """The last step of the wedge if its value is exactly 100, otherwise None."""
         return self._chart._merged_at(self._chart._ask(_library.get_solid_index, self._position))
 
     def __repr__(self) -> str:
@@ -635,7 +639,7 @@ class Channel:
 
 
 class Keywords(Mapping[str, List[str]]):
-    """The keywords of a file's header: names, sorted, and for each its values in file order."""
+    """The keywords of the file header: sorted names, each with its values in file order."""
 
     def __init__(self, entries: Iterable[tuple[str, str]]) -> None:
         self._values: dict[str, list[str]] = {}
@@ -655,11 +659,11 @@ class Keywords(Mapping[str, List[str]]):
         return name in self._values
 
     def names(self) -> list[str]:
-        """The names, each once."""
+        """The names, each once, sorted."""
         return list(self._values)
 
     def first(self, name: str) -> str | None:
-        """The first value of a keyword; None when there is no such keyword."""
+        """The first value of a keyword; None if there is no such keyword."""
         return self._values[name][0] if name in self._values else None
 
     def __repr__(self) -> str:
@@ -673,7 +677,7 @@ class _Native(NamedTuple):
 
 
 class Chart:
-    """A measurement file that was loaded, see load and load_bytes."""
+    """A loaded measurement file. load and load_bytes create it."""
 
     def __init__(self, handle: _Handle, source: str, mode: Mode) -> None:
         merged = ctypes.c_void_p(_library.pass_unique_data(handle.pointer))
@@ -681,12 +685,12 @@ class Chart:
             handle, _DataSet(handle, handle.pointer), _DataSet(handle, merged)
         )
         self.source = source
-        """The path or name that it was loaded by."""
+        """The path or name given to the load."""
         self.mode = mode
-        """How it was read: "measurement" or "table"."""
+        """How the file was read: "measurement" or "table"."""
 
     def close(self) -> None:
-        """Releases the native data. Whatever is asked afterwards raises ValueError."""
+        """Releases the native data. Later uses of the chart raise ValueError."""
         self._native = None
 
     @property
@@ -715,7 +719,7 @@ class Chart:
 
     @property
     def messages(self) -> list[str]:
-        """What the library has to tell about the file, line by line."""
+        """The messages of the load, one string for each line."""
         return self._open().handle.messages()
 
     @property
@@ -729,7 +733,7 @@ class Chart:
 
     @property
     def paper_white(self) -> MergedPatch | None:
-        """The merged patch in which every channel is 0."""
+        """The merged patch with 0 in every channel; None if there is none."""
         return self._merged_at(self._ask(_library.get_paperwhite_index))
 
     @property
@@ -738,7 +742,7 @@ class Chart:
 
     @property
     def device_space(self) -> Literal["CMYK", "CMY", "RGB"] | None:
-        """None for other channels than these."""
+        """The kind of the device channels; None for other channels."""
         if self._ask(_library.dev_is_cmyk):
             return "CMYK"
         if self._ask(_library.dev_is_cmy):
@@ -747,8 +751,8 @@ class Chart:
 
     @property
     def holds(self) -> frozenset[str]:
-        """What the file itself gives of its patches: "device", "xyz", "lab", "lch", "spectrum",
-        "id", "name", "location"."""
+        """The kinds of data in the file: "device", "xyz", "lab", "lch", "spectrum", "id", "name",
+        "location". The library does not return the values of LCh."""
         questions = {
             "device": _library.has_device_data,
             "xyz": _library.has_xyz_data,
@@ -763,15 +767,15 @@ class Chart:
 
     @property
     def wavelengths(self) -> tuple[float, ...]:
-        """Those of the spectra, nm; empty without spectra. They are spaced evenly from the first to
-        the last, which are all that the library tells."""
+        """The wavelengths of the spectra in nm; empty without spectra. The library returns only the
+        first and the last; the others are interpolated."""
         size = self._ask(_library.spectral_size)
         start, end = self._ask(_library.spectral_start), self._ask(_library.spectral_end)
         return tuple(start + i * (end - start) / max(size - 1, 1) for i in range(size))
 
     @property
     def keywords(self) -> Keywords:
-        """A copy, which outlives the chart."""
+        """A copy of the keywords. It stays valid after the chart is closed."""
         ask = self._ask
         return Keywords(
             (_decoded(ask(_library.get_keyword, i)), _decoded(ask(_library.get_value, i)))
@@ -790,17 +794,17 @@ class Chart:
 
     @property
     def illuminant(self) -> str | None:
-        """The illuminant of the file's colorimetric values, such as "D50"."""
+        """The illuminant of the file's colorimetric values, such as "D50"; or None."""
         return _text(self._ask(_library.illuminant))
 
     @property
     def observer(self) -> str | None:
-        """The angle of their observer, such as "2"."""
+        """The observer angle of the file's colorimetric values, such as "2"; or None."""
         return _text(self._ask(_library.observer))
 
     @property
     def density_status(self) -> str | None:
-        """Such as "Status T"."""
+        """The density status, such as "Status T"; or None."""
         return _text(self._ask(_library.density_status))
 
     def __repr__(self) -> str:
@@ -813,13 +817,13 @@ class Chart:
 
 
 class MeasurementError(Exception):
-    """A file that cannot be read as measurements."""
+    """Raised for a file that cannot be read as measurements."""
 
     def __init__(self, source: str, messages: list[str]) -> None:
         super().__init__(source, messages)
         self.source = source
         self.messages = messages
-        """What the library noticed, line by line."""
+        """The messages of the load, one string for each line."""
 
     def __str__(self) -> str:
         return ": ".join([self.source, "; ".join(self.messages) or "no measurements"])
@@ -829,10 +833,10 @@ def load(path: str | bytes | os.PathLike[str] | os.PathLike[bytes], mode: Mode =
     """Loads a file.
 
     The mode "measurement" reads CGATS.17 / ISO 28178 files and their older form with a
-    seven-character identifier, "table" semicolon-separated tables; "auto" tries the first and, when
-    it fails, takes a table whose columns are known.
+    seven-character identifier. "table" reads semicolon-separated tables. "auto" tries "measurement"
+    first and, if that fails, accepts a table with known columns.
 
-    Raises OSError for a file that cannot be opened, MeasurementError for one that cannot be read.
+    Raises OSError if the file cannot be opened, and MeasurementError if it cannot be read.
     """
     encoded = os.fsencode(path)  # UTF-8 on Windows and macOS, the bytes of the name elsewhere
     if b"\0" in encoded:
@@ -851,7 +855,7 @@ def load(path: str | bytes | os.PathLike[str] | os.PathLike[bytes], mode: Mode =
 def load_bytes(
     data: bytes | bytearray | memoryview, name: str | None = None, mode: Mode = "auto"
 ) -> Chart:
-    """Loads the contents of a file. The name stands for its path; for the modes see load."""
+    """Loads the contents of a file. `name` replaces the path; load describes the modes."""
     block = data if isinstance(data, bytes) else bytes(memoryview(data))
     encoded = None if name is None else name.encode("utf-8", "surrogateescape")
     if encoded is not None and b"\0" in encoded:
@@ -870,7 +874,7 @@ def _load(parse: Callable[[ctypes.c_void_p], Any], source: str, mode: Mode) -> C
             return Chart(handle, source, "measurement")
         if mode == "measurement":
             raise MeasurementError(source, handle.messages())
-    # Keywords would stay in a handle that is loaded again.
+    # A new handle, because keywords stay in a handle that is loaded again.
     table = _Handle()
     _library.set_parse_mode(table.pointer, 1)
     if parse(table.pointer) and (mode == "table" or _has_known_columns(table)):
@@ -879,7 +883,7 @@ def _load(parse: Callable[[ctypes.c_void_p], Any], source: str, mode: Mode) -> C
 
 
 def _has_known_columns(table: _Handle) -> bool:
-    """Any text can be read as a table; a table that lacks the first ink still has one channel."""
+    """Any text can be read as a table. A table that lacks the first ink still has one channel."""
     pointer = table.pointer
     return bool(
         _library.num_patches(pointer) > 0

@@ -1,4 +1,4 @@
-# Looks for a sample, whole, in a page. Call: cmake -DPAGE=file -DSAMPLE=file -P check_shown.cmake
+# Checks that a page shows a whole sample. Call: cmake -DPAGE=file -DSAMPLE=file -P check_shown.cmake
 file(READ ${PAGE} page)
 file(READ ${SAMPLE} sample)
 string(FIND "${page}" "```c\n${sample}```" position)

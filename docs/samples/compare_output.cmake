@@ -1,4 +1,4 @@
-# Runs a sample and compares what it prints with what the guide shows.
+# Runs a sample and compares its output with the output that the guide shows.
 # Call: cmake -DCOMMAND=program;argument;... -DOUTPUT=file -P compare_output.cmake
 execute_process(
   COMMAND ${COMMAND}

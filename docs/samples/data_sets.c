@@ -1,4 +1,4 @@
-/* The patches of a chart, the same merged, and what the chart tells about its first channel. */
+/* Prints the merged patches of a chart and the wedge of its first channel. */
 #include <measdata.h>
 #include <stdio.h>
 

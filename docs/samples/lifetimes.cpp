@@ -1,4 +1,4 @@
-// What is to be kept is copied.
+// Copies results that it needs for longer than the library keeps them.
 #include <measdata.h>
 
 #include <cstdio>
@@ -8,7 +8,7 @@
 namespace {
 
 // [text]
-// Null, which stands for "the file does not tell", becomes an empty string.
+// Null means that the file has no such data. It becomes an empty string.
 std::string copy_of(const char* text) { return text == nullptr ? "" : text; }
 // [text]
 
@@ -20,7 +20,7 @@ int main(int argc, char** argv) {
   bool is_loaded = parse_file(parser, argv[1]) == 1;
 
   // [buffer]
-  // Each of these answers overwrites the one before.
+  // Each call overwrites the result of the previous call.
   const std::string maker = copy_of(device_manufacturer(parser));
   const std::string model = copy_of(device_model(parser));
   // [buffer]
@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
   if (const double* spectrum = get_spectrum_from_patch(parser, 0)) {
     kept.assign(spectrum, spectrum + spectral_size(parser));
   }
-  cleanup_parser(&parser);  // `spectrum` would point to nothing now, `kept` stays
+  cleanup_parser(&parser);  // invalidates `spectrum`, but not `kept`
   // [array]
 
   if (!is_loaded) return 1;

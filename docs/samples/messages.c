@@ -1,4 +1,4 @@
-/* Loads files one after the other and tells about each. */
+/* Loads several files and prints the result and the messages of each load. */
 #include <measdata.h>
 #include <stdio.h>
 

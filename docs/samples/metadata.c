@@ -1,4 +1,4 @@
-/* Prints what a file tells about instrument, measurement and sample. */
+/* Prints what a file says about instrument, measurement and sample. */
 #include <measdata.h>
 #include <stdio.h>
 

@@ -1,4 +1,4 @@
-/* Prints the wavelengths of a file and, for each patch, its own Lab and that of its spectrum. */
+/* Prints the wavelengths of a file and, for each patch, the ends of its spectrum and Lab. */
 #include <measdata.h>
 #include <stdio.h>
 

@@ -1,4 +1,4 @@
-// Loads files at the same time, each thread with a handle of its own.
+// Loads several files at the same time, with one handle for each thread.
 #include <measdata.h>
 
 #include <cstddef>

@@ -8,23 +8,22 @@
 
 namespace measkit {
 
-/// The length of the UTF-8 character that `text` begins with, 0 when the bytes are none. `text`
-/// must not be empty. `code` receives the character.
+/// Returns the length of the UTF-8 character at the start of `text`, 0 if the bytes are not UTF-8.
+/// `text` must not be empty. `code` receives the character.
 std::size_t utf8_length(std::string_view text, char32_t& code);
 
-/// Whether a character steers instead of showing: C0 and C1 controls, marks without width,
-/// separators of lines, what turns the direction of writing.
+/// Whether a character is a control: C0 and C1 controls, marks without width, line separators and
+/// changes of the writing direction.
 bool is_control(char32_t code);
 
-/// UTF-8 characters as they stand; control characters and bytes of other encodings as \xNN, so that
-/// nothing in a file can steer the terminal.
+/// Returns the text with control characters and bytes that are not UTF-8 as \xNN, so that a file
+/// cannot control the terminal.
 std::string printable(std::string_view text);
 
-/// The text as UTF-8: characters of it as they stand, other bytes as the Latin-1 that they mostly
-/// are.
+/// Returns the text as UTF-8. Bytes that are not UTF-8 are read as Latin-1.
 std::string utf8_of(std::string_view text);
 
-/// How many columns of a terminal a printable text takes, characters of double width left aside.
+/// The width of a printable text in terminal columns. Characters of double width count as one.
 std::size_t display_width(std::string_view printable_text);
 
 }  // namespace measkit

@@ -66,8 +66,9 @@ TEST(Patches, LabComesFromTheBestSourceThereIs) {
   const Loaded xyz(test::file_of(fields, "96.422 100 82.521\n"));
   EXPECT_EQ(xyz.lab(0), kNoTriple);
   EXPECT_EQ(xyz.xyz(0), (Triple{96.422, 100, 82.521}));
-  const Loaded last(flat_spectrum({500, 10, 1}, "0.5", fields, "96.422 100 82.521"));
-  EXPECT_EQ(last.lab(0), (Triple{100, 0, 0}));
+  // f is 1 for X and 1/2 for Y and Z.
+  const Loaded last(flat_spectrum({500, 10, 1}, "0.5", fields, "96.422 12.5 10.315125"));
+  expect_near(last.lab(0), {42, 250, 0}, 1e-9);
 }
 
 TEST(Patches, SpectraWithoutAWeightingTableNeverMeetOtherWeights) {
@@ -112,8 +113,8 @@ TEST(Patches, ContentsByForm) {
     int channels;
   } cases[] = {
       {"CMYK_C CMYK_M CMYK_Y CMYK_K SAMPLE_ID", "device id 0-0/0 x0", "100", 4},
-      {"CMY_Y CMY_M CMY_C LAB_L LAB_C LAB_H D_VIS", "device lch 0-0/0 x0", "010", 3},
-      {"RGB_R RGB_G RGB_B SAMPLE_LOC SampleName", "device loc name 0-0/0 x0", "001", 3},
+      {"CMY_Y CMY_M CMY_C LAB_L LAB_C LAB_H SampleName", "device lch name 0-0/0 x0", "010", 3},
+      {"RGB_R RGB_G RGB_B SAMPLE_LOC D_VIS", "device loc 0-0/0 x0", "001", 3},
       {"3CLR_1 3CLR_2 3CLR_3 LAB_L LAB_A LAB_B", "device lab color 0-0/0 x0", "000", 3},
       {"XYZ_X XYZ_Y XYZ_Z", "xyz 0-0/0 x0", "000", 0},
       {"GRAY nm500", "device spectral color 500-500/0 x1", "000", 1},

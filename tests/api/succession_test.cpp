@@ -75,16 +75,17 @@ TEST(Succession, MemoryOfTheHandleAsInput) {
                     row + row, "INK_NAME_5" + quoted + "\n");
   using Given = const char* (*)(void*);
   test::Handle handle;
-  for (const Given given : {
-           Given([](void* h) { return get_id_from_patch(h, 0); }),
-           Given([](void* h) { return get_loc_from_patch(h, 0); }),
-           Given([](void* h) { return get_name_from_patch(h, 0); }),
-           Given([](void* h) { return get_id_from_patch(pass_unique_data(h), 0); }),
-           Given([](void* h) { return get_loc_from_patch(pass_unique_data(h), 0); }),
-           Given([](void* h) { return get_name_from_index(h, 0); }),
-           Given([](void* h) { return get_device_channel_name(h, 4); }),
-           Given([](void* h) { return get_value_of_keyword(h, "INK_NAME_5"); }),
-       }) {
+  const Given texts[] = {
+      [](void* h) { return get_id_from_patch(h, 0); },
+      [](void* h) { return get_loc_from_patch(h, 0); },
+      [](void* h) { return get_name_from_patch(h, 0); },
+      [](void* h) { return get_id_from_patch(pass_unique_data(h), 0); },
+      [](void* h) { return get_loc_from_patch(pass_unique_data(h), 0); },
+      [](void* h) { return get_name_from_index(h, 0); },
+      [](void* h) { return get_device_channel_name(h, 4); },
+      [](void* h) { return get_value_of_keyword(h, "INK_NAME_5"); },
+  };
+  for (const Given given : texts) {
     set_parse_mode(handle, 0);
     ASSERT_EQ(handle.load(file), 1);
     set_parse_mode(handle, 1);
@@ -95,7 +96,7 @@ TEST(Succession, MemoryOfTheHandleAsInput) {
   ASSERT_EQ(handle.load(file), 1);
   const double* spectrum = get_spectrum_from_patch(handle, 0);
   EXPECT_EQ(parse_mem(handle, 8, reinterpret_cast<const char*>(spectrum), ""), 0);
-  EXPECT_EQ(parse_file(handle, "no/such/file"), 0);
+  EXPECT_EQ(handle.load("In\nIn 1\nIn 2\nIn 3\n" + std::string(200, '#')), 0);
   const std::string messages = handle.messages();
   EXPECT_EQ(parse_mem(handle, messages.size(), parse_messages(handle), ""), 0);
   EXPECT_EQ(handle.messages(), test::Loaded(messages).messages());

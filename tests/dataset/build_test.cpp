@@ -17,6 +17,12 @@ TEST(Build, TheStepIsThatOfTheFirstTwoBands) {
   EXPECT_EQ(spectral_step(Loaded(file_of("R_400 R_411 R_420", "1 2 3\n"))), 11.0);
 }
 
+TEST(Build, AllColumnsOfASemicolonTableHoldNumbers) {
+  const Loaded table("SAMPLE_NAME;LAB_L;LAB_A;LAB_B\na,b,c;1,5;;x\n", 1);
+  EXPECT_STREQ(get_name_from_patch(table, 0), "a.b,c");
+  EXPECT_EQ(table.lab(0), (test::Triple{1.5, 0, 0}));
+}
+
 TEST(Build, EveryDistinctValueIsCounted) {
   constexpr int kValues = 300;
   std::string rows;

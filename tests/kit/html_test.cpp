@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <initializer_list>
 #include <limits>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -92,10 +93,7 @@ TEST(SvgPath, StepsInTenthsWithoutDrifting) {
   EXPECT_EQ(path.data(), "m10 5 0 0 .1 0 0 0m-10.1-.5");
 }
 
-std::string page_of(const Chart& chart) {
-  const Chart* const charts[] = {&chart};
-  return html_of(charts);
-}
+std::string page_of(const Chart& chart) { return html_of(std::span(&chart, 1)); }
 
 // Whether the texts stand in the page in this order.
 bool holds_in_order(const std::string& page, std::initializer_list<std::string_view> texts) {

@@ -223,7 +223,7 @@ TEST(Reader, FieldIdentifiers) {
   } cases[] = {
       {"SAMPLE_ID # X", count, ""},
       {"SAMPLE_ID SPECTRAL_NM_380 SPECTRAL_NM_390", count + unknown("SPECTRAL_NM_380"), ""},
-      {"R_380 R_390 XYZ_Q nm5", count + unknown("R_380") + unknown("XYZ_Q") + unknown("nm5"), ""},
+      {"R_380 XYZ_Q nm5 R_390", count + unknown("R_380") + unknown("XYZ_Q") + unknown("nm5"), ""},
       {"nm380 nm390 OWN", count + unknown("nm380"), "KEYWORD OWN|"},
       {"SAMPLE_ID SAMPLE_ID", count + "Duplicate data format identifier 'SAMPLE_ID'!|", ""},
       {"SPOT_16 PC_9 PC1_2", count, ""},
@@ -251,6 +251,12 @@ TEST(Reader, DataCells) {
             " SAMPLE_NAME=");
   EXPECT_EQ(reader.value_as_double(0, 2), 1.234);
   EXPECT_EQ(reader.value_as_double(1, 1), -10.0);
+  // Commas stay in columns of text.
+  const std::string texts =
+      " SAMPLE_ID STRING SAMPLE_NO SampleID SampleName Sample_Name SAMPLE_NAME SAMPLE_LOC X";
+  EXPECT_EQ(tables_of("CGATS.17|BEGIN_DATA_FORMAT|" + texts + "|END_DATA_FORMAT|BEGIN_DATA|" +
+                      "1, 2, 3, 4, 5, 6, 7, 8, 9,|END_DATA|"),
+            "CGATS.17;" + texts + "; -1 -1; [1,] [2,] [3,] [4,] [5,] [6,] [7,] [8,] [9.]/;");
   // The second field list replaces the first, but not the kinds of its columns.
   const std::string two =
       "CGATS.17|KEYWORD SAMPLE_NAME|NUMBER_OF_FIELDS 2|BEGIN_DATA_FORMAT|SAMPLE_ID LAB_L|"

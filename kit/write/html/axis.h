@@ -13,14 +13,14 @@ struct Axis {
   double step = 1.0;  ///< of the ticks
 };
 
-/// The least axis that holds both values with no more than `most_steps` steps of 1, 2 or 5 times a
-/// power of ten.
+/// The smallest axis that contains both values, with at most `most_steps` steps of 1, 2 or 5 times
+/// a power of ten.
 Axis axis_over(double low, double high, int most_steps);
 
 /// The ticks from the first to the last.
 std::vector<double> ticks_of(const Axis& axis);
 
-/// A tick with the decimals that its axis needs.
+/// The label of a tick, with the decimals that the axis needs.
 std::string tick_text(const Axis& axis, double tick);
 
 /// The smallest and the largest of the values that can be drawn.

@@ -13,7 +13,7 @@ bool is_noncharacter(char32_t code) {
   return (code & 0xFFFEU) == 0xFFFEU || (code >= 0xFDD0 && code <= 0xFDEF);
 }
 
-// What stands for a character; empty when it stands for itself.
+// The HTML reference for a character; empty if it needs none.
 std::string_view substitute_of(char32_t code) {
   switch (code) {
     case '&':

@@ -56,10 +56,10 @@ std::string page_of(Views charts) {
 
 }  // namespace
 
-std::string html_of(std::span<const Chart* const> charts) {
+std::string html_of(std::span<const Chart> charts) {
   std::vector<View> views;
   views.reserve(charts.size());
-  for (const Chart* const chart : charts) views.push_back(view_of(*chart));
+  for (const Chart& chart : charts) views.push_back(view_of(chart));
   return page_of(views);
 }
 

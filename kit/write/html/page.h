@@ -11,7 +11,7 @@
 namespace measkit::html {
 
 /// The page. Several charts stand side by side, on the same scales.
-std::string html_of(std::span<const Chart* const> charts);
+std::string html_of(std::span<const Chart> charts);
 
 /// How the page looks: CSS that holds no character with a meaning in HTML.
 extern const std::string_view kStyle;

@@ -28,7 +28,7 @@ std::string coordinate(double value) {
 void SvgPath::add(double x, double y) {
   const long new_x = tenths_of(x);
   const long new_y = tenths_of(y);
-  // After an m all is relative; the first one starts from 0, 0.
+  // Coordinates after an m are relative; those of the first m start at 0, 0.
   data_ += is_down_ ? ' ' : 'm';
   append_tenths(data_, new_x - x_);
   if (new_y >= y_) data_ += ' ';
