@@ -57,6 +57,7 @@ class ColumnNamer {
     take_field_words();
     take_neighbours();
     take_scattered_groups();
+    if (!has_meaning()) return {};
     take_row_words();
     name_others();
     mark_device();
@@ -201,6 +202,16 @@ class ColumnNamer {
     for (const int field : roles_.device) {
       columns_[static_cast<std::size_t>(field)].kind = Column::Kind::number;
     }
+  }
+
+  // A quick look, since most lines name nothing.
+  bool has_meaning() const {
+    return std::any_of(columns_.begin(), columns_.end(),
+                       [](const Column& column) { return column.is_measured(); }) ||
+           std::any_of(header_.begin(), header_.end(), [](std::string_view cell) {
+             return cell.ends_with("CLR_1") || cell == "SPOT_1" ||
+                    (cell.starts_with("PC") && cell.ends_with("_1"));
+           });
   }
 
   bool is_understood() const {

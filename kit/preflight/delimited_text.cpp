@@ -124,22 +124,19 @@ std::size_t filled_width(const SheetCells& cells) {
 }
 
 std::string_view without_blanks(std::string_view text) {
-  for (bool is_done = false; !is_done;) {
-    is_done = true;
-    if (!text.empty() && is_blank(text.front())) {
-      text.remove_prefix(1);
-      is_done = false;
-    } else if (text.starts_with(kNoBreakSpace)) {
-      text.remove_prefix(kNoBreakSpace.size());
-      is_done = false;
-    }
-    if (!text.empty() && is_blank(text.back())) {
-      text.remove_suffix(1);
-      is_done = false;
-    } else if (text.ends_with(kNoBreakSpace)) {
-      text.remove_suffix(kNoBreakSpace.size());
-      is_done = false;
-    }
+  const auto trim = [&text] {
+    while (!text.empty() && is_blank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && is_blank(text.back())) text.remove_suffix(1);
+  };
+  trim();
+  constexpr char kLastByteOfMark = '\xA0';
+  while (!text.empty() &&
+         (text.front() == kNoBreakSpace.front() || text.back() == kLastByteOfMark)) {
+    const std::size_t size = text.size();
+    if (text.starts_with(kNoBreakSpace)) text.remove_prefix(kNoBreakSpace.size());
+    if (text.ends_with(kNoBreakSpace)) text.remove_suffix(kNoBreakSpace.size());
+    if (text.size() == size) break;
+    trim();
   }
   return text;
 }

@@ -27,7 +27,8 @@ class LineCursor {
 
   std::string_view line() const { return line_; }
   std::size_t number() const { return number_; }
-  /// Position in the text behind the line and its line break.
+  /// Positions in the text: of the line, and behind its line break.
+  std::size_t start() const { return static_cast<std::size_t>(line_.data() - text_.data()); }
   std::size_t end() const { return text_.size() - lines_.rest().size(); }
 
  private:

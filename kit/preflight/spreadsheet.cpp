@@ -90,7 +90,8 @@ class HeaderFinder {
     cut_cells(without_comment_sign(line.text), delimiter_, pool_, cells);
     cells.resize(filled_width(cells));
     constexpr std::size_t kLeastColumns = 2;
-    if (cells.size() < kLeastColumns) return std::nullopt;
+    if (cells.size() < kLeastColumns || cells.size() > cells_to_read_) return std::nullopt;
+    cells_to_read_ -= cells.size();
     Candidate candidate;
     candidate.sheet = {delimiter_, columns_named(cells), line.number, line.end, line.number + 1};
     if (candidate.sheet.columns.empty()) return std::nullopt;
@@ -98,7 +99,8 @@ class HeaderFinder {
   }
 
  private:
-  // Counts the rows that fit among the next lines; more than half of these should.
+  // Counts the rows that fit among the next lines; half of these should. When most have a cell more
+  // than the header line, the first is an id without a name.
   bool fit(Candidate& candidate, std::size_t first_row) const {
     constexpr std::size_t kMostLooked = 40;
     std::vector<Column>& columns = candidate.sheet.columns;
@@ -113,7 +115,7 @@ class HeaderFinder {
       if (shape.filled == columns.size() + 1) ++wider;
       if (shape.width >= columns.size() && shape.filled <= columns.size()) ++same;
     }
-    candidate.fitting_rows = std::max(same, wider);
+    candidate.fitting_rows = same + wider;
     candidate.understood = measured;
     const bool has_id = std::any_of(columns.begin(), columns.end(),
                                     [](const Column& c) { return c.name == "SAMPLE_ID"; });
@@ -128,6 +130,7 @@ class HeaderFinder {
   Delimiter delimiter_;
   TextPool pool_;
   std::vector<RowShape> shapes_;
+  std::size_t cells_to_read_ = 5 * kMostColumns;  // so that no file makes the search long
 };
 
 std::optional<Candidate> best_candidate(std::string_view text, const std::vector<Line>& lines) {

@@ -4,12 +4,12 @@
 #include "kit/preflight/decimal_text.h"
 #include "kit/preflight/number_block.h"
 #include "kit/preflight/sheet_rows.h"
+#include "kit/preflight/spectral_evidence.h"
 #include "kit/preflight/wavelength_names.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <cmath>
 #include <string>
 #include <utility>
 #include <vector>
@@ -27,18 +27,6 @@ struct BlockHeader {
   std::size_t wavelength_column = 0;
   bool names_wavelengths = false;
 };
-
-std::string small_letters_of(std::string_view text) {
-  std::string lower(text);
-  for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return lower;
-}
-
-bool contains_any(std::string_view text, std::initializer_list<std::string_view> words) {
-  return std::any_of(words.begin(), words.end(), [text](std::string_view word) {
-    return text.find(word) != std::string_view::npos;
-  });
-}
 
 // The names in one of the last lines above the numbers: the line that names the wavelengths, else
 // the last line of the right width.
@@ -72,12 +60,6 @@ BlockHeader header_of(const NumberBlock& block, TextPool& pool) {
   return header;
 }
 
-bool preamble_tells_spectra(const NumberBlock& block) {
-  return std::any_of(block.above.begin(), block.above.end(), [](const NumberBlock::Line& line) {
-    return contains_any(small_letters_of(line.text), {"wavelength", "spectr", "wellenl"});
-  });
-}
-
 std::vector<double> column_numbers(const NumberBlock& block, std::size_t column) {
   std::vector<double> values;
   for (std::size_t row = 0; row < block.rows(); ++row) {
@@ -85,88 +67,6 @@ std::vector<double> column_numbers(const NumberBlock& block, std::size_t column)
     values.push_back(is_number(cell) ? number_in(cell) : 0.0);
   }
   return values;
-}
-
-// How many values from the first on go in one direction.
-std::size_t length_of_run(const std::vector<double>& values) {
-  const bool is_rising = values[1] > values[0];
-  std::size_t size = 1;
-  while (size < values.size() && values[size] != values[size - 1] &&
-         (values[size] > values[size - 1]) == is_rising) {
-    ++size;
-  }
-  return size;
-}
-
-// The largest step by the smallest.
-double variation_of(const std::vector<double>& values) {
-  double smallest = HUGE_VAL, largest = 0.0;
-  for (std::size_t i = 1; i < values.size(); ++i) {
-    const double step = std::abs(values[i] - values[i - 1]);
-    smallest = std::min(smallest, step);
-    largest = std::max(largest, step);
-  }
-  return largest / smallest;
-}
-
-bool is_even(const std::vector<double>& values) {
-  const double step = (values.back() - values.front()) / static_cast<double>(values.size() - 1);
-  // Thirds of nanometres may be rounded to whole ones.
-  const double tolerance = std::abs(step) >= 2.0 ? 0.51 : 0.02 + 0.1 * std::abs(step);
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    const double even = values.front() + static_cast<double>(i) * step;
-    if (std::abs(values[i] - even) > tolerance) return false;
-  }
-  return true;
-}
-
-bool are_in_range(const std::vector<double>& nm, double shortest, double longest) {
-  const auto [low, high] = std::minmax(nm.front(), nm.back());
-  return low >= shortest && high <= longest;
-}
-
-// Even steps alone prove wavelengths when they go through the visible range, or a good part of it.
-bool are_proven_by_steps(const std::vector<double>& nm, bool has_words) {
-  constexpr std::size_t kLeastRows = 8;
-  if (nm.size() < kLeastRows) return false;
-  const auto [low, high] = std::minmax(nm.front(), nm.back());
-  const bool is_through_visible = are_in_range(nm, 170.0, 3000.0) && low <= 420.0 && high >= 680.0;
-  const bool is_within =
-      are_in_range(nm, 300.0, 1100.0) && std::min(high, 780.0) - std::max(low, 380.0) >= 100.0;
-  if (!is_through_visible && !is_within) return false;
-  return is_even(nm) || (has_words && variation_of(nm) <= 3.0);
-}
-
-// What the values are, as the words above them tell.
-enum class Quantity { unknown, reflectance, transmittance, emission, absorbance };
-
-bool has_word(std::string_view text, std::initializer_list<std::string_view> words) {
-  const auto is_letter = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; };
-  for (const std::string_view word : words) {
-    for (std::size_t at = text.find(word); at != std::string_view::npos;
-         at = text.find(word, at + 1)) {
-      const bool starts = at == 0 || !is_letter(text[at - 1]);
-      const std::size_t end = at + word.size();
-      if (starts && (end == text.size() || !is_letter(text[end]))) return true;
-    }
-  }
-  return false;
-}
-
-Quantity quantity_of(const NumberBlock& block, const BlockHeader& header) {
-  std::string above;
-  for (const NumberBlock::Line& line : block.above) above.append(line.text).append("\n");
-  above = small_letters_of(above);
-  if (contains_any(above, {"reflect"})) return Quantity::reflectance;
-  if (contains_any(above, {"transmi"})) return Quantity::transmittance;
-  const std::string names = small_letters_of(header.text);
-  if (contains_any(above, {"absorb"})) return Quantity::absorbance;
-  if (contains_any(above, {"irradiance", "radiance", "emission", "w/m2", "w/m^2", "w/nm"}) ||
-      contains_any(names, {"illuminant", "intensity", "counts"}) ||
-      has_word(names, {"spd", "power", "flux", "d50", "d55", "d65", "d75", "led", "lamp"})) {
-    return Quantity::emission;
-  }
-  return Quantity::unknown;
 }
 
 class TransposedReader {
@@ -177,15 +77,15 @@ class TransposedReader {
   // True when the block holds wavelengths down its rows.
   bool is_proven(WavelengthProof proof) {
     nm_ = column_numbers(block_, header_.wavelength_column);
-    run_ = length_of_run(nm_);
+    run_ = length_in_one_direction(nm_);
     constexpr std::size_t kLeastRun = 3;
     if (run_ < kLeastRun) return false;
     const std::vector<double> run(nm_.begin(), nm_.begin() + static_cast<std::ptrdiff_t>(run_));
-    const bool is_range = are_in_range(run, 170.0, 3000.0);
+    const bool is_range = may_be_wavelengths(run);
     if (proof == WavelengthProof::named) {
       return header_.names_wavelengths && is_range;
     }
-    return are_proven_by_steps(run, preamble_tells_spectra(block_));
+    return are_wavelengths_by_steps(run, tells_spectra(block_));
   }
 
   // Why the block is no table of samples; nothing when it is one.
@@ -196,8 +96,16 @@ class TransposedReader {
                          " nm: one column a sample, or one row a sample, would help.",
                      block_.first_line};
     }
+    constexpr std::size_t kMostWavelengths = 20000;
+    if (run_ > kMostWavelengths) {
+      return Refusal{kNotTransposed,
+                     std::to_string(run_) +
+                         " rows rise as wavelengths do, which is more than any "
+                         "spectrometer has: steps of 1 nm would help.",
+                     block_.first_line};
+    }
     choose_samples();
-    quantity_ = quantity_of(block_, header_);
+    quantity_ = quantity_of(block_, header_.text);
     const std::string range = rounded(nm_.front()) + " to " + rounded(nm_.back()) + " nm";
     if (samples_.empty()) {
       return Refusal{kNotTransposed, "Wavelengths run down the rows, but no column holds a sample.",

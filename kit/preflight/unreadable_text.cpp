@@ -1,12 +1,13 @@
 #include "kit/preflight/unreadable_text.h"
 
+#include "kit/preflight/column_names.h"
 #include "kit/preflight/decimal_text.h"
 #include "kit/preflight/delimited_text.h"
 #include "kit/preflight/line_cursor.h"
 
 #include <algorithm>
 #include <array>
-#include <vector>
+#include <utility>
 
 namespace measkit {
 namespace {
@@ -62,7 +63,17 @@ struct Survey {
   std::size_t width = 0, same_width = 0;  // of lines of numbers
   double first = 0.0, last = 0.0;         // in the first column of these
   bool is_rising = true;
-  std::size_t mixed_lines = 0;  // of three cells or more, with words and numbers
+  std::size_t mixed_lines = 0;  // with words and numbers
+  std::string names;            // of the line of words right above the first numbers
+  bool names_wavelengths = false;
+  Delimiter delimiter = Delimiter::comma;
+
+  std::size_t rows() const { return number_lines + mixed_lines; }
+  // A line of numbers alone proves more than one of words and numbers.
+  bool is_better_than(const Survey& other) const {
+    const std::size_t rank = rows() + number_lines, other_rank = other.rows() + other.number_lines;
+    return rank != other_rank ? rank > other_rank : width > other.width;
+  }
 };
 
 void add_numbers(const SheetCells& cells, std::size_t number, Survey& survey) {
@@ -79,8 +90,26 @@ void add_numbers(const SheetCells& cells, std::size_t number, Survey& survey) {
   if (filled_width(cells) == survey.width) ++survey.same_width;
 }
 
+void remember_names(const SheetCells& cells, Survey& survey) {
+  constexpr std::size_t kMostNames = 6, kLongestName = 24;
+  survey.names.clear();
+  survey.names_wavelengths = std::any_of(cells.begin(), cells.end(), means_wavelength);
+  if (cells.size() < 2 || survey.delimiter == Delimiter::blanks) return;
+  for (std::size_t i = 0; i < std::min(cells.size(), kMostNames); ++i) {
+    if (cells[i].size() > kLongestName) {
+      survey.names.clear();
+      return;
+    }
+    survey.names.append(i == 0 ? "" : ", ").append(cells[i]);
+  }
+  if (cells.size() > kMostNames) {
+    survey.names += " and " + std::to_string(cells.size() - kMostNames) + " more";
+  }
+}
+
 Survey survey_of(std::string_view text, Delimiter delimiter) {
   Survey survey;
+  survey.delimiter = delimiter;
   SheetCells cells;
   TextPool pool;
   for (LineCursor lines(text); lines.next();) {
@@ -89,10 +118,11 @@ Survey survey_of(std::string_view text, Delimiter delimiter) {
     cut_cells(lines.line(), delimiter, pool, cells);
     const auto numbers =
         static_cast<std::size_t>(std::count_if(cells.begin(), cells.end(), is_number));
-    if (numbers == 0) continue;
-    if (std::all_of(cells.begin(), cells.end(), is_number_or_missing)) {
+    if (numbers == 0) {
+      if (survey.rows() == 0) remember_names(cells, survey);
+    } else if (std::all_of(cells.begin(), cells.end(), is_number_or_missing)) {
       add_numbers(cells, lines.number(), survey);
-    } else if (cells.size() > 2) {
+    } else if (cells.size() > (delimiter == Delimiter::blanks ? 2U : 1U)) {
       ++survey.mixed_lines;
     }
   }
@@ -103,28 +133,40 @@ std::string counted(std::size_t count, std::string_view one) {
   return std::to_string(count) + " " + std::string(one) + (count == 1 ? "" : "s");
 }
 
-constexpr std::string_view kNamesWouldHelp =
-    " A first line that names the columns, such as SAMPLE_ID,LAB_L,LAB_A,LAB_B, would help.";
-
-Refusal list_of_numbers(const Survey& survey) {
-  const bool is_one_width = survey.same_width == survey.number_lines;
-  std::string sentence = survey.number_lines == 1 ? "One line of " + counted(survey.width, "number")
-                         : is_one_width ? "A list of " + counted(survey.number_lines, "line") +
-                                              " of " + counted(survey.width, "number")
-                                        : "A list of " + counted(survey.number_lines, "line") +
-                                              " with different counts of numbers";
-  sentence += " without names: what they mean is not guessed.";
+bool may_be_micrometres(const Survey& survey) {
   constexpr double kShortest = 0.2, kLongest = 3.0;
-  const bool may_be_micrometres = survey.is_rising && survey.number_lines > 2 &&
-                                  survey.first >= kShortest && survey.last <= kLongest;
-  if (may_be_micrometres) {
-    sentence += " The first column rises from " + rounded(survey.first) + " to " +
-                rounded(survey.last) +
-                ", as wavelengths in micrometres do: wavelengths in nm would help.";
-  } else {
-    sentence += kNamesWouldHelp;
+  return survey.is_rising && survey.number_lines > 2 && survey.first >= kShortest &&
+         survey.last <= kLongest;
+}
+
+std::string what_would_help(const Survey& survey) {
+  if (may_be_micrometres(survey)) {
+    return " The first column rises from " + rounded(survey.first) + " to " + rounded(survey.last) +
+           ", as wavelengths in micrometres do: wavelengths in nm would help.";
   }
-  return {"names-missing", sentence, survey.first_number_line};
+  if (survey.names_wavelengths) {
+    return " One column a sample, or one row a sample and one column a wavelength, would help.";
+  }
+  return " A first line that names the columns, such as SAMPLE_ID,LAB_L,LAB_A,LAB_B, would help.";
+}
+
+std::string what_was_seen(const Survey& survey, bool is_whole) {
+  const std::string more = is_whole ? "" : "more than ";
+  const std::string lines = more + counted(survey.lines, "line");
+  if (survey.lines == 0) return "A long line without a table of numbers.";
+  if (survey.rows() == 0) return "A text of " + lines + " without a table of numbers.";
+  if (survey.number_lines == survey.lines) {
+    const std::string numbers = survey.same_width == survey.lines
+                                    ? "of " + counted(survey.width, "number")
+                                    : "with different counts of numbers";
+    return "A list of " + lines + " " + numbers + " without names: what they mean is not guessed.";
+  }
+  if (!survey.names.empty()) {
+    return "A table of " + more + counted(survey.rows(), "row") + " with the columns " +
+           survey.names + ": they do not tell colours, inks or spectra.";
+  }
+  return "A text of " + lines + ", " + std::to_string(survey.rows()) +
+         " of them with numbers, but no line names columns of colours, inks or wavelengths.";
 }
 
 }  // namespace
@@ -154,25 +196,18 @@ std::optional<Refusal> refusal_of_kind(std::string_view text) {
   return std::nullopt;
 }
 
-Refusal refusal_without_names(std::string_view text) {
-  Survey best;
-  bool is_first = true;
+Refusal refusal_without_names(std::string_view whole_text) {
+  constexpr std::size_t kLook = std::size_t{1} << 20U;  // bytes that tell enough
+  const bool is_whole = whole_text.size() <= kLook;
+  std::string_view text = whole_text.substr(0, kLook);
+  if (!is_whole) text = text.substr(0, text.find_last_of("\r\n"));
+  Survey best = survey_of(text, kDelimiters.front());
   for (const Delimiter delimiter : kDelimiters) {
-    const Survey survey = survey_of(text, delimiter);
-    const auto rank = [](const Survey& s) { return 2 * s.number_lines + s.mixed_lines; };
-    const bool is_wider = rank(survey) == rank(best) && survey.width > best.width;
-    if (is_first || rank(survey) > rank(best) || is_wider) best = survey;
-    is_first = false;
+    Survey survey = survey_of(text, delimiter);
+    if (survey.is_better_than(best)) best = std::move(survey);
   }
-  if (best.number_lines == best.lines) return list_of_numbers(best);
-  std::string sentence = "A text of " + counted(best.lines, "line");
-  if (best.number_lines + best.mixed_lines == 0) {
-    sentence += " without a table of numbers.";
-  } else {
-    sentence += ", " + std::to_string(best.number_lines + best.mixed_lines) +
-                " of them with numbers, but no line names columns of colours, inks or wavelengths.";
-  }
-  return {"no-table", sentence.append(kNamesWouldHelp), 0};
+  return {best.rows() == 0 ? "no-table" : "names-missing",
+          what_was_seen(best, is_whole) + what_would_help(best), best.first_number_line};
 }
 
 }  // namespace measkit

@@ -130,7 +130,8 @@ void fill_conditions(View& view, const Chart& chart) {
   for (const auto& condition : conditions) {
     if (condition.stated) {
       const std::string& value = condition.stated->value;
-      const bool is_number = !value.empty() && value.find_first_not_of("0123456789") == value.npos;
+      const bool is_number =
+          !value.empty() && value.find_first_not_of("0123456789") == std::string::npos;
       view.conditions.push_back({condition.name,
                                  html_text(value, kLongValue) + (is_number ? condition.unit : ""),
                                  source_of(*condition.stated, shown_words)});
