@@ -62,7 +62,8 @@ std::string process_colour_name(const std::vector<HeaderLine>& header, std::size
   const std::string start = std::to_string(channels) + " " + std::to_string(channel + 1) + " ";
   for (const HeaderLine& line : header) {
     if (line.keyword == "PROCESSCOLOR_ID" && line.value.starts_with(start)) {
-      return std::string(without_quotes(std::string_view(line.value).substr(start.size())));
+      const std::string_view value = line.value;
+      return std::string{without_quotes(value.substr(start.size()))};
     }
   }
   return {};

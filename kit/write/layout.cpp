@@ -37,17 +37,18 @@ std::string shortened(std::string_view text, std::size_t width) {
   constexpr std::string_view kDots = "...";
   // Each character takes at most 4 bytes here, so a longer text need not be looked at.
   const std::size_t most_bytes = 4 * (width + 1);
-  const std::string line = printable(text.substr(0, most_bytes));
+  std::string line = printable(text.substr(0, most_bytes));
   if (text.size() <= most_bytes && display_width(line) <= width) return line;
   const std::size_t room = width - std::min(width, kDots.size());
-  return line.substr(0, bytes_of_columns(line, room)).append(kDots);
+  line.resize(bytes_of_columns(line, room));
+  return line.append(kDots);
 }
 
 std::vector<std::string> wrapped(std::string_view text, std::size_t width) {
   const std::string line = printable(text);
   std::string_view rest = line;
   std::vector<std::string> lines;
-  for (std::size_t room; (room = bytes_of_columns(rest, width)) < rest.size();) {
+  for (std::size_t room = 0; (room = bytes_of_columns(rest, width)) < rest.size();) {
     const std::size_t blank = rest.rfind(' ', room);
     const bool is_breakable = blank != std::string_view::npos && blank != 0;
     const std::size_t end = is_breakable ? blank : room;
