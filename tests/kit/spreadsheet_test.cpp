@@ -146,6 +146,7 @@ TEST(Sheets, WithoutMeaningAreRefusedInASentence) {
       {"int main() {\n  int r, g, b;\n  return 0;\n}\n", "no-table", "4 lines"},
       {"1 2 3\n4 5 6\n", "names-missing", "2 lines of 3 numbers"},
       {"400 1\n410 1\n420 1\n430 1\n440 1\n450 1\n460 1\n470 1\n", "names-missing", "8 lines"},
+      {"380 1\n400 1\n430 1\n500 1\n510 1\n600 1\n640 1\n700 1\n", "names-missing", "8 lines"},
       {"0.4 1\n0.5 2\n0.6 3\n", "names-missing", "micrometres"},
       {"wl,x,y,z\n400,1,2,3\n410,1,2,3\n420,1,2,3\n", "no-table", "matching functions"},
       {"nm,a\n900,1\n910,1\n920,1\n", "no-table", "nothing is seen"},
