@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <string>
 #include <utility>
@@ -181,7 +182,7 @@ void take_keywords(const std::vector<Line>& lines, const Sheet& sheet, Table& ta
 }
 
 // Names as they were and as they are read, as far as they fit into a sentence.
-void tell_names(const SheetCells& header, const Sheet& sheet, Table& table) {
+void tell_names(const SheetCells& header, const Sheet& sheet, bool has_xyz, Table& table) {
   constexpr std::size_t kMostNames = 12;
   std::string told;
   std::size_t count = 0, spectral = 0;
@@ -190,7 +191,8 @@ void tell_names(const SheetCells& header, const Sheet& sheet, Table& table) {
     const Column& column = sheet.columns[i + offset];
     if (column.kind == Column::Kind::wavelength) ++spectral;
     if (column.kind == Column::Kind::wavelength || column.kind == Column::Kind::other ||
-        column.name == header[i] || ++count > kMostNames) {
+        column.name == header[i] || (!has_xyz && column.name.starts_with("XYZ_")) ||
+        ++count > kMostNames) {
       continue;
     }
     told += (told.empty() ? "" : ", ") +
@@ -211,6 +213,63 @@ void tell_names(const SheetCells& header, const Sheet& sheet, Table& table) {
                      sheet.header_line);
 }
 
+// The cells of the line that names the columns.
+SheetCells header_cells(std::string_view text, const Sheet& sheet, TextPool& pool) {
+  SheetCells cells;
+  LineCursor cursor(text);
+  while (cursor.next() && cursor.number() != sheet.header_line) {
+  }
+  cut_cells(without_comment_sign(without_blanks(cursor.line())), sheet.delimiter, pool, cells);
+  cells.resize(filled_width(cells));
+  return cells;
+}
+
+// Points in space are negative somewhere; chromaticities x, y and z add up to 1.
+bool are_tristimulus_values(Table& table, const FieldTriple& fields) {
+  constexpr double kLeastMeasured = -1.0, kRounding = 0.01;
+  bool is_sum_one = true;
+  const std::vector<double> x = table.numbers(fields[0]), y = table.numbers(fields[1]),
+                            z = table.numbers(fields[2]);
+  for (std::size_t row = 0; row < x.size(); ++row) {
+    if (std::min({x[row], y[row], z[row]}) < kLeastMeasured) return false;
+    is_sum_one = is_sum_one && std::abs(x[row] + y[row] + z[row] - 1.0) <= kRounding;
+  }
+  return !is_sum_one;
+}
+
+// Small letters x, y and z may be XYZ, but also something else, which the numbers tell. True when
+// these columns were given their own names back.
+bool set_other_xyz_aside(const SheetCells& header, Table& table) {
+  const auto position_of = [&table](std::string_view name) {
+    const auto names = table.field_names();
+    const auto found = std::find(names.begin(), names.end(), name);
+    return found == names.end() ? kNoField : static_cast<int>(found - names.begin());
+  };
+  const FieldTriple fields = {position_of("XYZ_X"), position_of("XYZ_Y"), position_of("XYZ_Z")};
+  static constexpr std::array<std::string_view, 3> kSmall = {"x", "y", "z"};
+  const bool are_small =
+      std::all_of(kSmall.begin(), kSmall.end(), [&header](std::string_view name) {
+        return std::find(header.begin(), header.end(), name) != header.end();
+      });
+  if (!are_small || !is_complete(fields) || are_tristimulus_values(table, fields)) return false;
+  for (std::size_t i = 0; i < kSmall.size(); ++i) table.rename(fields[i], std::string(kSmall[i]));
+  table.findings.add(Severity::doubtful, "xyz-doubtful",
+                     "The columns x, y and z hold no XYZ: they are negative or add up to 1.",
+                     table.data_line);
+  return true;
+}
+
+bool has_meaning(const Roles& roles) {
+  return roles.has_device() || roles.has_lab() || roles.has_xyz() || roles.has_lch() ||
+         roles.has_xyy() || roles.has_spectra() || !roles.densities.empty();
+}
+
+// Inks of more than four letters get their role later.
+bool has_inks(const Sheet& sheet) {
+  return std::any_of(sheet.columns.begin(), sheet.columns.end(),
+                     [](const Column& column) { return column.name.starts_with("CMYK"); });
+}
+
 std::optional<Table> read_sheet(std::string_view text) {
   const std::vector<Line> lines = first_lines(text);
   const std::optional<Candidate> candidate = best_candidate(text, lines);
@@ -218,23 +277,19 @@ std::optional<Table> read_sheet(std::string_view text) {
   const Sheet& sheet = candidate->sheet;
   Table table = read_rows(text, sheet);
   if (table.row_count() == 0) return std::nullopt;
+  const SheetCells header = header_cells(text, sheet, table.pool);
+  const bool has_xyz = !set_other_xyz_aside(header, table);
+  if (!has_meaning(table.roles()) && !has_inks(sheet)) return std::nullopt;
   take_keywords(lines, sheet, table);
   table.findings.add(
       Severity::repaired, "spreadsheet",
       "A table without the frame of a measurement file: " + std::to_string(table.row_count()) +
-          " rows of " + std::to_string(sheet.columns.size()) + " cells at " +
+          (table.row_count() == 1 ? " row" : " rows") + " of " +
+          std::to_string(sheet.columns.size()) + " cells at " +
           std::string(plural_of(sheet.delimiter)) + ", named in line " +
           std::to_string(sheet.header_line) + ".",
       sheet.header_line);
-  SheetCells header;
-  for (LineCursor cursor(text); cursor.next();) {
-    if (cursor.number() != sheet.header_line) continue;
-    cut_cells(without_comment_sign(without_blanks(cursor.line())), sheet.delimiter, table.pool,
-              header);
-    header.resize(filled_width(header));
-    break;
-  }
-  tell_names(header, sheet, table);
+  tell_names(header, sheet, has_xyz, table);
   return table;
 }
 

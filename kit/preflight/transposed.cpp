@@ -200,11 +200,9 @@ class TransposedReader {
     return letters == "xyz" || letters == "lms";
   }
 
-  bool is_kept(double nm) const { return nm >= kShortestWavelength && nm <= kLongestWavelength; }
+  static bool is_kept(double nm) { return nm >= kShortestWavelength && nm <= kLongestWavelength; }
   std::size_t first_kept() const {
-    return static_cast<std::size_t>(
-        std::find_if(nm_.begin(), nm_.end(), [this](double nm) { return is_kept(nm); }) -
-        nm_.begin());
+    return static_cast<std::size_t>(std::find_if(nm_.begin(), nm_.end(), is_kept) - nm_.begin());
   }
 
   // The rows that are kept, in the order of rising wavelengths.

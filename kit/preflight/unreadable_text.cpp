@@ -187,7 +187,8 @@ std::optional<Refusal> refusal_of_kind(std::string_view text) {
       content.starts_with("<html")) {
     return Refusal{"xml", "The file is a web page: its table saved as text would help.", 0};
   }
-  if (content.starts_with("<?xml") || (content.front() == '<' && head.find("</") != head.npos)) {
+  if (content.starts_with("<?xml") ||
+      (content.front() == '<' && head.find("</") != std::string_view::npos)) {
     return Refusal{"xml",
                    "The file is XML, which is not read: the same measurements exported as a text "
                    "table would help.",

@@ -82,6 +82,9 @@ INSTANTIATE_TEST_SUITE_P(
              "SAMPLE_ID XYY_CAPY XYY_X XYY_Y LAB_L LAB_A LAB_B XYZ_X XYZ_Y XYZ_Z|"
              "A1 20 0.25 0.5 50 1 2 10 20 10",
              "spreadsheet field-names xyz-added"},
+        Case{"name,C,M,Y,K,O,V\np,1,2,3,4,5,6\n",
+             "SAMPLE_NAME 6CLR_1 6CLR_2 6CLR_3 6CLR_4 6CLR_5 6CLR_6|p 1 2 3 4 5 6",
+             "spreadsheet field-names ink-letters"},
         // Rows that do not fit; what is no number.
         Case{"L,a,b\n50,1,2\n40,1\n30,n/a,2\n20,1,2,9\nmean,,\n",
              "LAB_L LAB_A LAB_B|50 1 2|30 nan 2|20 1 2",
@@ -143,11 +146,14 @@ TEST(Sheets, WithoutMeaningAreRefusedInASentence) {
       {"int main() {\n  int r, g, b;\n  return 0;\n}\n", "no-table", "4 lines"},
       {"1 2 3\n4 5 6\n", "names-missing", "2 lines of 3 numbers"},
       {"400 1\n410 1\n420 1\n430 1\n440 1\n450 1\n460 1\n470 1\n", "names-missing", "8 lines"},
+      {"380 1\n400 1\n430 1\n500 1\n510 1\n600 1\n640 1\n700 1\n", "names-missing", "8 lines"},
       {"0.4 1\n0.5 2\n0.6 3\n", "names-missing", "micrometres"},
       {"wl,x,y,z\n400,1,2,3\n410,1,2,3\n420,1,2,3\n", "no-table", "matching functions"},
       {"nm,a\n900,1\n910,1\n920,1\n", "no-table", "nothing is seen"},
       {"nm,a\n400,1\n410,1\n420,1\n400,2\n", "no-table", "start again"},
       {"name,nm,R\na,400,1\na,410,1\nb,400,1\n", "names-missing", "One column a sample"},
+      {"x,y,z\n0.3,0.3,0.4\n0.2,0.5,0.3\n", "names-missing", "x, y, z"},
+      {"x,y,z\n5,6,7\n-4,2,9\n", "names-missing", "x, y, z"},
       {"L,a,b\n", "no-table", "without a table"},
   };
   for (const Refused& refused : cases) {
