@@ -15,8 +15,8 @@ LoadedText load_as_it_stands(std::string_view bytes, const char* name, bool& is_
   if (file.is_loaded()) return file;
   LoadedText table(bytes, name, 1);
   void* const handle = table.handle();
-  const bool has_known_columns = num_device_channels(handle) == 4 || has_color_data(handle) == 1 ||
-                                 has_xyz_data(handle) == 1;
+  const bool has_known_columns =
+      num_device_channels(handle) == 4 || has_color_data(handle) == 1 || has_xyz_data(handle) == 1;
   is_semicolon_table = table.is_loaded() && num_patches(handle) > 0 && has_known_columns;
   return is_semicolon_table ? std::move(table) : std::move(file);
 }
@@ -30,7 +30,9 @@ std::string_view base_name(std::string_view path) {
 std::unique_ptr<Document> Document::open_file(const std::string& path, Opening opening) {
   std::unique_ptr<Document> document(new Document(path, opening));
   switch (document->file_.read(path.c_str())) {
-    case FileStatus::ok: document->read(document->file_.text()); break;
+    case FileStatus::ok:
+      document->read(document->file_.text());
+      break;
     case FileStatus::not_opened:
       document->preflighted_.findings.add(Severity::lost, "not-opened",
                                           "The file cannot be opened.");
@@ -84,11 +86,14 @@ bool Document::has_patches() const {
                      [](const auto& plain) { return num_patches(plain->loaded.handle()) > 0; });
 }
 
-bool Document::has_other_than_notes() const {
+bool Document::has_other_than_notes() {
+  const auto is_more_than_note = [](const Finding& finding) {
+    return finding.severity != Severity::note;
+  };
   return findings().has_other_than_notes() ||
-         std::any_of(
-             preflighted_.tables.begin(), preflighted_.tables.end(),
-             [](const auto& plain) { return plain->table.findings.has_other_than_notes(); });
+         std::ranges::any_of(charts(), [&](const Chart& chart) {
+           return std::ranges::any_of(chart.findings, is_more_than_note);
+         });
 }
 
 std::span<const Chart> Document::charts() {

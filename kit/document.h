@@ -23,8 +23,7 @@ class Document {
  public:
   /// Reads the file named by a UTF-8 path. A file that cannot be read has no charts, but a finding.
   static std::unique_ptr<Document> open_file(const std::string& path, Opening opening);
-  static std::unique_ptr<Document> open_block(std::string bytes, std::string name,
-                                              Opening opening);
+  static std::unique_ptr<Document> open_block(std::string bytes, std::string name, Opening opening);
 
   const std::string& name() const { return name_; }
   const Findings& findings() const { return preflighted_.findings; }
@@ -34,7 +33,7 @@ class Document {
   /// True when a chart has patches.
   bool has_patches() const;
   /// True when something was repaired, is doubtful or is lost.
-  bool has_other_than_notes() const;
+  bool has_other_than_notes();
 
   /// The charts as values, made at the first call.
   std::span<const Chart> charts();

@@ -7,14 +7,13 @@
 #include <algorithm>
 #include <climits>
 #include <cstddef>
-#include <new>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
 using measkit::Document;
 using measkit::Finding;
-using measkit::Findings;
 using measkit::Opening;
 
 struct mk_document {
@@ -40,17 +39,28 @@ bool has_chart(const mk_document* document, int chart) {
          static_cast<std::size_t>(chart) < document->document->size();
 }
 
-const Findings* findings_of(const mk_document* document, int chart) {
-  if (document != nullptr && chart == -1) return &document->document->findings();
-  if (!has_chart(document, chart)) return nullptr;
-  return &document->document->plain(static_cast<std::size_t>(chart)).table.findings;
+struct FindingList {
+  std::span<const Finding> list;
+  std::size_t more;
+};
+
+// Those of a chart are known when it is gathered.
+FindingList findings_of(const mk_document* document, int chart) noexcept {
+  if (document != nullptr && chart == -1) {
+    const measkit::Findings& findings = document->document->findings();
+    return {findings.list(), findings.more()};
+  }
+  if (!has_chart(document, chart)) return {};
+  return guarded<FindingList>({}, [=] {
+    const measkit::Chart& gathered = document->document->charts()[static_cast<std::size_t>(chart)];
+    return FindingList{gathered.findings, gathered.more_findings};
+  });
 }
 
-const Finding* finding_at(const mk_document* document, int chart, int position) {
-  const Findings* findings = findings_of(document, chart);
-  const bool exists = findings != nullptr && position >= 0 &&
-                      static_cast<std::size_t>(position) < findings->list().size();
-  return exists ? &findings->list()[static_cast<std::size_t>(position)] : nullptr;
+const Finding* finding_at(const mk_document* document, int chart, int position) noexcept {
+  const std::span<const Finding> list = findings_of(document, chart).list;
+  const bool exists = position >= 0 && static_cast<std::size_t>(position) < list.size();
+  return exists ? &list[static_cast<std::size_t>(position)] : nullptr;
 }
 
 int count_of(std::size_t count) {
@@ -65,8 +75,7 @@ Opening opening_of(mk_options options) {
 
 mk_document* mk_open_file(const char* path, mk_options options) noexcept {
   return guarded<mk_document*>(nullptr, [=] {
-    return new mk_document{
-        Document::open_file(path == nullptr ? "" : path, opening_of(options))};
+    return new mk_document{Document::open_file(path == nullptr ? "" : path, opening_of(options))};
   });
 }
 
@@ -120,13 +129,11 @@ const char* mk_plain_text(mk_document* document, int chart, std::size_t* length)
 }
 
 int mk_num_findings(const mk_document* document, int chart) noexcept {
-  const Findings* findings = findings_of(document, chart);
-  return findings == nullptr ? 0 : count_of(findings->list().size());
+  return count_of(findings_of(document, chart).list.size());
 }
 
 int mk_num_more_findings(const mk_document* document, int chart) noexcept {
-  const Findings* findings = findings_of(document, chart);
-  return findings == nullptr ? 0 : count_of(findings->more());
+  return count_of(findings_of(document, chart).more);
 }
 
 const char* mk_finding_code(const mk_document* document, int chart, int finding) noexcept {
@@ -152,8 +159,9 @@ int mk_finding_line(const mk_document* document, int chart, int finding) noexcep
 const char* mk_json(mk_document* document) noexcept {
   if (document == nullptr) return nullptr;
   return guarded<const char*>(nullptr, [=] {
-    if (document->json.empty()) document->json = measkit::to_json(document->document->name(), document->document->charts(),
-                                       document->document->findings());
+    if (document->json.empty())
+      document->json = measkit::to_json(document->document->name(), document->document->charts(),
+                                        document->document->findings());
     return document->json.c_str();
   });
 }

@@ -1,8 +1,8 @@
 /** @file
  *  measkit: opens colour-measurement files as they really are.
  *
- *  Real files deviate from the format: counts are wrong, spectra are in percent, XYZ stands alone, a
- *  spreadsheet dropped the frame. measkit makes a plain measurement file of each table in a file,
+ *  Real files deviate from the format: counts are wrong, spectra are in percent, XYZ stands alone,
+ * a spreadsheet dropped the frame. measkit makes a plain measurement file of each table in a file,
  *  says in findings what it met and what it did, and gives a handle of measdata.h for each, so that
  *  every function of that header can be asked. A file that needs nothing is not changed.
  *
@@ -82,15 +82,16 @@ MEASKIT_API int mk_num_charts(const mk_document* document) MEASKIT_NOEXCEPT;
 MEASKIT_API const char* mk_chart_name(const mk_document* document, int chart) MEASKIT_NOEXCEPT;
 
 /** The chart's handle for all functions of measdata.h. It has the chart's plain text loaded. Do not
- *  release it with cleanup_parser. Loading something else into it changes the answers of mk_json and
- *  mk_html.
+ *  release it with cleanup_parser. Loading something else into it changes the answers of mk_json
+ * and mk_html.
  *
- *  The library does not merge repeats of a file with densities. For a chart with densities and other
- *  colours the handle therefore has the plain text without densities; mk_plain_text keeps them. */
+ *  The library does not merge repeats of a file with densities. For a chart with densities and
+ * other colours the handle therefore has the plain text without densities; mk_plain_text keeps
+ * them. */
 MEASKIT_API void* mk_chart_handle(const mk_document* document, int chart) MEASKIT_NOEXCEPT;
 
-/** The chart as a plain measurement file. Writes its size in bytes to `*length`, unless that is null.
- *  A file that needs no repair is returned byte for byte. */
+/** The chart as a plain measurement file. Writes its size in bytes to `*length`, unless that is
+ * null. A file that needs no repair is returned byte for byte. */
 MEASKIT_API const char* mk_plain_text(mk_document* document, int chart,
                                       size_t* length) MEASKIT_NOEXCEPT;
 
@@ -137,7 +138,8 @@ MEASKIT_API int mk_finding_line(const mk_document* document, int chart,
 /** @defgroup answers Answers
  *  @{ */
 
-/** Everything that is known of the document as a JSON object. The text is made at the first call. */
+/** Everything that is known of the document as a JSON object. The text is made at the first call.
+ */
 MEASKIT_API const char* mk_json(mk_document* document) MEASKIT_NOEXCEPT;
 
 /** The document's charts as a page of HTML without scripts, side by side. The text is made at the

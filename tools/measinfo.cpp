@@ -36,13 +36,13 @@ constexpr std::string_view kUsage =
 constexpr std::array<tools::Option, 6> kOptions = {
     {{"--all"}, {"--json"}, {"--plain"}, {"--table", true}, {"--as-is"}, {"--strict"}}};
 
-bool is_good(const Document& document, const CommandLine& line) {
+bool is_good(Document& document, const CommandLine& line) {
   const bool is_clean = !line.has("--strict") || !document.has_other_than_notes();
   if (!document.has_patches()) tools::tell_unreadable("measinfo", document);
   return document.has_patches() && is_clean;
 }
 
-int print_plain_text(const CommandLine& line, const Document& document) {
+int print_plain_text(const CommandLine& line, Document& document) {
   const int table = line.has("--table") ? line.count_of("--table") : 1;
   if (table == 0) return tools::kBadCall;
   const auto chart = static_cast<std::size_t>(table) - 1;

@@ -6,7 +6,7 @@
 #include <array>
 #include <cctype>
 #include <cmath>
-#include <optional>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -69,11 +69,12 @@ std::string_view format_name_of(std::string_view name) {
 
 void use_format_spelling(Table& table) {
   std::string told;
-  const std::vector<std::string_view> names = table.field_names();
-  for (std::size_t i = 0; i < names.size(); ++i) {
+  std::set<std::string> names;
+  for (const Field& field : table.fields) names.insert(field.name);
+  for (std::size_t i = 0; i < table.fields.size(); ++i) {
     const std::string old(table.fields[i].name);
     const std::string_view name = format_name_of(old);
-    if (name == old || std::find(names.begin(), names.end(), name) != names.end()) continue;
+    if (name == old || !names.insert(std::string(name)).second) continue;
     told += (told.empty() ? "" : ", ") + old + " as " + std::string(name);
     table.rename(static_cast<int>(i), std::string(name));
   }
@@ -104,15 +105,14 @@ constexpr std::array<InkName, 15> kInkNames = {{{'C', "Cyan"},
                                                 {'N', "Black"}}};
 
 // The letters of a set such as CMYKOG, when fields CMYKOG_C, CMYKOG_M and so on exist for them all.
-std::string_view letter_set_in(std::string_view field, const std::vector<std::string_view>& names) {
+std::string_view letter_set_in(std::string_view field, const std::set<std::string>& names) {
   const std::size_t end = field.find('_');
   if (end == std::string_view::npos || end + 2 != field.size() || end > kMostChannels) return {};
   const std::string_view letters = field.substr(0, end);
   if (letters == "XYZ" || letters == "LAB" || letters == "XYY" || letters == "LCH") return {};
   if (letters.size() < 2 || letters.find(field.back()) == std::string_view::npos) return {};
   for (const char letter : letters) {
-    const std::string wanted = std::string(letters) + "_" + letter;
-    if (std::find(names.begin(), names.end(), wanted) == names.end()) return {};
+    if (!names.contains(std::string(letters) + "_" + letter)) return {};
   }
   return letters;
 }
@@ -149,11 +149,11 @@ void use_letter_set(Table& table, const std::string& letters) {
 }
 
 // iRGB_R, iRGB_G and iRGB_B are RGB values for a printer.
-bool use_inverse_rgb(Table& table, const std::vector<std::string_view>& names) {
+bool use_inverse_rgb(Table& table, const std::set<std::string>& names) {
   static constexpr std::array<std::pair<std::string_view, std::string_view>, 3> kNames = {
       {{"iRGB_R", "RGB_R"}, {"iRGB_G", "RGB_G"}, {"iRGB_B", "RGB_B"}}};
   for (const auto& [from, to] : kNames) {
-    if (std::find(names.begin(), names.end(), from) == names.end()) return false;
+    if (!names.contains(std::string(from))) return false;
   }
   for (const auto& [from, to] : kNames) {
     table.rename(position_of(table, std::string(from)), std::string(to));
@@ -227,9 +227,10 @@ double full_scale(double largest_value) {
 void use_format_names(Table& table) {
   use_format_spelling(table);
   if (table.roles().has_device()) return;
-  const std::vector<std::string_view> names = table.field_names();
+  std::set<std::string> names;
+  for (const Field& field : table.fields) names.insert(field.name);
   if (use_inverse_rgb(table, names)) return;
-  for (const std::string_view name : names) {
+  for (const std::string& name : names) {
     const std::string letters(letter_set_in(name, names));
     if (!letters.empty()) {
       use_letter_set(table, letters);

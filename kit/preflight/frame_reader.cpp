@@ -87,12 +87,14 @@ class FrameReader {
 
  private:
   void read_header(Table& table);
+  void keep_remark(Table& table, const LineCursor& lines);
   void take_identifier(Table& table, const Items& items);
   void read_field_list(Table& table, LineCursor& lines);
   void read_data(Table& table);
 
   std::string_view text_;
   std::size_t position_, line_;  // of what is not read yet
+  std::size_t remark_line_ = 0;  // where the last line of a comment in the header stands
   bool has_data_ = false;
 };
 
@@ -130,6 +132,21 @@ void FrameReader::take_identifier(Table& table, const Items& items) {
   table.content = content_of(name);
 }
 
+// Comments that follow each other make one line of the header, however many there are. Blank lines
+// stay only between them.
+void FrameReader::keep_remark(Table& table, const LineCursor& lines) {
+  const std::string_view line = lines.line();
+  const bool follows = remark_line_ != 0 && remark_line_ + 1 == lines.number();
+  if (follows) {
+    ++remark_line_;
+    std::string_view& raw = table.header.back().raw;
+    raw = {raw.data(), static_cast<std::size_t>(line.data() + line.size() - raw.data())};
+  } else if (line.find('#') != std::string_view::npos) {
+    table.header.push_back({line, {}, {}, lines.number()});
+    remark_line_ = lines.number();
+  }
+}
+
 void FrameReader::read_header(Table& table) {
   LineCursor lines(text_.substr(position_), line_);
   Items items;
@@ -137,7 +154,7 @@ void FrameReader::read_header(Table& table) {
   while (!has_data_ && lines.next()) {
     vantor::MeasData::split_items(lines.line(), kBlankSeparated, kCommentChar, items);
     if (items.empty()) {
-      table.header.push_back({lines.line(), {}, {}, lines.number()});
+      keep_remark(table, lines);
       continue;
     }
     const bool is_identifier_line = std::exchange(is_first, false) && table.identifier.empty();

@@ -12,7 +12,7 @@ namespace measkit {
 /// the rows. Rows that no repair touched keep their very text.
 std::string plain_text(Table& table);
 
-/// The same without some fields.
+/// The same without some fields, whose positions ascend.
 std::string plain_text_without(Table& table, const std::vector<int>& fields);
 
 }  // namespace measkit

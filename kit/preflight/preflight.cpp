@@ -141,8 +141,9 @@ bool is_main(const Table& table) {
 
 Preflighted preflight(std::string_view bytes, const char* name) {
   Preflighted result;
-  const std::string_view text = utf8_text(bytes, result.text, result.findings);
-  std::vector<Table> tables = read_frames(text, result.findings);
+  const std::string_view text = utf8_text(bytes, *result.text, result.findings);
+  std::vector<Table> tables;
+  if (has_marker_line(text, "BEGIN_DATA")) tables = read_frames(text, result.findings);
   if (tables.empty()) tables = read_spreadsheet(text, result.findings);
   const bool is_only_table = tables.size() == 1;
   std::stable_partition(tables.begin(), tables.end(), is_main);

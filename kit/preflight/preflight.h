@@ -22,7 +22,8 @@ struct PlainTable {
 };
 
 struct Preflighted {
-  std::string text;  ///< the file as UTF-8 where its bytes are something else
+  /// The file as UTF-8 where its bytes are something else. Stays in place when the result is moved.
+  std::unique_ptr<std::string> text = std::make_unique<std::string>();
   std::vector<std::unique_ptr<PlainTable>> tables;  ///< the main one first
   Findings findings;                                ///< about the file as a whole
 };

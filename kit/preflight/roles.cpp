@@ -82,18 +82,25 @@ void find_device(const NameIndex& index, Roles& roles) {
     std::array<char, 12> digit{};
     std::snprintf(digit.data(), digit.size(), "%X", static_cast<unsigned>(n));
     const std::string set = std::string(digit.data()) + "CLR";
-    if (take_device(index, numbered(set + "_", n, 16), set, roles)) return;
+    if (index.find(set + "_1") != kNoField &&
+        take_device(index, numbered(set + "_", n, 16), set, roles))
+      return;
   }
   for (int n = 1; n <= kMostChannels; ++n) {
     const std::string set = "PC" + std::to_string(n);
-    if (take_device(index, numbered(set + "_", n, 10), set, roles)) return;
+    if (index.find(set + "_1") != kNoField &&
+        take_device(index, numbered(set + "_", n, 10), set, roles))
+      return;
   }
-  for (int n = kMostChannels - 1; n >= 1; --n) {
+  const bool has_spots = index.find("SPOT_1") != kNoField;
+  for (int n = kMostChannels - 1; has_spots && n >= 1; --n) {
     if (take_device(index, numbered("SPOT_", n, 10), "SPOT", roles)) return;
   }
   for (int n = 10; n <= kMostChannels; ++n) {
     const std::string set = std::to_string(n) + "CLR";
-    if (take_device(index, numbered(set + "_", n, 10), set, roles)) return;
+    if (index.find(set + "_1") != kNoField &&
+        take_device(index, numbered(set + "_", n, 10), set, roles))
+      return;
   }
 }
 

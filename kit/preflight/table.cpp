@@ -15,12 +15,11 @@ using vantor::MeasData::NumberReader;
 
 void Table::set_loaded(LoadedText loaded) {
   loaded_ = std::move(loaded);
+  loaded_rows_ = static_cast<std::size_t>(num_patches(loaded_.handle()));
   loaded_roles_ = roles();
 }
 
-std::size_t Table::row_count() const {
-  return is_cut_ ? cells_.rows() : static_cast<std::size_t>(num_patches(loaded_.handle()));
-}
+std::size_t Table::row_count() const { return is_cut_ ? cells_.rows() : loaded_rows_; }
 
 void Table::cut() {
   if (is_cut_) return;
@@ -46,7 +45,7 @@ std::string_view Table::cell(std::size_t row, int field) {
 std::vector<double> Table::numbers(int field) {
   const Field& wanted = fields[static_cast<std::size_t>(field)];
   std::vector<double> values(row_count());
-  if (!is_cut_ && wanted.texts.empty() && wanted.shift == 0) {
+  if (!is_cut_ && is_loaded() && wanted.texts.empty() && wanted.shift == 0) {
     const auto position_in = [&wanted](const auto& group) {
       return std::find(group.begin(), group.end(), wanted.source) - group.begin();
     };

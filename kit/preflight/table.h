@@ -105,6 +105,7 @@ class Table {
 
   Cells cells_;
   bool is_cut_ = false;
+  std::size_t loaded_rows_ = 0;
   LoadedText loaded_;
   Roles loaded_roles_;
 };
