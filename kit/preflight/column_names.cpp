@@ -246,7 +246,10 @@ std::vector<Column> columns_named(const SheetCells& header) {
 
 std::string safe_name(std::string_view words, std::size_t position) {
   std::string name;
-  for (const char c : words.substr(0, kLongestWord)) {
+  // Not cut inside a character.
+  std::size_t end = std::min(words.size(), kLongestWord);
+  while (end < words.size() && (static_cast<unsigned char>(words[end]) & 0xC0U) == 0x80U) --end;
+  for (const char c : words.substr(0, end)) {
     const auto byte = static_cast<unsigned char>(c);
     const bool is_plain = std::isalnum(byte) != 0 || byte >= 0x80U ||
                           std::string_view("._*+-/%").find(c) != std::string_view::npos;

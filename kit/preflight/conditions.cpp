@@ -276,10 +276,12 @@ void make_conditions_plain(Table& table) {
   const Conditions conditions = conditions_of(table.header);
   if (!conditions.illuminant && !conditions.observer) return;
   const HeaderAnswers answers(table);
-  if (conditions.illuminant && !answers.tells(illuminant, conditions.illuminant->value)) {
+  if (conditions.illuminant && table.find("ILLUMINANT") == nullptr &&
+      !answers.tells(illuminant, conditions.illuminant->value)) {
     add_answer(table, "ILLUMINANT", *conditions.illuminant, "illuminant-words");
   }
-  if (conditions.observer && !answers.tells(observer, conditions.observer->value)) {
+  if (conditions.observer && table.find("OBSERVER") == nullptr &&
+      !answers.tells(observer, conditions.observer->value)) {
     add_answer(table, "OBSERVER", *conditions.observer, "observer-words");
   }
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
@@ -124,6 +125,7 @@ std::string_view move_point(std::string_view number, int places, TextPool& pool)
 std::string_view text_of(double value, TextPool& pool) { return pool.add(text_of(value)); }
 
 std::string text_of(double value) {
+  if (std::isnan(value)) return "nan";  // without a sign
   std::array<char, 32> digits{};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
   return {digits.data(), end};

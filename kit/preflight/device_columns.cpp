@@ -111,7 +111,9 @@ std::string_view letter_set_in(std::string_view field, const std::set<std::strin
   const std::string_view letters = field.substr(0, end);
   if (letters == "XYZ" || letters == "LAB" || letters == "XYY" || letters == "LCH") return {};
   if (letters.size() < 2 || letters.find(field.back()) == std::string_view::npos) return {};
-  for (const char letter : letters) {
+  for (std::size_t i = 0; i < letters.size(); ++i) {
+    const char letter = letters[i];
+    if (letters.find(letter) != i) return {};
     if (!names.contains(std::string(letters) + "_" + letter)) return {};
   }
   return letters;

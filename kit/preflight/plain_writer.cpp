@@ -33,28 +33,36 @@ void append_count(std::string_view keyword, std::size_t count, std::string& out)
   out.append(keyword).append(" ").append(std::to_string(count)).append("\n");
 }
 
-bool has_blank_or_quote(std::string_view text) {
-  return std::any_of(text.begin(), text.end(),
-                     [](char c) { return c == ' ' || c == '\t' || c == '"'; });
+bool has_blank(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char c) { return c == ' ' || c == '\t'; });
 }
 
-// Quotes protect blanks, comment characters and empty cells. A quote inside cannot be written,
-// since readers differ in how they read it.
+// The most bytes that write_item() writes.
+constexpr std::size_t room_for_item(std::size_t size) { return 2 * size + 2; }
+
+// Quotes protect blanks, comment characters and empty cells. Quotes inside quotes are doubled, as
+// the library leaves them when it reads.
 char* write_item(std::string_view text, char* out) {
-  const bool is_plain = !text.empty() && text.front() != '#' && !has_blank_or_quote(text);
+  const bool is_plain =
+      !text.empty() && text.front() != '#' && text.front() != '"' && !has_blank(text);
   if (is_plain) {
     std::memcpy(out, text.data(), text.size());
     return out + text.size();
   }
   *out++ = '"';
-  for (const char c : text) *out++ = c == '"' ? '\'' : c;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    *out++ = text[i];
+    if (text[i] != '"') continue;
+    *out++ = '"';
+    if (i + 1 < text.size() && text[i + 1] == '"') ++i;  // doubled already
+  }
   *out++ = '"';
   return out;
 }
 
 void append_item(std::string_view text, std::string& out) {
   const std::size_t size = out.size();
-  out.resize(size + text.size() + 2);
+  out.resize(size + room_for_item(text.size()));
   out.resize(static_cast<std::size_t>(write_item(text, out.data() + size) - out.data()));
 }
 
@@ -81,9 +89,8 @@ void append_shifted_rows(const Table& table, std::string& out) {
   for (LineCursor lines(table.data); lines.next();) {
     const auto cells = cutter.cut(table.data, lines.line(), vantor::MeasData::kBlankSeparated, '#');
     if (cells.empty()) continue;
-    if (out.size() < size + lines.line().size() + room) {
-      out.resize(2 * (size + lines.line().size() + room));
-    }
+    const std::size_t row_room = room_for_item(lines.line().size()) + room;
+    if (out.size() < size + row_room) out.resize(2 * (size + row_room));
     char* end = out.data() + size;
     for (std::size_t i = 0; i < cells.size(); ++i) {
       const int shift = table.fields[i].shift;

@@ -72,11 +72,11 @@ Extent extent_of(Table& table, const Roles& roles) {
   return extent;
 }
 
-enum class Scale { factor, percent, unclear };
+enum class Scale { factor, percent, unclear, neither };
 
 // The file's own colours decide where it has some; else how large the numbers are.
 Scale scale_of(Table& table, const Roles& roles, const Extent& extent) {
-  constexpr double kSurelyPercent = 10.0, kLargestFluorescence = 1.3;
+  constexpr double kSurelyPercent = 10.0, kLargestPercent = 200.0, kLargestFluorescence = 1.3;
   if (extent.largest <= 0.0 || std::isinf(extent.largest)) return Scale::factor;
   // Lab beside spectra takes cutting the cells, which is worth it only where there is a doubt.
   const bool is_stated = table.is_in_percent || table.find("SPECTRAL_NORM") != nullptr;
@@ -96,6 +96,7 @@ Scale scale_of(Table& table, const Roles& roles, const Extent& extent) {
     if (value == 100.0) return Scale::percent;
     if (value == 1.0) return Scale::factor;
   }
+  if (extent.largest > kLargestPercent) return Scale::neither;
   if (extent.largest > kSurelyPercent || 2 * extent.rows_above_two >= extent.rows) {
     return extent.largest > 2.0 ? Scale::percent : Scale::factor;
   }
@@ -176,6 +177,11 @@ void use_reflectance_factors(Table& table) {
         "Reflectances reach " + rounded(extent.largest) + ": taken as percent and divided by 100.",
         table.data_line);
     if (HeaderLine* norm = table.find("SPECTRAL_NORM")) table.set_value(*norm, "1");
+  } else if (scale == Scale::neither) {
+    table.findings.add(Severity::doubtful, "spectral-scale",
+                       "Reflectances reach " + rounded(extent.largest) +
+                           ", which are neither percent nor factors: left as they are.",
+                       table.data_line);
   } else if (scale == Scale::unclear) {
     table.findings.add(Severity::doubtful, "spectral-scale",
                        "Reflectances reach " + rounded(extent.largest) +
