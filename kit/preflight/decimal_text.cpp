@@ -22,11 +22,12 @@ std::size_t digits_at(std::string_view text, std::size_t position) {
   return count;
 }
 
-// The parts of sign digits [. digits] [e exponent].
+// The parts of sign digits [. digits] [e exponent] and of what stands behind them, which the library
+// does not read.
 struct Parts {
   bool is_valid = false;
   bool is_negative = false;
-  std::string_view whole, fraction;
+  std::string_view whole, fraction, rest;
   bool has_exponent = false;
   int exponent = 0;
 };
@@ -42,19 +43,20 @@ Parts parts_of(std::string_view text) {
     parts.fraction = text.substr(at + 1, digits_at(text, at + 1));
     at += 1 + parts.fraction.size();
   }
-  if (parts.whole.empty() && parts.fraction.empty()) return parts;
-  if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
-    ++at;
-    if (at < text.size() && text[at] == '+') ++at;
-    const auto [end, error] =
-        std::from_chars(text.data() + at, text.data() + text.size(), parts.exponent);
-    if (error != std::errc() || end != text.data() + text.size()) return parts;
-    constexpr int kLargest = 1000000;  // so that moving the point cannot overflow
-    if (parts.exponent > kLargest || parts.exponent < -kLargest) return parts;
+  parts.is_valid = !parts.whole.empty() || !parts.fraction.empty();
+  parts.rest = text.substr(at);
+  if (!parts.is_valid || at == text.size() || (text[at] != 'e' && text[at] != 'E')) return parts;
+  ++at;
+  if (at < text.size() && text[at] == '+') ++at;
+  int exponent = 0;
+  const char* const start = text.data() + at;
+  const auto [end, error] = std::from_chars(start, text.data() + text.size(), exponent);
+  constexpr int kLargest = 1000000;  // so that moving the point cannot overflow
+  if (error == std::errc() && exponent <= kLargest && exponent >= -kLargest) {
     parts.has_exponent = true;
-    at = text.size();
+    parts.exponent = exponent;
+    parts.rest = text.substr(at + static_cast<std::size_t>(end - start));
   }
-  parts.is_valid = at == text.size();
   return parts;
 }
 
@@ -110,11 +112,12 @@ char* write_moved_point(std::string_view number, int places, char* out) {
   const Parts parts = parts_of(number);
   if (!parts.is_valid) return append(number, out);
   if (parts.is_negative) *out++ = '-';
-  if (!parts.has_exponent) return write_digits(parts, places, out);
+  if (!parts.has_exponent) return append(parts.rest, write_digits(parts, places, out));
   out = write_digits(parts, 0, out);
   *out++ = 'e';
   constexpr std::ptrdiff_t kExponentRoom = 12;
-  return std::to_chars(out, out + kExponentRoom, parts.exponent + places).ptr;
+  out = std::to_chars(out, out + kExponentRoom, parts.exponent + places).ptr;
+  return append(parts.rest, out);
 }
 
 std::string_view move_point(std::string_view number, int places, TextPool& pool) {

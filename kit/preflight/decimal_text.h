@@ -11,7 +11,7 @@
 namespace measkit {
 
 /// The number times ten to the power of `places`, by moving its decimal point: every digit stays.
-/// A text that is no plain decimal number is returned unchanged.
+/// What stands behind the number stays; a text without a decimal number is returned unchanged.
 std::string_view move_point(std::string_view number, int places, TextPool& pool);
 
 /// The most bytes by which that text is longer.

@@ -117,38 +117,45 @@ std::string_view spectral_prefix_of(std::string_view name) {
   return {};
 }
 
-// The name without its last digits, when there are at least three; else empty.
+// The name without its last digits, when there are at least three or the name has no more than two
+// characters; else empty.
 std::string_view word_before_digits(std::string_view name) {
-  constexpr std::size_t kLeastDigits = 3;
+  constexpr std::size_t kLeastDigits = 3, kShortName = 2;
   const std::size_t last = name.find_last_not_of("0123456789");
-  if (last == std::string_view::npos || name.size() - last - 1 < kLeastDigits) return {};
-  return name.substr(0, last + 1);
+  if (last == std::string_view::npos) return {};
+  const bool has_digits = name.size() - last - 1 >= kLeastDigits || name.size() <= kShortName;
+  return has_digits ? name.substr(0, last + 1) : std::string_view();
 }
 
-bool is_wavelength(double nm) { return nm >= 200.0 && nm <= 1900.0; }
+bool has_wavelength_behind(std::string_view word, std::string_view name) {
+  double nm = 0.0;
+  return read_whole(name.substr(word.size()), nm) && nm >= 200.0 && nm <= 1900.0;
+}
 
-// A prefix that no list knows, but which more than one field has before a wavelength.
-std::string_view generic_prefix(const Names& names, const std::vector<bool>& is_taken) {
+// The prefix that the first field with one has: a known one, or a word that more than one field
+// from there on has before a wavelength.
+std::string_view spectral_prefix_in(const Names& names, const std::vector<bool>& is_taken) {
   using vantor::MeasData::FileKind;
-  std::unordered_map<std::string_view, int> counts;
+  std::unordered_map<std::string_view, int> counts;  // of the fields to come
+  for (const std::string_view name : names) {
+    const std::string_view word = word_before_digits(name);
+    if (!word.empty() && has_wavelength_behind(word, name)) ++counts[word];
+  }
   for (std::size_t i = 0; i < names.size(); ++i) {
     const std::string_view word = word_before_digits(names[i]);
-    double nm = 0.0;
-    if (is_taken[i] || word.empty() || !read_whole(names[i].substr(word.size()), nm) ||
-        !is_wavelength(nm) || vantor::MeasData::is_known_field(FileKind::standard, names[i])) {
-      continue;
+    if (!is_taken[i]) {
+      const std::string_view prefix = spectral_prefix_of(names[i]);
+      if (!prefix.empty()) return prefix;
+      const bool is_known = vantor::MeasData::is_known_field(FileKind::standard, names[i]);
+      if (!word.empty() && !is_known && counts[word] > 1) return word;
     }
-    if (++counts[word] > 1) return word;
+    if (!word.empty() && has_wavelength_behind(word, names[i])) --counts[word];
   }
   return {};
 }
 
 void find_spectra(const Names& names, const std::vector<bool>& is_taken, Roles& roles) {
-  std::string_view prefix;
-  for (std::size_t i = 0; i < names.size() && prefix.empty(); ++i) {
-    if (!is_taken[i]) prefix = spectral_prefix_of(names[i]);
-  }
-  if (prefix.empty()) prefix = generic_prefix(names, is_taken);
+  const std::string_view prefix = spectral_prefix_in(names, is_taken);
   if (prefix.empty()) return;
   for (std::size_t i = 0; i < names.size(); ++i) {
     if (is_taken[i] || !names[i].starts_with(prefix)) continue;

@@ -51,6 +51,13 @@ std::vector<double> wavelengths_of(const Roles& roles) {
   return wavelengths;
 }
 
+// Fields may begin like spectral ones without naming a wavelength.
+bool are_wavelengths(const Roles& roles) {
+  constexpr double kShortest = 100.0;  // nm
+  return std::all_of(roles.spectra.begin(), roles.spectra.end(),
+                     [](const SpectralField& spectral) { return spectral.nm >= kShortest; });
+}
+
 // Numbers above 2 in spectra without any evidence by other colours.
 struct Extent {
   double largest = 0.0;
@@ -167,7 +174,7 @@ void name_quantity(Table& table) {
 
 void use_reflectance_factors(Table& table) {
   const Roles roles = table.roles();
-  if (!roles.has_spectra() || table.row_count() == 0) return;
+  if (!roles.has_spectra() || table.row_count() == 0 || !are_wavelengths(roles)) return;
   const Extent extent = extent_of(table, roles);
   const Scale scale = scale_of(table, roles, extent);
   if (scale == Scale::percent) {
