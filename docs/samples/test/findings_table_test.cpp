@@ -24,10 +24,9 @@ std::multimap<std::string, std::string> codes_of_sources() {
       R"re(Severity::(\w+),\s*"([a-z0-9-]+)"|"([a-z0-9]+(?:-[a-z0-9]+)+)")re");
   std::multimap<std::string, std::string> codes;
   for (const auto& entry : fs::recursive_directory_iterator(fs::path(SOURCES) / "kit")) {
-    if (entry.path().extension() != ".cpp" ||
-        entry.path().string().find("/write/") != std::string::npos)
-      continue;
-    const std::string text = text_of(entry.path());
+    const std::string path = entry.path().generic_string();
+    if (!path.ends_with(".cpp") || path.find("/write/") != std::string::npos) continue;
+    const std::string text = text_of(path);
     for (std::sregex_iterator match(text.begin(), text.end(), kCode), end; match != end; ++match) {
       codes.emplace((*match)[2].str() + (*match)[3].str(), (*match)[1]);
     }
