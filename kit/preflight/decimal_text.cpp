@@ -22,8 +22,8 @@ std::size_t digits_at(std::string_view text, std::size_t position) {
   return count;
 }
 
-// The parts of sign digits [. digits] [e exponent] and of what stands behind them, which the library
-// does not read.
+// The parts of sign digits [. digits] [e exponent] and of what stands behind them, which the
+// library does not read.
 struct Parts {
   bool is_valid = false;
   bool is_negative = false;

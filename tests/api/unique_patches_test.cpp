@@ -59,8 +59,8 @@ TEST(UniquePatches, RepeatsAreMergedIntoTheFirst) {
   get_dev_from_index(chart, 2, device);
   EXPECT_EQ(device[0], 50.0);
   // Without any repeat all is 0, the count included.
-  const Loaded single(test::file_of("SAMPLE_LOC " + kCmykLab,
-                                    "A 1 a 0 0 0 0 90 0 0\nB 2 b 1 0 0 0 50 0 0\n"));
+  const Loaded single(
+      test::file_of("SAMPLE_LOC " + kCmykLab, "A 1 a 0 0 0 0 90 0 0\nB 2 b 1 0 0 0 50 0 0\n"));
   EXPECT_EQ(num_indices(single), 2);
   for (const int index : {0, 1}) EXPECT_EQ(stats(single, index), (Values{0, 0, 0}));
   void* unique = pass_unique_data(single);
@@ -184,7 +184,8 @@ TEST(ChartAnalysis, PaperWedgesAndSolids) {
                                    "nan 0 0 0\n"    // sorts in front
                                    "0 0 0 0\n"));
   EXPECT_EQ(get_paperwhite_index(chart), 2);
-  EXPECT_EQ(test::channel(chart, 0), "Cyan wedge 6 1 4 0 solid 0 values 0x3 0.25x1 40x1 50x1 100x1");
+  EXPECT_EQ(test::channel(chart, 0),
+            "Cyan wedge 6 1 4 0 solid 0 values 0x3 0.25x1 40x1 50x1 100x1");
   EXPECT_EQ(test::channel(chart, 1), "Magenta wedge 3 solid -1 values 0x7 99.9x1");
   EXPECT_EQ(test::channel(chart, 2), "Yellow wedge solid -1 values -1x1 0x7");
   const Loaded beyond(test::file_of("GRAY", "255\n-1\n"));  // neither solid nor paper

@@ -51,7 +51,7 @@ TEST(SpectralGrid, WholeAndRegularWavelengthsAreTaken) {
   EXPECT_EQ(settle({400, 410.01, 420}), (Settled{"", 400, 10, 3}));  // hundredths: 0.015 nm
   EXPECT_EQ(settle({400, 410.02, 420}), (Settled{kRefused}));
   EXPECT_EQ(settle({250, 260.03, 270}), (Settled{"", 250, 10, 3}));  // no double's hundredths
-  EXPECT_EQ(settle({400, 410.5, 421}), (Settled{kRefused}));  // step of 10.5 nm
+  EXPECT_EQ(settle({400, 410.5, 421}), (Settled{kRefused}));         // step of 10.5 nm
   EXPECT_EQ(settle({400.5, 410.5, 420.5}), (Settled{kRefused}));
 }
 

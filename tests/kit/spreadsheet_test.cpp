@@ -65,7 +65,7 @@ INSTANTIATE_TEST_SUITE_P(
              "SAMPLE_ID LAB_L LAB_A LAB_B|1 50 1 -2", "spreadsheet"},
         // Decimal commas; quotes doubled inside quotes; a degree sign; a keyword above.
         Case{"Instrument;Model 5\nName;L*;C*ab;h [\xC2\xB0]\n\"a \"\"b\"\"\";50,5;10;90\n",
-             "SAMPLE_NAME LAB_L LAB_C LAB_H LAB_A LAB_B|\"a 'b'\" 50.5 10 90 "
+             "SAMPLE_NAME LAB_L LAB_C LAB_H LAB_A LAB_B|\"a \"\"b\"\"\" 50.5 10 90 "
              "6.123233995736766e-16 10",
              "spreadsheet field-names lab-added"},
         // The same letters in two groups are told by their neighbours.
