@@ -1,6 +1,6 @@
 # Makes links of the function names that stand between backticks, for Doxygen.
-# Call: awk -f link_functions.awk api/exports.txt PAGE.md
-FNR == NR { is_function[$1] = 1; next }
+# Call: awk -f link_functions.awk api/exports.txt kit/exports.txt PAGE.md
+FILENAME ~ /exports\.txt$/ { is_function[$1] = 1; next }
 /^```/ { is_code = !is_code }
 is_code { print; next }
 {

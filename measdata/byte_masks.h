@@ -37,6 +37,19 @@ class ByteBlock {
     }
     return mask;
   }
+  /// Bit i is set where byte i lies between `first` and `last`, both ASCII and included.
+  std::uint64_t positions_between(char first, char last) const {
+    const __m128i below = _mm_set1_epi8(static_cast<char>(first - 1));
+    const __m128i above = _mm_set1_epi8(static_cast<char>(last + 1));
+    std::uint64_t mask = 0;
+    for (std::size_t i = 0; i < parts_.size(); ++i) {
+      const __m128i bytes = parts_[i].bytes;
+      const int bits = _mm_movemask_epi8(
+          _mm_and_si128(_mm_cmpgt_epi8(bytes, below), _mm_cmplt_epi8(bytes, above)));
+      mask |= static_cast<std::uint64_t>(static_cast<unsigned>(bits)) << (i * sizeof(__m128i));
+    }
+    return mask;
+  }
 
  private:
   struct Part {  // a bare __m128i loses its attributes as a template argument
@@ -56,6 +69,16 @@ class ByteBlock {
     std::uint64_t mask = 0;
     for (std::size_t i = 0; i < words_.size(); ++i) {
       mask |= gather(zero_bytes(words_[i] ^ wanted)) << (i * sizeof(std::uint64_t));
+    }
+    return mask;
+  }
+  /// Bit i is set where byte i lies between `first` and `last`, both ASCII and included.
+  std::uint64_t positions_between(char first, char last) const {
+    std::array<char, kBlockSize> bytes{};
+    std::memcpy(bytes.data(), words_.data(), kBlockSize);
+    std::uint64_t mask = 0;
+    for (std::size_t i = 0; i < kBlockSize; ++i) {
+      mask |= std::uint64_t{bytes[i] >= first && bytes[i] <= last} << i;
     }
     return mask;
   }

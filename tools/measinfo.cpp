@@ -1,128 +1,97 @@
-// measinfo: prints the contents of measurement files.
-#include "measdata.h"
-#include "tools/json_report.h"
-#include "tools/loaded_file.h"
-#include "tools/printable_text.h"
-#include "tools/text_report.h"
+// measinfo: tells what measurement files hold.
+#include "kit/write/json.h"
+#include "kit/write/summary.h"
+#include "tools/command_line.h"
 
-#include <charconv>
-#include <exception>
+#include <array>
+#include <cstddef>
 #include <iostream>
-#include <limits>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <system_error>
-#include <vector>
 
 namespace {
 
+using measkit::Document;
+using tools::CommandLine;
+
 constexpr std::string_view kUsage =
-    "usage: measinfo [--patches N | --json] FILE...\n"
+    "usage: measinfo [--all | --json] [--as-is] [--strict] FILE...\n"
+    "       measinfo --plain [--table N] FILE\n"
     "\n"
-    "Prints the contents of colour-measurement files: instrument, keywords,\n"
-    "channels, patches.\n"
+    "Tells what colour-measurement files hold: findings, conditions, channels, patches.\n"
+    "A FILE named - is the standard input.\n"
     "\n"
-    "  --patches N  list only the first N patches of each file\n"
-    "  --json       print everything as JSON\n"
+    "  --all        list every patch\n"
+    "  --json       print all that is known of the files as JSON\n"
+    "  --plain      print a chart of the file as a plain measurement file\n"
+    "  --table N    the N-th chart, counted from 1 as measinfo lists them\n"
+    "  --as-is      read the file as the library does, without repairs\n"
+    "  --strict     fail when something was repaired, is in doubt or is lost\n"
     "  --version    print the version of the library\n"
     "  --help       print this text\n"
     "\n"
-    "Exit status: 0 on success, 1 if a file could not be read or the output could\n"
-    "not be written, 2 for invalid arguments.\n";
+    "Exit status: 0 when every file has a chart with patches, 1 otherwise, 2 for a bad call.\n";
 
-struct Options {
-  std::vector<std::string> files;
-  int most_patches = std::numeric_limits<int>::max();
-  bool is_valid = true;
-  bool wants_json = false;
-  bool wants_help = false;
-  bool wants_version = false;
-};
+constexpr std::array<tools::Option, 6> kOptions = {
+    {{"--all"}, {"--json"}, {"--plain"}, {"--table", true}, {"--as-is"}, {"--strict"}}};
 
-bool read_count(std::string_view text, int& count) {
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), count);
-  return error == std::errc() && end == text.data() + text.size() && count >= 0;
+bool is_good(Document& document, const CommandLine& line) {
+  const bool is_clean = !line.has("--strict") || !document.has_other_than_notes();
+  if (!document.has_patches()) tools::tell_unreadable("measinfo", document);
+  return document.has_patches() && is_clean;
 }
 
-Options read_options(const std::vector<std::string>& arguments) {
-  Options options;
-  bool are_files = false;
-  for (std::size_t i = 0; i < arguments.size(); ++i) {
-    const std::string& argument = arguments[i];
-    if (are_files || !argument.starts_with("-")) {
-      options.files.push_back(argument);
-    } else if (argument == "--") {
-      are_files = true;
-    } else if (argument == "--json") {
-      options.wants_json = true;
-    } else if (argument == "--help") {
-      options.wants_help = true;
-    } else if (argument == "--version") {
-      options.wants_version = true;
-    } else if (argument == "--patches" && i + 1 < arguments.size()) {
-      options.is_valid = read_count(arguments[++i], options.most_patches) && options.is_valid;
-    } else {
-      options.is_valid = false;
+int print_plain_text(const CommandLine& line, Document& document) {
+  const int table = line.has("--table") ? line.count_of("--table") : 1;
+  if (table == 0) return tools::kBadCall;
+  const auto chart = static_cast<std::size_t>(table) - 1;
+  if (chart >= document.size()) {
+    const std::string count = std::to_string(document.size());
+    std::cerr << "measinfo: no table " << table << "; the file has " << count << '\n';
+    for (const measkit::Finding& finding : document.findings().list()) {
+      std::cerr << "  " << finding.sentence << '\n';
     }
+    return tools::kFailed;
   }
-  return options;
+  std::cout << document.plain(chart).text;
+  return is_good(document, line) ? tools::kDone : tools::kFailed;
 }
 
-// The number of files that could not be read.
-int report_files_as_json(const Options& options) {
-  int failures = 0;
-  std::cout << tools::json_report(options.files, failures) << '\n';
-  return failures;
+void print(Document& document, const CommandLine& line, bool is_first) {
+  if (line.has("--json")) {
+    std::cout << (is_first ? "[" : ",")
+              << measkit::to_json(document.name(), document.charts(), document.findings());
+    return;
+  }
+  const measkit::Detail detail =
+      line.has("--all") ? measkit::Detail::all : measkit::Detail::screenful;
+  std::cout << (is_first ? "" : "\n")
+            << measkit::summary_of(document.name(), document.charts(), document.findings(), detail);
 }
 
-int report_files(const Options& options) {
-  int failures = 0;
-  bool is_first = true;
-  for (const std::string& path : options.files) {
-    const tools::LoadedFile file(path);
-    if (!file.is_loaded()) {
-      ++failures;
-      std::cerr << "measinfo: " << tools::printable(path) << ": not readable\n";
-      tools::print_messages(std::cerr, file.messages());
-      continue;
-    }
-    if (!is_first) std::cout << '\n';
-    is_first = false;
-    tools::print_report(std::cout, file, options.most_patches);
+int run(const CommandLine& line) {
+  const bool wants_plain = line.has("--plain");
+  if (line.files().empty() || (wants_plain && line.files().size() != 1) ||
+      (!wants_plain && line.has("--table"))) {
+    return tools::kBadCall;
   }
-  return failures;
-}
-
-int run(const std::vector<std::string>& arguments) {
-  const Options options = read_options(arguments);
-  if (options.wants_help) {
-    std::cout << kUsage;
-    return 0;
+  const measkit::Opening opening =
+      line.has("--as-is") ? measkit::Opening::as_is : measkit::Opening::repair;
+  bool are_good = true;
+  for (const std::string& path : line.files()) {
+    const std::unique_ptr<Document> opened = tools::open_document(path, opening);
+    Document& document = *opened;
+    if (wants_plain) return print_plain_text(line, document);
+    are_good = is_good(document, line) && are_good;
+    print(document, line, &path == &line.files().front());
   }
-  if (options.wants_version) {
-    std::cout << "measinfo " << parser_version() << '\n';
-    return 0;
-  }
-  if (!options.is_valid || options.files.empty()) {
-    std::cerr << kUsage;
-    return 2;
-  }
-  const int failures = options.wants_json ? report_files_as_json(options) : report_files(options);
-  std::cout.flush();
-  if (!std::cout) {
-    std::cerr << "measinfo: cannot write the report\n";
-    return 1;
-  }
-  return failures == 0 ? 0 : 1;
+  if (line.has("--json")) std::cout << "]\n";
+  return are_good ? tools::kDone : tools::kFailed;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  try {
-    return run(std::vector<std::string>(argv + 1, argv + argc));
-  } catch (const std::exception& error) {
-    std::cerr << "measinfo: " << error.what() << '\n';
-    return 1;
-  }
+  return tools::run_tool({"measinfo", kUsage, kOptions, run}, argc, argv);
 }

@@ -1,62 +1,38 @@
-// measreport: shows measurement files as one HTML page.
-#include "measdata.h"
-#include "tools/printable_text.h"
-#include "tools/report/chart.h"
-#include "tools/report/page.h"
+// measreport: shows what measurement files hold as a page of HTML.
+#include "kit/write/html/page.h"
+#include "tools/command_line.h"
 
-#include <algorithm>
-#include <exception>
+#include <array>
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
 
+using measkit::Document;
+using tools::CommandLine;
+
 constexpr std::string_view kUsage =
-    "usage: measreport [-o REPORT.html] FILE...\n"
+    "usage: measreport [--as-is] [--strict] [-o REPORT.html] FILE...\n"
     "\n"
-    "Shows colour-measurement files as one HTML page: patches, spectra, colours,\n"
-    "wedges, repeats.\n"
-    "Several files are shown side by side with the same scales.\n"
+    "Shows colour-measurement files as one page of HTML: findings, patches, spectra, colours,\n"
+    "wedges, repeats. Several files stand side by side, on the same scales. A FILE named - is the\n"
+    "standard input.\n"
     "\n"
-    "  -o REPORT.html  write the page to this file instead of standard output\n"
+    "  -o REPORT.html  write the page to this file instead of the standard output\n"
+    "  --as-is         read the files as the library does, without repairs\n"
+    "  --strict        fail when something was repaired, is in doubt or is lost\n"
     "  --version       print the version of the library\n"
     "  --help          print this text\n"
     "\n"
-    "Exit status: 0 on success, 1 if a file could not be read or the page could\n"
-    "not be written, 2 for invalid arguments.\n";
+    "Exit status: 0 when every file has a chart with patches, 1 otherwise or when the page cannot\n"
+    "be written, 2 for a bad call.\n";
 
-struct Options {
-  std::vector<std::string> files;
-  std::string output;  // empty for the standard output
-  bool is_valid = true;
-  bool wants_help = false;
-  bool wants_version = false;
-};
-
-Options read_options(const std::vector<std::string>& arguments) {
-  Options options;
-  bool are_files = false;
-  for (std::size_t i = 0; i < arguments.size(); ++i) {
-    const std::string& argument = arguments[i];
-    if (are_files || !argument.starts_with("-")) {
-      options.files.push_back(argument);
-    } else if (argument == "--") {
-      are_files = true;
-    } else if (argument == "--help") {
-      options.wants_help = true;
-    } else if (argument == "--version") {
-      options.wants_version = true;
-    } else if (argument == "-o" && i + 1 < arguments.size() && !arguments[i + 1].empty()) {
-      options.output = arguments[++i];
-    } else {
-      options.is_valid = false;
-    }
-  }
-  return options;
-}
+constexpr std::array<tools::Option, 3> kOptions = {{{"-o", true}, {"--as-is"}, {"--strict"}}};
 
 bool write(const std::string& page, const std::string& output) {
   if (output.empty()) return static_cast<bool>(std::cout << page << std::flush);
@@ -64,42 +40,30 @@ bool write(const std::string& page, const std::string& output) {
   return static_cast<bool>(file << page << std::flush);
 }
 
-int run(const std::vector<std::string>& arguments) {
-  const Options options = read_options(arguments);
-  if (options.wants_help) {
-    std::cout << kUsage;
-    return 0;
-  }
-  if (options.wants_version) {
-    std::cout << "measreport " << parser_version() << '\n';
-    return 0;
-  }
-  if (!options.is_valid || options.files.empty()) {
-    std::cerr << kUsage;
-    return 2;
-  }
+int run(const CommandLine& line) {
+  const std::string output = line.value_of("-o").value_or("");
+  if (line.files().empty() || (line.has("-o") && output.empty())) return tools::kBadCall;
+  const measkit::Opening opening =
+      line.has("--as-is") ? measkit::Opening::as_is : measkit::Opening::repair;
   bool is_done = true;
-  std::vector<tools::report::Chart> charts;
-  for (const std::string& path : options.files) {
-    charts.push_back(tools::report::chart_of(path));
-    if (charts.back().is_loaded) continue;
-    is_done = false;
-    std::cerr << "measreport: " << tools::printable(path) << ": not readable\n";
+  std::vector<measkit::Chart> charts;
+  for (const std::string& path : line.files()) {
+    const std::unique_ptr<Document> opened = tools::open_document(path, opening);
+    Document& document = *opened;
+    for (measkit::Chart& chart : document.page_charts()) charts.push_back(std::move(chart));
+    if (!document.has_patches()) tools::tell_unreadable("measreport", document);
+    const bool is_clean = !line.has("--strict") || !document.has_other_than_notes();
+    is_done = is_done && document.has_patches() && is_clean;
   }
-  if (!write(tools::report::page_of(charts), options.output)) {
+  if (!write(measkit::html::html_of(charts), output)) {
     is_done = false;
     std::cerr << "measreport: cannot write the report\n";
   }
-  return is_done ? 0 : 1;
+  return is_done ? tools::kDone : tools::kFailed;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  try {
-    return run(std::vector<std::string>(argv + 1, argv + argc));
-  } catch (const std::exception& error) {
-    std::cerr << "measreport: " << error.what() << '\n';
-    return 1;
-  }
+  return tools::run_tool({"measreport", kUsage, kOptions, run}, argc, argv);
 }

@@ -1,10 +1,14 @@
-"""Reads colour-measurement files: CGATS.17 / ISO 28178 text files and semicolon tables.
+"""Reads colour-measurement files: CGATS.17 / ISO 28178 text files, spreadsheets and their dialects.
 
     import measdata
 
     with measdata.load("chart.txt") as chart:
         for patch in chart.patches:
             print(patch.id, patch.device, patch.lab, patch.hex)
+
+Repair: a load repairs what deviates from the format: wrong counts, spectra in percent, missing Lab.
+The chart's findings tell what was met and done. A file that needs no repair is read as it stands.
+With repair=False every file is read as it stands.
 
 Units: Lab is CIELAB with L* from 0 to 100, computed from the spectra (D50, 2 degrees) if the file
 has them. Wavelengths are in nanometres. Device values and XYZ have the scale of the file. Data
@@ -13,25 +17,30 @@ that the file does not have is None.
 Encoding: texts of a file are read as UTF-8 or, if that fails, as Latin-1.
 
 Memory: a chart keeps the native data until it is closed or no longer referenced. Its patches keep
-the chart alive. All results are copies. Using a closed chart raises ValueError.
+the chart alive. The charts of a file share its data, but each is closed on its own. All results
+are copies. Using a closed chart raises ValueError.
 
 Threads: a load releases the interpreter lock, so files load in parallel. Queries keep the lock, so
 threads may share a chart, and may close it while others use it. On an interpreter without the
 lock, use a chart in one thread at a time.
 
-The native library is the first that exists: the file named by the environment variable
-MEASDATA_LIBRARY, a library next to this module, or one that the system finds.
+The native library measdata is the first that exists: the file named by the environment variable
+MEASDATA_LIBRARY, a library next to this module, or one that the system finds. The library measkit
+is found in the same way, by MEASKIT_LIBRARY, but next to the measdata library first.
 """
 
 from __future__ import annotations
 
 import ctypes
 import ctypes.util
+import json
+import math
 import os
 import sys
 from array import array
 from collections.abc import Callable, Iterable, Iterator, Mapping, Sequence
 from dataclasses import dataclass
+from enum import Enum
 from typing import (
     TYPE_CHECKING,
     Any,
@@ -53,6 +62,8 @@ __all__ = [
     "XYZ",
     "Channel",
     "Chart",
+    "Densities",
+    "Finding",
     "Instrument",
     "Keywords",
     "Lab",
@@ -63,6 +74,7 @@ __all__ = [
     "Patches",
     "RepeatStats",
     "Sample",
+    "Severity",
     "lab_to_srgb",
     "load",
     "load_bytes",
@@ -74,7 +86,7 @@ Mode = Literal["auto", "measurement", "table"]
 Table = Union["NDArray[numpy.float64]", List[Tuple[float, ...]]]
 """Rows of numbers: an array when numpy is installed, else a list of tuples."""
 
-# ---- The native library ------------------------------------------------------------------------
+# ---- The native libraries ----------------------------------------------------------------------
 
 
 class _DeStats(ctypes.Structure):
@@ -92,7 +104,8 @@ _INT, _DOUBLE, _TEXT = ctypes.c_int, ctypes.c_double, ctypes.c_char_p
 _POINTER = ctypes.c_void_p  # handles and, as plain addresses, arrays of numbers
 
 # Functions by result and arguments.
-_SIGNATURES: tuple[tuple[Any, tuple[Any, ...], str], ...] = (
+_Signatures = Tuple[Tuple[Any, Tuple[Any, ...], str], ...]
+_SIGNATURES: _Signatures = (
     (_POINTER, (), "init_parser"),
     (None, (ctypes.POINTER(_POINTER),), "cleanup_parser"),
     (_INT, (_POINTER, _TEXT), "parse_file has_keyword num_keyword_values"),
@@ -142,48 +155,78 @@ _SIGNATURES: tuple[tuple[Any, tuple[Any, ...], str], ...] = (
 )
 
 
-def _library_paths() -> Iterator[str]:
-    chosen = os.environ.get("MEASDATA_LIBRARY")
+_AT_CHART, _AT_FINDING = (_POINTER, _INT), (_POINTER, _INT, _INT)
+_KIT_SIGNATURES: _Signatures = (
+    (_POINTER, (_TEXT, _INT), "mk_open_file"),
+    (_POINTER, (ctypes.c_size_t, _TEXT, _TEXT, _INT), "mk_open_block"),
+    (None, (ctypes.POINTER(_POINTER),), "mk_close"),
+    (_TEXT, (), "mk_version"),
+    (_INT, (_POINTER,), "mk_num_charts"),
+    (_TEXT, _AT_CHART, "mk_chart_name"),
+    (_POINTER, _AT_CHART, "mk_chart_handle"),
+    # An address, because the text may hold zero bytes.
+    (_POINTER, (_POINTER, _INT, ctypes.POINTER(ctypes.c_size_t)), "mk_plain_text"),
+    (_INT, _AT_CHART, "mk_num_findings mk_num_more_findings"),
+    (_TEXT, _AT_FINDING, "mk_finding_code mk_finding_sentence"),
+    (_INT, _AT_FINDING, "mk_finding_severity mk_finding_line"),
+    (_TEXT, (_POINTER,), "mk_json mk_html"),
+    (_TEXT, (ctypes.POINTER(_POINTER), _INT), "mk_html_of"),
+)
+_MK_REPAIR, _MK_AS_IS = 0, 1
+
+
+def _library_paths(name: str, folders: Iterable[str]) -> Iterator[str]:
+    chosen = os.environ.get(_variable(name))
     if chosen:
         yield chosen
         return
-    names = {"win32": ["measdata.dll"], "darwin": ["libmeasdata.1.dylib", "libmeasdata.dylib"]}.get(
-        sys.platform, ["libmeasdata.so.1", "libmeasdata.so"]
+    files = {"win32": [f"{name}.dll"], "darwin": [f"lib{name}.1.dylib", f"lib{name}.dylib"]}.get(
+        sys.platform, [f"lib{name}.so.1", f"lib{name}.so"]
     )
-    beside = os.path.dirname(os.path.abspath(__file__))
-    yield from filter(os.path.exists, (os.path.join(beside, name) for name in names))
-    found = ctypes.util.find_library("measdata")
+    beside = [os.path.join(folder, file) for folder in folders for file in files if folder]
+    yield from filter(os.path.exists, beside)
+    found = ctypes.util.find_library(name)
     if found:
         yield found
-    yield from names
+    yield from files
 
 
-def _declare(library: ctypes.CDLL) -> None:
-    for result, arguments, names in _SIGNATURES:
+def _variable(name: str) -> str:
+    return f"{name.upper()}_LIBRARY"
+
+
+def _declare(library: ctypes.CDLL, signatures: _Signatures) -> None:
+    for result, arguments, names in signatures:
         for name in names.split():
             function = getattr(library, name)
             function.restype = result
             function.argtypes = arguments
 
 
-def _open_library() -> tuple[ctypes.PyDLL, ctypes.CDLL]:
-    """Opens the library twice: with calls that keep the interpreter lock, and calls that do not."""
+def _open_library(
+    name: str, signatures: _Signatures, *folders: str
+) -> tuple[ctypes.PyDLL, ctypes.CDLL]:
+    """Opens a library twice: with calls that keep the interpreter lock, and calls that do not."""
     failures = []
-    for path in _library_paths():
+    for path in _library_paths(name, folders):
         try:
             holding, releasing = ctypes.PyDLL(path), ctypes.CDLL(path)
-            _declare(holding)
-            _declare(releasing)
+            _declare(holding, signatures)
+            _declare(releasing, signatures)
             return holding, releasing
         except (OSError, AttributeError) as error:  # not loadable, or another library
             failures.append(f"\n  {path}: {error}")
     raise OSError(
-        "the measdata library cannot be loaded; install it, or set the environment variable"
-        " MEASDATA_LIBRARY to its file. Tried:" + "".join(failures)
+        f"the {name} library cannot be loaded; install it, or set the environment variable"
+        f" {_variable(name)} to its file. Tried:" + "".join(failures)
     )
 
 
-_library, _releasing_library = _open_library()
+_here = os.path.dirname(os.path.abspath(__file__))
+_library, _releasing_library = _open_library("measdata", _SIGNATURES, _here)
+_kit, _releasing_kit = _open_library(
+    "measkit", _KIT_SIGNATURES, os.path.dirname(_library._name), _here
+)
 
 
 def _decoded(text: bytes) -> str:
@@ -201,15 +244,15 @@ version: str = _decoded(_library.parser_version())
 """The version of the native library."""
 
 
-class _Handle:
-    """Owns a native handle. Callers of the library keep it referenced until the call returns."""
+class _Owner:
+    """Owns a native object. Callers of the libraries keep it referenced until the call returns."""
 
     __slots__ = ("_release", "pointer")
 
-    def __init__(self) -> None:
-        self._release = _library.cleanup_parser  # still exists while the module is torn down
+    def __init__(self, pointer: int | None, release: Callable[..., None]) -> None:
+        self._release = release  # still exists while the module is torn down
         # An object instead of a number, because there must be no second owner.
-        self.pointer = ctypes.c_void_p(_library.init_parser())
+        self.pointer = ctypes.c_void_p(pointer)
         if not self.pointer:
             raise MemoryError
 
@@ -217,19 +260,37 @@ class _Handle:
         if hasattr(self, "pointer"):
             self._release(ctypes.byref(self.pointer))
 
-    def messages(self) -> list[str]:
-        # Names from the file are part of the text, so only line feeds separate lines.
-        lines = _decoded(_library.parse_messages(self.pointer)).split("\n")
-        return lines[:-1] if lines[-1] == "" else lines
+    def handle(self, chart: int) -> ctypes.c_void_p:
+        """What the measdata library is asked about a chart with."""
+        raise NotImplementedError
+
+
+class _Parser(_Owner):
+    """A handle of the measdata library, without the kit."""
+
+    __slots__ = ()
+
+    def __init__(self, parse_mode: int) -> None:
+        super().__init__(_library.init_parser(), _library.cleanup_parser)
+        _library.set_parse_mode(self.pointer, parse_mode)
+
+    def handle(self, chart: int) -> ctypes.c_void_p:
+        return self.pointer
+
+
+def _messages(handle: ctypes.c_void_p) -> list[str]:
+    # Names from the file are part of the text, so only line feeds separate lines.
+    lines = _decoded(_library.parse_messages(handle)).split("\n")
+    return lines[:-1] if lines[-1] == "" else lines
 
 
 class _DataSet:
-    """The patches or the merged patches of a file, behind one pointer of the library."""
+    """The patches or the merged patches of a chart, behind one pointer of the library."""
 
-    __slots__ = ("count", "handle", "pointer", "widths")
+    __slots__ = ("count", "owner", "pointer", "widths")
 
-    def __init__(self, handle: _Handle, pointer: ctypes.c_void_p) -> None:
-        self.handle = handle
+    def __init__(self, owner: _Owner, pointer: ctypes.c_void_p) -> None:
+        self.owner = owner
         self.pointer = pointer
         self.count: int = _library.num_patches(pointer)
         has = _library
@@ -389,6 +450,126 @@ def lab_to_srgb(lab: Iterable[float]) -> RGB:
     return RGB(*values)
 
 
+# ---- Findings and documents --------------------------------------------------------------------
+
+
+class Severity(str, Enum):
+    """What a finding means for the reader. Each is equal to its word, such as "repaired"."""
+
+    NOTE = "note"
+    """Worth knowing; nothing was changed and nothing is wrong."""
+    REPAIRED = "repaired"
+    """What was read differs from the file here."""
+    DOUBTFUL = "doubtful"
+    """Two readings are possible; nothing was changed."""
+    LOST = "lost"
+    """Something of the file cannot be kept."""
+
+    __str__ = str.__str__
+
+
+_SEVERITIES = tuple(Severity)  # in the order of mk_severity
+
+
+@dataclass(frozen=True)
+class Finding:
+    """What was met in a file, and what was done about it."""
+
+    code: str
+    """For programs, such as "spectra-in-percent"."""
+    severity: Severity
+    sentence: str
+    """For people, with the figures that led to the finding."""
+    line: int | None
+    """The line of the file, from 1; None if the finding is about no single line."""
+
+
+class Densities(NamedTuple):
+    """The densities of a chart."""
+
+    names: tuple[str, ...]
+    """The columns, such as "D_RED"."""
+    values: Table
+    """One row for each patch and one number for each name; nan where nothing was measured."""
+
+
+class _Facts(NamedTuple):
+    """What only the kit's JSON tells of a chart."""
+
+    condition: str | None = None
+    paper_white: int | None = None
+    density_names: tuple[str, ...] = ()
+    densities: array[float] = array("d")
+    lch: array[float] = array("d")
+
+
+def _facts_of(chart: dict[str, Any]) -> _Facts:
+    def numbers(key: str) -> array[float]:
+        rows = (patch.get(key, ()) for patch in chart["patches"])
+        return array("d", (math.nan if value is None else value for row in rows for value in row))
+
+    m = chart["condition"]["m"]
+    return _Facts(
+        None if m is None else m["value"],
+        chart["paper_white"],
+        tuple(chart["density_names"]),
+        numbers("densities"),
+        numbers("lch"),
+    )
+
+
+class _Document(_Owner):
+    """A document of the kit. It owns the handles of all its charts."""
+
+    __slots__ = ("_facts", "count")
+
+    def __init__(self, pointer: int | None) -> None:
+        super().__init__(pointer, _kit.mk_close)
+        self.count: int = _kit.mk_num_charts(self.pointer)
+        self._facts: list[_Facts] = []
+
+    def handle(self, chart: int) -> ctypes.c_void_p:
+        return ctypes.c_void_p(_kit.mk_chart_handle(self.pointer, chart))
+
+    def lists(self, chart: int) -> tuple[int, ...]:
+        """Where the findings of a chart are: the main one has those of the whole file, too."""
+        return (-1, 0) if chart == 0 else (chart,)
+
+    def findings(self, chart: int) -> Iterator[Finding]:
+        for place in self.lists(chart):
+            for i in range(_kit.mk_num_findings(self.pointer, place)):
+                at = (self.pointer, place, i)
+                yield Finding(
+                    _decoded(_kit.mk_finding_code(*at)),
+                    _SEVERITIES[_kit.mk_finding_severity(*at)],
+                    _decoded(_kit.mk_finding_sentence(*at)),
+                    _kit.mk_finding_line(*at) or None,
+                )
+
+    def more_findings(self, chart: int) -> int:
+        return sum(_kit.mk_num_more_findings(self.pointer, place) for place in self.lists(chart))
+
+    def plain_text(self, chart: int) -> bytes:
+        length = ctypes.c_size_t()
+        address = _kit.mk_plain_text(self.pointer, chart, ctypes.byref(length))
+        if address is None:
+            raise MemoryError
+        return ctypes.string_at(address, length.value)
+
+    def made(self, function: Callable[..., bytes | None]) -> str:
+        """The JSON or the HTML."""
+        text = function(self.pointer)
+        if text is None:
+            raise MemoryError
+        return _decoded(text)
+
+    def facts(self, chart: int) -> _Facts:
+        if not self._facts:
+            main = json.loads(self.made(_kit.mk_json))
+            self._facts = [_facts_of(one) for one in (main, *main.get("further_charts", ()))]
+        return self._facts[chart]
+
+
 # ---- Patches -----------------------------------------------------------------------------------
 
 
@@ -440,7 +621,8 @@ class Patch:
 
     @property
     def lab(self) -> Lab | None:
-        """Lab from the spectrum or the file; None without both. XYZ alone gives no Lab."""
+        """Lab from the spectrum or the file; None without both. A repair computes Lab for a file
+        that has only XYZ or LCh."""
         values = self._data().row("lab", self._position)
         return None if values is None else Lab(*values)
 
@@ -484,9 +666,9 @@ class MergedPatch(Patch):
     @property
     def stats(self) -> RepeatStats | None:
         """The statistics of its measurements; None without device values or without colour."""
-        handle = self._chart._open().handle
+        rows = self._chart._open().rows
         stats = _DeStats(repeat_count=-1)
-        _library.get_de_stats_from_index(handle.pointer, self._position, ctypes.byref(stats))
+        _library.get_de_stats_from_index(rows.pointer, self._position, ctypes.byref(stats))
         if stats.repeat_count < 0:
             return None
         if stats.repeat_count < 2:
@@ -582,7 +764,8 @@ class Patches(_PatchSequence[Patch]):
 
 
 class MergedPatches(_PatchSequence[MergedPatch]):
-    """The merged patches of a chart. A file with densities has none."""
+    """The merged patches of a chart. There are none if the file has no colours but densities, or if
+    it has densities and was loaded without repair."""
 
     __slots__ = ()
     _patch = MergedPatch
@@ -671,27 +854,33 @@ class Keywords(Mapping[str, List[str]]):
 
 
 class _Native(NamedTuple):
-    handle: _Handle
+    owner: _Owner
     rows: _DataSet
     merged: _DataSet
 
 
 class Chart:
-    """A loaded measurement file. load and load_bytes create it."""
+    """A loaded chart: a table of a measurement file. load and load_bytes create it."""
 
-    def __init__(self, handle: _Handle, source: str, mode: Mode) -> None:
-        merged = ctypes.c_void_p(_library.pass_unique_data(handle.pointer))
+    def __init__(self, owner: _Owner, source: str, position: int = 0) -> None:
+        handle = owner.handle(position)
+        merged = ctypes.c_void_p(_library.pass_unique_data(handle))
         self._native: _Native | None = _Native(
-            handle, _DataSet(handle, handle.pointer), _DataSet(handle, merged)
+            owner, _DataSet(owner, handle), _DataSet(owner, merged)
         )
+        self._position = position
+        self._tables: tuple[Chart, ...] | None = None
         self.source = source
         """The path or name given to the load."""
-        self.mode = mode
-        """How the file was read: "measurement" or "table"."""
+        self.mode: Mode = "table" if _library.get_parse_mode(handle) else "measurement"
+        """How the library read the file: "measurement", or "table" for a semicolon table as it
+        stands. A repaired table is a measurement file."""
 
     def close(self) -> None:
-        """Releases the native data. Later uses of the chart raise ValueError."""
+        """Closes the chart. Later uses of it raise ValueError. The native data is released when all
+        charts of the file are closed or no longer referenced."""
         self._native = None
+        self._tables = None
 
     @property
     def closed(self) -> bool:
@@ -711,8 +900,22 @@ class Chart:
         return native
 
     def _ask(self, function: Callable[..., Any], *arguments: int) -> Any:
-        handle = self._open().handle
-        return function(handle.pointer, *arguments)
+        rows = self._open().rows
+        return function(rows.pointer, *arguments)
+
+    def _document(self) -> _Document | None:
+        owner = self._open().owner
+        return owner if isinstance(owner, _Document) else None
+
+    def _needed_document(self) -> _Document:
+        document = self._document()
+        if document is None:
+            raise ValueError("not available for a chart that was loaded with a mode")
+        return document
+
+    def _facts(self) -> _Facts:
+        document = self._document()
+        return _Facts() if document is None else document.facts(self._position)
 
     def _merged_at(self, index: int) -> MergedPatch | None:
         return None if index < 0 else MergedPatch(self, index)
@@ -720,7 +923,32 @@ class Chart:
     @property
     def messages(self) -> list[str]:
         """The messages of the load, one string for each line."""
-        return self._open().handle.messages()
+        rows = self._open().rows
+        return _messages(rows.pointer)
+
+    @property
+    def findings(self) -> tuple[Finding, ...]:
+        """What was met and repaired in this table, at most 100 findings. The main chart begins with
+        the findings about the file as a whole."""
+        document = self._document()
+        return () if document is None else tuple(document.findings(self._position))
+
+    @property
+    def more_findings(self) -> int:
+        """The number of further findings, which are not listed."""
+        document = self._document()
+        return 0 if document is None else document.more_findings(self._position)
+
+    @property
+    def tables(self) -> tuple[Chart, ...]:
+        """The further charts of the file, made at the first use; empty for one of these charts.
+        They stay open when this chart is closed."""
+        document = self._document()
+        if self._tables is None:
+            count = 1 if document is None or self._position > 0 else document.count
+            owner = self._open().owner
+            self._tables = tuple(Chart(owner, self.source, i) for i in range(1, count))
+        return self._tables
 
     @property
     def patches(self) -> Patches:
@@ -733,7 +961,11 @@ class Chart:
 
     @property
     def paper_white(self) -> MergedPatch | None:
-        """The merged patch with 0 in every channel; None if there is none."""
+        """The merged patch with no ink or, for RGB, with all channels at full; None if there is
+        none. Without repair it is the patch with 0 in every channel, for RGB too."""
+        if self.device_space == "RGB" and self._document() is not None:
+            index = self._facts().paper_white
+            return None if index is None else MergedPatch(self, index)
         return self._merged_at(self._ask(_library.get_paperwhite_index))
 
     @property
@@ -752,7 +984,7 @@ class Chart:
     @property
     def holds(self) -> frozenset[str]:
         """The kinds of data in the file: "device", "xyz", "lab", "lch", "spectrum", "id", "name",
-        "location". The library does not return the values of LCh."""
+        "location"."""
         questions = {
             "device": _library.has_device_data,
             "xyz": _library.has_xyz_data,
@@ -807,10 +1039,47 @@ class Chart:
         """The density status, such as "Status T"; or None."""
         return _text(self._ask(_library.density_status))
 
+    @property
+    def condition(self) -> str | None:
+        """The measurement condition "M0", "M1", "M2" or "M3" of ISO 13655; None if the file does
+        not tell it, or without repair."""
+        return self._facts().condition
+
+    @property
+    def density(self) -> Densities | None:
+        """The densities of all patches; None if the file has none, or without repair."""
+        facts = self._facts()
+        if not facts.density_names:
+            return None
+        names = facts.density_names
+        return Densities(names, _table(facts.densities[:], len(names)))
+
+    @property
+    def lch(self) -> Table | None:
+        """L*, C* and h of all patches, as the file has them; None if it has none, or without
+        repair."""
+        lch = self._facts().lch
+        return _table(lch[:], 3) if lch else None
+
+    @property
+    def plain_text(self) -> bytes:
+        """The chart as a plain measurement file that every program reads. It is bytes, because a
+        file that needs no repair is returned byte for byte; a repaired one is UTF-8."""
+        return self._needed_document().plain_text(self._position)
+
+    def to_json(self) -> str:
+        """The whole file with all its charts as a JSON object."""
+        return self._needed_document().made(_kit.mk_json)
+
+    def to_html(self) -> str:
+        """The whole file with all its charts as an HTML page without scripts."""
+        return self._needed_document().made(_kit.mk_html)
+
     def __repr__(self) -> str:
         native = self._native
         state = "closed" if native is None else f"{native.rows.count} patches"
-        return f"<Chart {self.source!r}: {state}>"
+        table = f", table {self._position + 1}" if self._position else ""
+        return f"<Chart {self.source!r}{table}: {state}>"
 
 
 # ---- Loading -----------------------------------------------------------------------------------
@@ -823,27 +1092,38 @@ class MeasurementError(Exception):
         super().__init__(source, messages)
         self.source = source
         self.messages = messages
-        """The messages of the load, one string for each line."""
+        """The sentences of the findings or, for a given mode, the messages of the load."""
 
     def __str__(self) -> str:
         return ": ".join([self.source, "; ".join(self.messages) or "no measurements"])
 
 
-def load(path: str | bytes | os.PathLike[str] | os.PathLike[bytes], mode: Mode = "auto") -> Chart:
-    """Loads a file.
+def load(
+    path: str | bytes | os.PathLike[str] | os.PathLike[bytes],
+    mode: Mode = "auto",
+    *,
+    repair: bool = True,
+) -> Chart:
+    """Loads a file and returns its main chart; the further ones are in its `tables`.
 
-    The mode "measurement" reads CGATS.17 / ISO 28178 files and their older form with a
-    seven-character identifier. "table" reads semicolon-separated tables. "auto" tries "measurement"
-    first and, if that fails, accepts a table with known columns.
+    What deviates from the format is repaired and told in the findings. With repair=False the file
+    is read as it stands: as a CGATS.17 / ISO 28178 file or its older form with a seven-character
+    identifier and, if that fails, as a semicolon-separated table with known columns.
 
-    Raises OSError if the file cannot be opened, and MeasurementError if it cannot be read.
+    The mode "measurement" or "table" reads a file as it stands and in this one way. Such a chart
+    has no findings, further tables, plain text, JSON or HTML.
+
+    Raises OSError if the file cannot be opened, and MeasurementError if it has no table.
     """
     encoded = os.fsencode(path)  # UTF-8 on Windows and macOS, the bytes of the name elsewhere
     if b"\0" in encoded:
         raise ValueError("embedded null character")
-    parse = _releasing_library.parse_file
+    parse, open_file = _releasing_library.parse_file, _releasing_kit.mk_open_file
+    source = os.fsdecode(path)
     try:
-        return _load(lambda handle: parse(handle, encoded), os.fsdecode(path), mode)
+        if mode == "auto":
+            return _open_document(open_file(encoded, _options(repair)), source)
+        return _load(lambda handle: parse(handle, encoded), source, mode)
     except MeasurementError:
         # Pipes and devices are never read, and opening one could block.
         if os.path.isfile(path) or os.path.isdir(path) or not os.path.exists(path):
@@ -853,43 +1133,40 @@ def load(path: str | bytes | os.PathLike[str] | os.PathLike[bytes], mode: Mode =
 
 
 def load_bytes(
-    data: bytes | bytearray | memoryview, name: str | None = None, mode: Mode = "auto"
+    data: bytes | bytearray | memoryview,
+    name: str | None = None,
+    mode: Mode = "auto",
+    *,
+    repair: bool = True,
 ) -> Chart:
-    """Loads the contents of a file. `name` replaces the path; load describes the modes."""
+    """Loads the contents of a file. `name` replaces the path; load describes the rest."""
     block = data if isinstance(data, bytes) else bytes(memoryview(data))
     encoded = None if name is None else name.encode("utf-8", "surrogateescape")
     if encoded is not None and b"\0" in encoded:
         raise ValueError("embedded null character")
-    parse = _releasing_library.parse_mem
+    parse, open_block = _releasing_library.parse_mem, _releasing_kit.mk_open_block
     source = "<bytes>" if name is None else name
+    if mode == "auto":
+        return _open_document(open_block(len(block), block, encoded, _options(repair)), source)
     return _load(lambda handle: parse(handle, len(block), block, encoded), source, mode)
 
 
+def _options(repair: bool) -> int:
+    return _MK_REPAIR if repair else _MK_AS_IS
+
+
+def _open_document(pointer: int | None, source: str) -> Chart:
+    document = _Document(pointer)
+    if document.count == 0:
+        sentences = "\n".join(finding.sentence for finding in document.findings(0))
+        raise MeasurementError(source, [line for line in sentences.split("\n") if line])
+    return Chart(document, source)
+
+
 def _load(parse: Callable[[ctypes.c_void_p], Any], source: str, mode: Mode) -> Chart:
-    if mode not in ("auto", "measurement", "table"):
+    if mode not in ("measurement", "table"):
         raise ValueError("mode must be 'auto', 'measurement' or 'table'")
-    handle = _Handle()
-    if mode != "table":
-        if parse(handle.pointer):
-            return Chart(handle, source, "measurement")
-        if mode == "measurement":
-            raise MeasurementError(source, handle.messages())
-    # A new handle, because keywords stay in a handle that is loaded again.
-    table = _Handle()
-    _library.set_parse_mode(table.pointer, 1)
-    if parse(table.pointer) and (mode == "table" or _has_known_columns(table)):
-        return Chart(table, source, "table")
-    raise MeasurementError(source, (table if mode == "table" else handle).messages())
-
-
-def _has_known_columns(table: _Handle) -> bool:
-    """Any text can be read as a table. A table that lacks the first ink still has one channel."""
-    pointer = table.pointer
-    return bool(
-        _library.num_patches(pointer) > 0
-        and (
-            _library.num_device_channels(pointer) == 4
-            or _library.has_color_data(pointer)
-            or _library.has_xyz_data(pointer)
-        )
-    )
+    parser = _Parser(("measurement", "table").index(mode))
+    if parse(parser.pointer):
+        return Chart(parser, source)
+    raise MeasurementError(source, _messages(parser.pointer))

@@ -2,7 +2,16 @@
 # Call: cmake -DWAY=... -DPREFIX=... -DSOURCE=... -DWORK=... -DCC=... -DCXX=... -DGENERATOR=...
 #   -P build_outside.cmake
 set(outside ${SOURCE}/tests/packaging/outside)
-set(chart ${SOURCE}/examples/data/cmyk-spectral-310.txt)
+set(program main.c)
+set(package measdata)
+set(chart cmyk-spectral-310.txt)
+set(answer "^310 patches, read by [0-9]+[.][0-9]+[.][0-9]+\n$")
+if(WAY MATCHES "kit$")
+  set(program kit.c)
+  set(package measkit)
+  set(chart semicolon-table.csv)
+  set(answer "^spreadsheet\nfield-names\n7 patches\n$")
+endif()
 # The objects of the library are built again only when they changed.
 if(WAY STREQUAL "subdirectory")
   file(REMOVE ${WORK}/CMakeCache.txt ${WORK}/outside)
@@ -25,29 +34,29 @@ if(WAY MATCHES "^pkg-config")
     set(static --static)
   endif()
   execute_process(
-    COMMAND pkg-config ${static} --cflags --libs measdata
+    COMMAND pkg-config ${static} --cflags --libs ${package}
     OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY
   )
   if(WAY MATCHES "static")
     string(REPLACE "-lmeasdata" "-l:libmeasdata.a" flags "${flags}")
   endif()
   separate_arguments(flags)
-  run(${CC} ${outside}/main.c -o outside ${flags})
+  run(${CC} ${outside}/${program} -o outside ${flags})
 elseif(WAY STREQUAL "plain")
   run(${CC} -I${PREFIX}/include ${outside}/main.c -o outside -L${lib_dir} -lmeasdata)
 else()
-  run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${outside} -B . -DWAY=${WAY} -DMEASDATA_SOURCE=${SOURCE}
-      -DCMAKE_PREFIX_PATH=${PREFIX} -DCMAKE_C_COMPILER=${CC} -DCMAKE_CXX_COMPILER=${CXX}
-      -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0)
+  run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${outside} -B . -DWAY=${WAY} -DPROGRAM=${program}
+      -DMEASDATA_SOURCE=${SOURCE} -DCMAKE_PREFIX_PATH=${PREFIX} -DCMAKE_C_COMPILER=${CC}
+      -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0)
   run(${CMAKE_COMMAND} --build . --parallel 2)
 endif()
 
 set(ENV{LD_LIBRARY_PATH} ${lib_dir})
 execute_process(
-  COMMAND ${WORK}/outside ${chart}
+  COMMAND ${WORK}/outside ${SOURCE}/examples/data/${chart}
   OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY
 )
-if(NOT output MATCHES "^310 patches, read by [0-9]+[.][0-9]+[.][0-9]+\n$")
+if(NOT output MATCHES "${answer}")
   message(FATAL_ERROR "unexpected answer: ${output}")
 endif()
 message(STATUS "${output}")

@@ -1,4 +1,4 @@
-"""Tests of the Python binding; MEASDATA_LIBRARY names the library.
+"""Tests of the Python binding; MEASDATA_LIBRARY and MEASKIT_LIBRARY name the libraries.
 
 With MEASDATA_TEST_WITHOUT_NUMPY set they run as if numpy were not installed.
 """
@@ -7,6 +7,8 @@ import copy
 import doctest
 import gc
 import importlib.util
+import json
+import math
 import os
 import pickle
 import re
@@ -29,10 +31,14 @@ import build_backend  # noqa: E402
 import measdata  # noqa: E402
 
 
-def chart_of(fields, rows, header=""):
+def text_of(fields, rows, header=""):
     columns = f"BEGIN_DATA_FORMAT\n{fields}\nEND_DATA_FORMAT\n"
     text = f"CGATS.17\n{header}\n{columns}BEGIN_DATA\n{rows}\nEND_DATA\n"
-    return measdata.load_bytes(text.encode("latin-1"))
+    return text.encode("latin-1")
+
+
+def chart_of(*parts, repair=False):
+    return measdata.load_bytes(text_of(*parts), repair=repair)
 
 
 def rows_of(table):
@@ -40,31 +46,45 @@ def rows_of(table):
 
 
 class Declarations(unittest.TestCase):
-    def test_every_function_is_declared_as_the_header_has_it(self):
-        header = (PROJECT / "api" / "measdata.h").read_text()
-        kinds = {"int": "i", "double": "d", "size_t": "n", "void": "v", "char*": "s", "void*": "p"}
-        kinds.update({"void**": "p", "double*": "p", "DeStats*": "p"})
+    def test_every_function_is_declared_as_the_headers_have_it(self):
+        for folder, name, signatures in (
+            ("api", "measdata", measdata._SIGNATURES),
+            ("kit", "measkit", measdata._KIT_SIGNATURES),
+        ):
+            header = (PROJECT / folder / f"{name}.h").read_text()
+            exports = (PROJECT / folder / "exports.txt").read_text().splitlines()
+            with self.subTest(name):
+                declared = self.declared(signatures)
+                self.assertEqual(declared, self.expected(header, name.upper()))
+                self.assertEqual({name for name in exports if "(" not in name}, set(declared))
+
+    @staticmethod
+    def expected(header, prefix):
+        kinds = {"int": "i", "double": "d", "size_t": "n", "void": "v", "char*": "s"}
+        kinds.update(mk_options="i", mk_severity="i")
 
         def kind(declaration):
             stars = "*" * declaration.count("*")
-            return kinds[re.findall(r"\w+", declaration.replace("const ", ""))[0] + stars]
+            return kinds.get(re.findall(r"\w+", declaration.replace("const ", ""))[0] + stars, "p")
 
+        pattern = rf"{prefix}_API (.+?)(\w+)\(([^)]*)\) {prefix}_NOEXCEPT;"
         expected = {}
-        for result, name, arguments in re.findall(
-            r"MEASDATA_API (.+?)(\w+)\(([^)]*)\) MEASDATA_NOEXCEPT;", header
-        ):
+        for result, name, arguments in re.findall(pattern, header):
             listed = [] if arguments == "void" else arguments.split(",")
             expected[name] = (kind(result), "".join(map(kind, listed)))
+        if "mk_plain_text" in expected:  # an address, because the text may hold zero bytes
+            expected["mk_plain_text"] = ("p", expected["mk_plain_text"][1])
+        return expected
+
+    @staticmethod
+    def declared(signatures):
         codes = {measdata._INT: "i", measdata._DOUBLE: "d", measdata._TEXT: "s", None: "v"}
         codes[measdata.ctypes.c_size_t] = "n"
-        declared = {
+        return {
             name: (codes.get(result, "p"), "".join(codes.get(a, "p") for a in arguments))
-            for result, arguments, names in measdata._SIGNATURES
+            for result, arguments, names in signatures
             for name in names.split()
         }
-        self.assertEqual(declared, expected)
-        exports = (PROJECT / "api" / "exports.txt").read_text().splitlines()
-        self.assertEqual({name for name in exports if "(" not in name}, set(declared))
 
     def test_versions_agree(self):
         self.assertEqual(measdata.__version__, measdata.version)
@@ -135,7 +155,7 @@ class Values(unittest.TestCase):
             self.assertRaises(ValueError, measdata.lab_to_srgb, wrong)
 
     def test_header(self):
-        chart = measdata.load(DATA / "densities.txt")
+        chart = measdata.load(DATA / "densities.txt", repair=False)
         self.assertEqual(chart.instrument[:4], ("Talvik", "D20", "42", "45/0"))
         self.assertEqual((chart.sample.backing, chart.sample.material), ("black", None))
         self.assertEqual((chart.density_status, chart.illuminant), ("Status T", "D50"))
@@ -156,7 +176,7 @@ class Loading(unittest.TestCase):
     def test_modes(self):
         table = (DATA / "semicolon-table.csv").read_bytes()
         for mode in ("auto", "table"):
-            chart = measdata.load_bytes(memoryview(table), mode=mode)
+            chart = measdata.load_bytes(memoryview(table), mode=mode, repair=False)
             self.assertEqual((chart.mode, len(chart.patches)), ("table", 7))
         for data, mode in ((table, "measurement"), (b"% a;b\n1;2\n", "auto"), (b"", "auto")):
             with self.assertRaises(measdata.MeasurementError) as failure:
@@ -185,6 +205,66 @@ class Loading(unittest.TestCase):
                 self.assertRaises(measdata.MeasurementError, measdata.load, f"{directory}/pipe")
 
 
+class Kit(unittest.TestCase):
+    RGB = text_of("RGB_R RGB_G RGB_B LAB_L LAB_A LAB_B", "0 0 0 5 0 0\n1 1 1 95 0 0")
+
+    def test_a_repair_is_told(self):
+        text = text_of("SAMPLE_ID XYZ_X XYZ_Y XYZ_Z", "w 96.422 100 82.521", "NUMBER_OF_SETS 3")
+        chart = measdata.load_bytes(b"\xef\xbb\xbf" + text)
+        mark, count, lab = chart.findings  # that of the file comes first
+        self.assertEqual((mark.code, mark.severity), ("byte-order-mark", "repaired"))
+        self.assertEqual((count.code, count.line, lab.code), ("wrong-count", 2, "lab-added"))
+        self.assertEqual((f"{lab.severity}", chart.more_findings), ("repaired", 0))
+        self.assertIn("D50", lab.sentence)
+        self.assertTrue(all(abs(x - y) < 1e-9 for x, y in zip(chart.patches[0].lab, (100, 0, 0))))
+        again = measdata.load_bytes(chart.plain_text)
+        self.assertEqual((again.findings, again.patches[0].lab), ((), chart.patches[0].lab))
+        as_is = measdata.load_bytes(text, repair=False)
+        self.assertEqual((as_is.findings, as_is.patches[0].lab, as_is.plain_text), ((), None, text))
+
+    def test_further_tables(self):
+        second = text_of("SAMPLE_ID LAB_L LAB_A LAB_B", "z\0z 50 1 2", 'FILTER "M2"')
+        chart = measdata.load_bytes(self.RGB + second + second, name="three")
+        first, last = chart.tables
+        self.assertIs(chart.tables[0], first)
+        self.assertEqual((len(chart.patches), chart.condition, last.condition), (2, None, "M2"))
+        self.assertEqual((first.tables, repr(last)), ((), "<Chart 'three', table 3: 1 patches>"))
+        self.assertIn(b"z\0z 50", last.plain_text)
+        chart.close()
+        del chart
+        gc.collect()
+        self.assertEqual((first.patches[0].lab, first.findings), ((50, 1, 2), ()))
+        self.assertEqual(len(json.loads(last.to_json())["further_charts"]), 2)
+        self.assertIn("<html", last.to_html())
+
+    def test_columns_that_the_library_does_not_return(self):
+        fields, rows = "D_RED D_VIS LAB_L LAB_C LAB_H", ".5 nan 50 2 90\n1 2 3 4 5"
+        chart = chart_of(fields, rows, repair=True)
+        names, values = chart.density
+        self.assertEqual((names, len(values), values[0][0]), (("D_RED", "D_VIS"), 2, 0.5))
+        self.assertTrue(math.isnan(values[0][1]))
+        self.assertEqual((rows_of(chart.lch), len(chart.merged)), ([(50, 2, 90), (3, 4, 5)], 2))
+        other = measdata.load_bytes(self.RGB)
+        self.assertEqual((other.density, other.lch), (None, None))
+
+    def test_paper_white_of_rgb(self):
+        for repair, white in ((True, (1, 1, 1)), (False, (0, 0, 0))):
+            chart = measdata.load_bytes(self.RGB, repair=repair)
+            self.assertEqual(chart.paper_white.device, white)
+        without_white = self.RGB.replace(b"1 1 1", b"1 1 0")
+        self.assertIsNone(measdata.load_bytes(without_white).paper_white)
+
+    def test_a_given_mode_does_not_repair(self):
+        chart = measdata.load_bytes(b"\n" + self.RGB[9:], mode="table")
+        self.assertEqual((chart.findings, chart.tables, chart.condition), ((), (), None))
+        self.assertRaises(ValueError, chart.to_json)
+
+    def test_a_file_without_tables(self):
+        with self.assertRaises(measdata.MeasurementError) as failure:
+            measdata.load_bytes(b"")
+        self.assertEqual(failure.exception.messages, ["The file is empty."])
+
+
 class Lifetime(unittest.TestCase):
     def test_a_closed_chart_answers_nothing(self):
         with chart_of("SAMPLE_ID GRAY LAB_L LAB_A LAB_B", "1 100 1 2 3") as chart:
@@ -197,7 +277,7 @@ class Lifetime(unittest.TestCase):
             for name in dir(type(holder))
             if isinstance(getattr(type(holder), name), property) and name not in ("closed", "index")
         ]
-        calls = [(chart, "__enter__"), (holders[1], "__len__"), (holders[1], "lab")]
+        calls = [(chart, "__enter__"), (chart, "to_json"), (holders[1], "__len__"), (holders[1], "lab")]
         for holder, name in questions + calls:
             repr(holder)
             with self.subTest(name=name), self.assertRaises(ValueError):
@@ -253,9 +333,10 @@ class Interpreter(unittest.TestCase):
 
     def test_a_missing_library_is_told(self):
         for wrong in ("/no/such/library.so", measdata.ctypes.util.find_library("c") or "libc.so.6"):
-            ended = run_python("import measdata", MEASDATA_LIBRARY=wrong)
-            self.assertIn("OSError: the measdata library cannot be loaded", ended.stderr)
-            self.assertIn(wrong, ended.stderr)
+            for name in ("measdata", "measkit"):
+                ended = run_python("import measdata", **{f"{name.upper()}_LIBRARY": wrong})
+                self.assertIn(f"OSError: the {name} library cannot be loaded", ended.stderr)
+                self.assertIn(wrong, ended.stderr)
 
     def test_wheel(self):
         with tempfile.TemporaryDirectory() as directory:

@@ -1,0 +1,159 @@
+/** @file
+ *  measkit: opens colour-measurement files as they really are.
+ *
+ *  Real files deviate from the format: counts are wrong, spectra are in percent, XYZ stands alone,
+ * a spreadsheet dropped the frame. measkit makes a plain measurement file of each table in a file,
+ *  says in findings what it met and what it did, and gives a handle of measdata.h for each, so that
+ *  every function of that header can be asked. A file that needs nothing is not changed.
+ *
+ *  These rules hold for every function:
+ *
+ *  1. A document is opened by mk_open_file or mk_open_block and released by mk_close. It holds one
+ *     chart for each table of the file, the main one first. Charts and findings count from 0.
+ *  2. A null document holds no charts: counts are 0, strings and handles are null.
+ *  3. A chart or finding that does not exist answers like one of a null document.
+ *  4. Strings and handles belong to the document. They are valid until mk_close. Strings end with a
+ *     zero byte; they are UTF-8.
+ *  5. No C++ exception leaves the library. A function that runs out of memory returns null or 0.
+ *  6. Two threads must not use one document at the same time. Different documents are independent.
+ */
+#ifndef MEASKIT_H
+#define MEASKIT_H
+
+#include <stddef.h>
+
+#if defined(_WIN32)
+#if defined(MEASKIT_BUILDING)
+#define MEASKIT_API __declspec(dllexport)
+#elif defined(MEASKIT_STATIC)
+#define MEASKIT_API
+#else
+#define MEASKIT_API __declspec(dllimport)
+#endif
+#else
+#define MEASKIT_API __attribute__((visibility("default")))
+#endif
+
+#ifdef __cplusplus
+#define MEASKIT_NOEXCEPT noexcept
+extern "C" {
+#else
+#define MEASKIT_NOEXCEPT
+#endif
+
+/** @defgroup documents Documents
+ *  @{ */
+
+/** A file with its charts and findings. */
+typedef struct mk_document mk_document;
+
+/** How a file is opened. */
+typedef enum mk_options {
+  MK_REPAIR = 0, /**< repair what deviates, and say so in findings */
+  MK_AS_IS = 1   /**< one chart, as measdata.h reads the file, without findings of repairs */
+} mk_options;
+
+/** Opens the file named by a UTF-8 path. Returns null only without memory: a file that cannot be
+ *  read gives a document without charts whose finding says why. A null path counts as an empty one.
+ *  Only regular files are read. */
+MEASKIT_API mk_document* mk_open_file(const char* path, mk_options options) MEASKIT_NOEXCEPT;
+
+/** Opens the `length` bytes at `block`, which may hold zero bytes. `name` stands for the file name;
+ *  it may be null. The block is copied. Returns null only without memory. */
+MEASKIT_API mk_document* mk_open_block(size_t length, const char* block, const char* name,
+                                       mk_options options) MEASKIT_NOEXCEPT;
+
+/** Releases `*document` with all that belongs to it and sets `*document` to null. Does nothing when
+ *  `document` or `*document` is null. */
+MEASKIT_API void mk_close(mk_document** document) MEASKIT_NOEXCEPT;
+
+/** The version of the library, "major.minor.bugfix". */
+MEASKIT_API const char* mk_version(void) MEASKIT_NOEXCEPT;
+
+/** @} */
+
+/** @defgroup charts Charts
+ *  @{ */
+
+/** The number of charts: one for each table of the file. */
+MEASKIT_API int mk_num_charts(const mk_document* document) MEASKIT_NOEXCEPT;
+
+/** The name of a chart: that of the document and, for a further table, its number from 1. */
+MEASKIT_API const char* mk_chart_name(const mk_document* document, int chart) MEASKIT_NOEXCEPT;
+
+/** The chart's handle for all functions of measdata.h. It has the chart's plain text loaded. Do not
+ *  release it with cleanup_parser. Loading something else into it changes the answers of mk_json
+ * and mk_html.
+ *
+ *  The library does not merge repeats of a file with densities. For a chart with densities and
+ * other colours the handle therefore has the plain text without densities; mk_plain_text keeps
+ * them. */
+MEASKIT_API void* mk_chart_handle(const mk_document* document, int chart) MEASKIT_NOEXCEPT;
+
+/** The chart as a plain measurement file. Writes its size in bytes to `*length`, unless that is
+ * null. A file that needs no repair is returned byte for byte. */
+MEASKIT_API const char* mk_plain_text(mk_document* document, int chart,
+                                      size_t* length) MEASKIT_NOEXCEPT;
+
+/** @} */
+
+/** @defgroup findings Findings
+ *
+ *  Each finding is about a chart or, with the chart -1, about the file as a whole. A list holds at
+ *  most 100; further ones are counted.
+ *  @{ */
+
+/** What a finding means for the reader. */
+typedef enum mk_severity {
+  MK_NOTE = 0,     /**< worth knowing; nothing was changed and nothing is wrong */
+  MK_REPAIRED = 1, /**< the plain text differs from the file here */
+  MK_DOUBTFUL = 2, /**< two readings are possible; nothing was changed */
+  MK_LOST = 3      /**< something of the file cannot be kept */
+} mk_severity;
+
+/** The number of findings in the list of a chart. */
+MEASKIT_API int mk_num_findings(const mk_document* document, int chart) MEASKIT_NOEXCEPT;
+
+/** The number of further findings of a chart, which its list does not hold. */
+MEASKIT_API int mk_num_more_findings(const mk_document* document, int chart) MEASKIT_NOEXCEPT;
+
+/** The code of a finding for programs, such as "spectra-in-percent". */
+MEASKIT_API const char* mk_finding_code(const mk_document* document, int chart,
+                                        int finding) MEASKIT_NOEXCEPT;
+
+/** A sentence about a finding for people, with the figures that led to it. */
+MEASKIT_API const char* mk_finding_sentence(const mk_document* document, int chart,
+                                            int finding) MEASKIT_NOEXCEPT;
+
+/** The severity of a finding; MK_NOTE when there is no such finding. */
+MEASKIT_API mk_severity mk_finding_severity(const mk_document* document, int chart,
+                                            int finding) MEASKIT_NOEXCEPT;
+
+/** The line of the file that a finding is about, counted from 1; 0 when it is about no one line. */
+MEASKIT_API int mk_finding_line(const mk_document* document, int chart,
+                                int finding) MEASKIT_NOEXCEPT;
+
+/** @} */
+
+/** @defgroup answers Answers
+ *  @{ */
+
+/** Everything that is known of the document as a JSON object. The text is made at the first call.
+ */
+MEASKIT_API const char* mk_json(mk_document* document) MEASKIT_NOEXCEPT;
+
+/** The document's charts as a page of HTML without scripts, side by side. The text is made at the
+ *  first call. */
+MEASKIT_API const char* mk_html(mk_document* document) MEASKIT_NOEXCEPT;
+
+/** The charts of `count` documents as one page of HTML. The text belongs to the first document and
+ *  replaces what mk_html and this function returned for it before. */
+MEASKIT_API const char* mk_html_of(mk_document* const* documents, int count) MEASKIT_NOEXCEPT;
+
+/** @} */
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* MEASKIT_H */

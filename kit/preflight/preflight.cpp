@@ -1,0 +1,165 @@
+#include "kit/preflight/preflight.h"
+
+#include "kit/preflight/conditions.h"
+#include "kit/preflight/device_columns.h"
+#include "kit/preflight/encoding.h"
+#include "kit/preflight/frame_reader.h"
+#include "kit/preflight/lab_columns.h"
+#include "kit/preflight/plain_writer.h"
+#include "kit/preflight/spectral_columns.h"
+#include "kit/preflight/spectral_grid.h"
+#include "kit/preflight/spreadsheet.h"
+#include "kit/preflight/structure.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace measkit {
+namespace {
+
+// Names that readers pass over, as far as they fit into a sentence.
+void tell_unused_columns(Table& table) {
+  constexpr std::size_t kMostNames = 12;
+  const Roles roles = table.roles();
+  std::vector<std::string_view> names;
+  for (const int field : roles.unused) {
+    const std::string_view name = table.fields[static_cast<std::size_t>(field)].name;
+    const bool is_told_already =
+        emission_wavelength_in(name) != 0.0 || name.starts_with("PLACEHOLDER_");
+    if (!is_told_already) names.push_back(name);
+  }
+  if (names.empty()) return;
+  std::string list;
+  for (std::size_t i = 0; i < std::min(names.size(), kMostNames); ++i) {
+    list.append(i == 0 ? "" : ", ").append(names[i]);
+  }
+  if (names.size() > kMostNames) {
+    list += " and " + std::to_string(names.size() - kMostNames) + " more";
+  }
+  table.findings.add(Severity::note, "unused-columns", "Columns that no answer uses: " + list + ".",
+                     table.data_line);
+}
+
+void tell_content(Table& table) {
+  if (table.content == Content::correction_matrix) {
+    table.findings.add(Severity::note, "correction-matrix",
+                       "This table is a correction matrix for an instrument, not a chart.");
+  } else if (table.content == Content::calibration_curves) {
+    table.findings.add(Severity::note, "calibration-curves",
+                       "This table holds calibration curves of a device, not a chart.");
+  }
+}
+
+void tell_conditions(Table& table) {
+  const Conditions conditions = conditions_of(table.header);
+  if (!conditions.other_m) return;
+  table.findings.add(Severity::doubtful, "contradicting-conditions",
+                     conditions.m->keyword + " tells " + conditions.m->value + ", but " +
+                         conditions.other_m->keyword + " tells " + conditions.other_m->value + ".",
+                     conditions.other_m->line);
+}
+
+// The order matters: names before numbers, scales before what is computed from them.
+void repair(Table& table, const char* name) {
+  use_format_names(table);
+  settle_structure(table, name);
+  use_format_names(table);
+  mark_missing_values(table);
+  pair_up_spectra(table);
+  name_quantity(table);
+  use_reflectance_factors(table);
+  use_regular_grid(table);
+  use_xyz_of_chromaticities(table);
+  const bool is_scale_known = use_scale_of_hundred(table);
+  set_placeholders_aside(table);
+  add_lab(table, is_scale_known);
+  make_conditions_plain(table);
+  tell_content(table);
+  tell_conditions(table);
+  tell_unused_columns(table);
+}
+
+bool has_other_colour(const Roles& roles) { return roles.has_lab() || roles.has_spectra(); }
+
+// Loads the plain text, without densities where the library then merges and answers more.
+void load(PlainTable& plain, const char* name) {
+  Table& table = plain.table;
+  const Roles roles = table.roles();
+  if (!roles.densities.empty() && has_other_colour(roles)) {
+    plain.loaded = LoadedText(plain_text_without(table, roles.densities), name);
+    table.findings.add(Severity::note, "densities-apart",
+                       "The table holds densities beside other colours: repeats are merged "
+                       "without the densities.",
+                       table.data_line);
+    return;
+  }
+  if (table.is_as_it_stands && table.is_loaded()) {
+    plain.loaded = std::move(table.loaded());
+    return;
+  }
+  plain.loaded = LoadedText(plain.text, name);
+}
+
+void make_plain(PlainTable& plain, std::string_view whole_text, bool is_only_table,
+                const char* name) {
+  Table& table = plain.table;
+  repair(table, name);
+  if (table.is_as_it_stands && !table.is_loaded()) {
+    // The library refuses the text, or a cell takes a closer look than a scan.
+    LoadedText loaded(is_only_table ? whole_text : table.text, name);
+    if (loaded.is_loaded()) {
+      table.set_loaded(std::move(loaded));
+    } else {
+      table.is_as_it_stands = false;
+      table.findings.add(Severity::repaired, "frame",
+                         "The frame of the table is not as readers want it: written anew.");
+    }
+  }
+  if (table.is_as_it_stands) {
+    plain.text = is_only_table ? whole_text : table.text;
+  } else {
+    plain.made = plain_text(table);
+    plain.text = plain.made;
+  }
+  load(plain, name);
+  if (!plain.loaded.is_loaded()) {
+    table.findings.add(
+        Severity::lost, "not-loaded",
+        std::string("The table cannot be read: ") + parse_messages(plain.loaded.handle()));
+  }
+}
+
+// Charts that were measured come before everything else.
+bool is_main(const Table& table) {
+  const Roles roles = table.roles();
+  return table.content == Content::measurement &&
+         (roles.has_lab() || roles.has_xyz() || roles.has_spectra() || roles.has_lch() ||
+          !roles.densities.empty());
+}
+
+}  // namespace
+
+Preflighted preflight(std::string_view bytes, const char* name) {
+  Preflighted result;
+  const std::string_view text = utf8_text(bytes, *result.text, result.findings);
+  std::vector<Table> tables;
+  if (has_marker_line(text, "BEGIN_DATA")) tables = read_frames(text, result.findings);
+  if (tables.empty()) tables = read_spreadsheet(text, result.findings);
+  const bool is_only_table = tables.size() == 1;
+  std::stable_partition(tables.begin(), tables.end(), is_main);
+  for (Table& table : tables) {
+    if (table.fields.empty()) {
+      result.findings.add(Severity::lost, "fields-missing",
+                          "A data block has no list of fields: what its columns are cannot be "
+                          "known. A list between BEGIN_DATA_FORMAT and END_DATA_FORMAT would help.",
+                          table.data_line);
+      continue;
+    }
+    result.tables.push_back(std::make_unique<PlainTable>());
+    result.tables.back()->table = std::move(table);
+    make_plain(*result.tables.back(), text, is_only_table, name);
+  }
+  return result;
+}
+
+}  // namespace measkit

@@ -1,0 +1,175 @@
+#include "kit/preflight/row_cutter.h"
+
+#include "kit/preflight/line_cursor.h"
+#include "measdata/cell_cutter.h"
+#include "measdata/tokenizer.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace measkit {
+namespace {
+
+using vantor::MeasData::CellCutter;
+using vantor::MeasData::EmptyTokens;
+using vantor::MeasData::kBlankSeparated;
+using vantor::MeasData::Quotes;
+using vantor::MeasData::TokenRules;
+
+constexpr char kCommentChar = '#';
+
+std::string_view trimmed(std::string_view text) {
+  const std::size_t start = text.find_first_not_of(" \t");
+  if (start == std::string_view::npos) return {};
+  return text.substr(start, text.find_last_not_of(" \t") - start + 1);
+}
+
+// Rows of any width, one after the other.
+struct RaggedRows {
+  std::vector<std::string_view> texts;
+  std::vector<std::size_t> ends;   // of each row in `texts`
+  std::vector<std::size_t> lines;  // where it stands
+
+  std::size_t size() const { return ends.size(); }
+  std::size_t start(std::size_t row) const { return row == 0 ? 0 : ends[row - 1]; }
+  std::size_t width(std::size_t row) const { return ends[row] - start(row); }
+  bool all_have(std::size_t width) const {
+    for (std::size_t row = 0; row < size(); ++row) {
+      if (ends[row] != (row + 1) * width) return false;
+    }
+    return true;
+  }
+};
+
+RaggedRows cut_at_blanks(std::string_view data, std::size_t first_line) {
+  RaggedRows rows;
+  CellCutter cutter;
+  for (LineCursor lines(data, first_line); lines.next();) {
+    const auto cells = cutter.cut(data, lines.line(), kBlankSeparated, kCommentChar);
+    if (cells.empty()) continue;
+    rows.texts.insert(rows.texts.end(), cells.begin(), cells.end());
+    rows.ends.push_back(rows.texts.size());
+    rows.lines.push_back(lines.number());
+  }
+  return rows;
+}
+
+// Cells between single separators, without the blanks around them. Empty cells behind the last
+// field are dropped.
+RaggedRows cut_at(char separator, std::string_view data, std::size_t first_line,
+                  std::size_t width) {
+  const TokenRules rules = {separator, separator, EmptyTokens::keep, Quotes::honour};
+  RaggedRows rows;
+  std::vector<std::string_view> cells;
+  for (LineCursor lines(data, first_line); lines.next();) {
+    const std::string_view content = trimmed(lines.line());
+    if (content.empty() || content.front() == kCommentChar) continue;
+    vantor::MeasData::split(lines.line(), rules, cells);
+    for (std::string_view& cell : cells) {
+      cell = trimmed(cell);
+      if (cell.size() > 1 && cell.front() == '"' && cell.back() == '"') {
+        cell = cell.substr(1, cell.size() - 2);
+      }
+    }
+    // A separator at the end of the line makes no cell, though the last field may be empty.
+    if (cells.size() + 1 == width && lines.line().back() == separator) cells.emplace_back();
+    while (cells.size() > width && cells.back().empty()) cells.pop_back();
+    rows.texts.insert(rows.texts.end(), cells.begin(), cells.end());
+    rows.ends.push_back(rows.texts.size());
+    rows.lines.push_back(lines.number());
+  }
+  return rows;
+}
+
+Cells cells_of(RaggedRows rows, std::size_t width) {
+  return {std::move(rows.texts), width, std::move(rows.lines)};
+}
+
+struct Separator {
+  char byte;
+  std::string_view code, name;
+};
+constexpr std::array<Separator, 3> kSeparators = {{{'\t', "cells-at-tabs", "tabs"},
+                                                   {';', "cells-at-semicolons", "semicolons"},
+                                                   {',', "cells-at-commas", "commas"}}};
+
+// Rows that go on over several lines: each row begins on a new line.
+std::optional<Cells> join_lines(const RaggedRows& rows, std::size_t width) {
+  if (width == 0 || rows.texts.size() % width != 0) return std::nullopt;
+  std::vector<std::size_t> starts;
+  std::size_t filled = 0;
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    if (filled == 0) starts.push_back(rows.lines[row]);
+    filled += rows.width(row);
+    if (filled > width) return std::nullopt;
+    if (filled == width) filled = 0;
+  }
+  return Cells{rows.texts, width, std::move(starts)};
+}
+
+std::string line_count(std::size_t count) {
+  return std::to_string(count) + (count == 1 ? " row" : " rows");
+}
+
+// The rows of the right width alone.
+Cells leave_out_others(const RaggedRows& rows, std::size_t width, Findings& findings) {
+  Cells cells;
+  cells.width = width;
+  std::size_t left_out = 0, first = 0;
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    if (rows.width(row) != width) {
+      if (left_out++ == 0) first = row;
+      continue;
+    }
+    const auto start = rows.texts.begin() + static_cast<std::ptrdiff_t>(rows.start(row));
+    cells.texts.insert(cells.texts.end(), start, start + static_cast<std::ptrdiff_t>(width));
+    cells.lines.push_back(rows.lines[row]);
+  }
+  if (left_out != 0) {
+    findings.add(Severity::lost, "rows-left-out",
+                 line_count(left_out) + " of " + std::to_string(rows.size()) +
+                     " left out: the first has " + std::to_string(rows.width(first)) +
+                     " cells, but the table has " + std::to_string(width) + " fields.",
+                 rows.lines[first]);
+  }
+  return cells;
+}
+
+}  // namespace
+
+CutRows cut_rows(std::string_view data, std::size_t first_line, std::size_t width,
+                 Findings& findings) {
+  RaggedRows rows = cut_at_blanks(data, first_line);
+  if (rows.all_have(width)) return {cells_of(std::move(rows), width), true};
+  for (const Separator& separator : kSeparators) {
+    if (data.find(separator.byte) == std::string_view::npos) continue;
+    RaggedRows others = cut_at(separator.byte, data, first_line, width);
+    if (width > 1 && others.size() != 0 && others.all_have(width)) {
+      findings.add(Severity::repaired, separator.code,
+                   "The cells of a row are separated by " + std::string(separator.name) +
+                       ": cut there, each of the " + line_count(others.size()) + " has " +
+                       std::to_string(width) + " cells.",
+                   first_line);
+      return {cells_of(std::move(others), width), false};
+    }
+  }
+  if (std::optional<Cells> joined = join_lines(rows, width)) {
+    findings.add(Severity::repaired, "rows-over-lines",
+                 "Rows go on over several lines: " + std::to_string(rows.size()) + " lines make " +
+                     line_count(joined->rows()) + " of " + std::to_string(width) + " cells.",
+                 first_line);
+    return {*std::move(joined), false};
+  }
+  if (rows.size() != 0 && rows.width(0) != width && rows.all_have(rows.width(0))) {
+    const std::size_t other_width = rows.width(0);
+    return {cells_of(std::move(rows), other_width), false};
+  }
+  return {leave_out_others(rows, width, findings), false};
+}
+
+}  // namespace measkit

@@ -1,0 +1,133 @@
+#include "kit/preflight/structure.h"
+
+#include "kit/preflight/numeric_rows.h"
+#include "kit/preflight/row_cutter.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace measkit {
+namespace {
+
+std::optional<long long> declared_count(const Table& table, std::string_view keyword) {
+  std::optional<long long> count;
+  for (const HeaderLine& line : table.header) {
+    if (line.keyword != keyword) continue;
+    long long value = -1;
+    std::from_chars(line.value.data(), line.value.data() + line.value.size(), value);
+    count = value;
+  }
+  return count;
+}
+
+void check_count(Table& table, std::string_view keyword, std::string_view what, std::size_t real) {
+  const std::optional<long long> declared = declared_count(table, keyword);
+  if (!declared || *declared == static_cast<long long>(real)) return;
+  const HeaderLine* line = table.find(keyword);
+  table.is_as_it_stands = false;
+  table.findings.add(Severity::repaired, "wrong-count",
+                     std::string(keyword) + " is " + line->value + ", but there are " +
+                         std::to_string(real) + " " + std::string(what) + ".",
+                     line->line);
+}
+
+// Which fields hold numbers that matter.
+std::vector<bool> numeric_fields(const Table& table, const Roles& roles) {
+  std::vector<bool> is_numeric(table.fields.size());
+  const auto mark = [&is_numeric](const auto& fields) {
+    for (const int field : fields) {
+      if (field != kNoField) is_numeric[static_cast<std::size_t>(field)] = true;
+    }
+  };
+  mark(roles.device);
+  for (const FieldTriple& group : {roles.xyz, roles.lab, roles.lch, roles.xyy}) mark(group);
+  mark(roles.densities);
+  for (const SpectralField& spectral : roles.spectra) mark(std::array{spectral.field});
+  return is_numeric;
+}
+
+// True when the library's numbers are those of the file: no cell stands for a value that is
+// missing.
+bool are_cells_numbers(const Table& table) {
+  const std::vector<bool> is_numeric = numeric_fields(table, table.roles());
+  const auto first = std::find(is_numeric.begin(), is_numeric.end(), true);
+  if (std::find(first, is_numeric.end(), false) != is_numeric.end()) return false;
+  return rows_are_numeric(table.data, static_cast<std::size_t>(first - is_numeric.begin()));
+}
+
+// Rows that all have the same width, though not that of the list of fields.
+void settle_width(Table& table, std::size_t width) {
+  const std::size_t fields = table.fields.size();
+  table.is_as_it_stands = false;
+  table.findings.add(width > fields ? Severity::doubtful : Severity::lost, "wrong-width",
+                     "Every row has " + std::to_string(width) + " cells, but the list names " +
+                         std::to_string(fields) + " fields: taken from the left.",
+                     table.data_line);
+  for (std::size_t i = fields; i < width; ++i) {
+    table.fields.push_back({"COLUMN_" + std::to_string(i + 1), static_cast<int>(i)});
+  }
+  table.fields.resize(width);
+}
+
+// What programs write for "not measured". A number may not follow the signs.
+bool is_missing(std::string_view cell) {
+  return cell.empty() || cell == "<" || cell == ">" || cell == "*" || cell == "-" ||
+         cell.find_first_not_of('-') == std::string_view::npos ||
+         cell.find_first_not_of('*') == std::string_view::npos || cell == "n/a" || cell == "N/A";
+}
+
+}  // namespace
+
+void settle_structure(Table& table, const char* name) {
+  if (table.is_as_it_stands) {
+    LoadedText loaded(table.text, name);
+    if (loaded.is_loaded() && num_patches(loaded.handle()) > 0 && are_cells_numbers(table)) {
+      table.set_loaded(std::move(loaded));
+    }
+  }
+  if (!table.is_loaded() && !table.is_cut()) {
+    CutRows rows = cut_rows(table.data, table.data_line, table.fields.size(), table.findings);
+    if (!rows.is_plain) table.is_as_it_stands = false;
+    if (rows.cells.width != table.fields.size()) settle_width(table, rows.cells.width);
+    table.set_cells(std::move(rows.cells));
+  }
+  check_count(table, "NUMBER_OF_FIELDS", "fields", table.fields.size());
+  check_count(table, "NUMBER_OF_SETS", "rows", table.row_count());
+}
+
+void mark_missing_values(Table& table) {
+  if (!table.is_cut()) return;
+  const std::vector<bool> is_numeric = numeric_fields(table, table.roles());
+  std::size_t count = 0, first_row = 0;
+  std::string first_text;
+  for (std::size_t i = 0; i < table.fields.size(); ++i) {
+    if (!is_numeric[i]) continue;
+    const int field = static_cast<int>(i);
+    std::vector<std::string_view> texts;
+    for (std::size_t row = 0; row < table.row_count(); ++row) {
+      const std::string_view cell = table.cell(row, field);
+      if (!is_missing(cell)) continue;
+      if (texts.empty()) {
+        for (std::size_t r = 0; r < table.row_count(); ++r) texts.push_back(table.cell(r, field));
+      }
+      if (count++ == 0 || row < first_row) {
+        first_row = row;
+        first_text = cell;
+      }
+      texts[row] = "nan";
+    }
+    if (!texts.empty()) table.set_texts(field, std::move(texts));
+  }
+  if (count == 0) return;
+  table.findings.add(Severity::repaired, "missing-values",
+                     std::to_string(count) + (count == 1 ? " cell stands" : " cells stand") +
+                         " for values that were not measured (the first holds \"" + first_text +
+                         "\"): taken as nan.",
+                     table.line_of(first_row));
+}
+
+}  // namespace measkit

@@ -1,0 +1,114 @@
+#include "tools/command_line.h"
+
+#include "api/measdata.h"
+#include "kit/write/printable_text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <exception>
+#include <iostream>
+#include <iterator>
+#include <system_error>
+#include <utility>
+
+namespace tools {
+
+CommandLine::CommandLine(const std::vector<std::string>& arguments,
+                         std::span<const Option> options) {
+  bool are_files = false;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const std::string& argument = arguments[i];
+    if (are_files || argument == "-" || !argument.starts_with("-")) {
+      files_.push_back(argument);
+      continue;
+    }
+    if (argument == "--") {
+      are_files = true;
+      continue;
+    }
+    const auto option = std::find_if(options.begin(), options.end(),
+                                     [&](const Option& known) { return known.name == argument; });
+    const bool lacks_value =
+        option != options.end() && option->takes_value && i + 1 == arguments.size();
+    if (option == options.end() || lacks_value) {
+      is_valid_ = false;
+      continue;
+    }
+    given_.push_back({option->name, option->takes_value ? arguments[++i] : std::string()});
+  }
+}
+
+bool CommandLine::has(std::string_view option) const { return value_of(option).has_value(); }
+
+std::optional<std::string> CommandLine::value_of(std::string_view option) const {
+  for (auto given = given_.rbegin(); given != given_.rend(); ++given) {
+    if (given->name == option) return given->value;
+  }
+  return std::nullopt;
+}
+
+int CommandLine::count_of(std::string_view option) const {
+  const std::string text = value_of(option).value_or("");
+  int count = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), count);
+  return error == std::errc() && end == text.data() + text.size() && count > 0 ? count : 0;
+}
+
+namespace {
+
+int run_checked(const Tool& tool, const std::vector<std::string>& arguments) {
+  std::vector<Option> options(tool.options.begin(), tool.options.end());
+  options.push_back({"--help"});
+  options.push_back({"--version"});
+  const CommandLine line(arguments, options);
+  if (line.has("--help")) {
+    std::cout << tool.usage;
+  } else if (line.has("--version")) {
+    std::cout << tool.name << ' ' << parser_version() << '\n';
+  } else if (!line.is_valid()) {
+    std::cerr << tool.usage;
+    return kBadCall;
+  } else {
+    const int status = tool.run(line);
+    if (status == kBadCall) std::cerr << tool.usage;
+    if (status != kDone) return status;
+  }
+  std::cout.flush();
+  if (std::cout) return kDone;
+  std::cerr << tool.name << ": cannot write to the standard output\n";
+  return kFailed;
+}
+
+}  // namespace
+
+int run_tool(const Tool& tool, int argc, char** argv) {
+  try {
+    return run_checked(tool, std::vector<std::string>(argv + 1, argv + argc));
+  } catch (const std::exception& error) {
+    std::cerr << tool.name << ": " << error.what() << '\n';
+    return kFailed;
+  }
+}
+
+std::unique_ptr<measkit::Document> open_document(const std::string& path,
+                                                 measkit::Opening opening) {
+  if (path != "-") return measkit::Document::open_file(path, opening);
+  std::string bytes(std::istreambuf_iterator<char>(std::cin), {});
+  return measkit::Document::open_block(std::move(bytes), "standard input", opening);
+}
+
+void tell_unreadable(std::string_view tool, const measkit::Document& document) {
+  std::cerr << tool << ": " << measkit::printable(document.name()) << ": no patches\n";
+  const auto tell = [](const measkit::Findings& findings) {
+    for (const measkit::Finding& finding : findings.list()) {
+      std::cerr << "  " << measkit::printable(finding.sentence) << '\n';
+    }
+  };
+  tell(document.findings());
+  for (std::size_t chart = 0; chart < document.size(); ++chart) {
+    tell(document.plain(chart).table.findings);
+  }
+}
+
+}  // namespace tools

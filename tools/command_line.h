@@ -1,0 +1,67 @@
+// What all tools do with their arguments, and how they end.
+#ifndef MEASDATA_TOOLS_COMMAND_LINE_H
+#define MEASDATA_TOOLS_COMMAND_LINE_H
+
+#include "kit/document.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tools {
+
+/// The ends of a tool.
+enum Status : int { kDone = 0, kFailed = 1, kBadCall = 2 };
+
+struct Option {
+  std::string_view name;  ///< such as "--json"
+  bool takes_value = false;
+};
+
+class CommandLine {
+ public:
+  /// Everything that is no option is a file; so is all behind "--", and "-" by itself.
+  CommandLine(const std::vector<std::string>& arguments, std::span<const Option> options);
+
+  /// False when an option is unknown or lacks its value.
+  bool is_valid() const { return is_valid_; }
+  bool has(std::string_view option) const;
+  /// The last value of an option.
+  std::optional<std::string> value_of(std::string_view option) const;
+  /// The last value as a number from 1; 0 when it is none.
+  int count_of(std::string_view option) const;
+  const std::vector<std::string>& files() const { return files_; }
+
+ private:
+  struct Given {
+    std::string_view name;
+    std::string value;
+  };
+  std::vector<Given> given_;
+  std::vector<std::string> files_;
+  bool is_valid_ = true;
+};
+
+struct Tool {
+  std::string_view name, usage;
+  std::span<const Option> options;  ///< beside --help and --version
+  std::function<int(const CommandLine&)> run;
+};
+
+/// Runs a tool on the arguments of main() and returns its status: prints help and version, refuses
+/// bad calls, and tells when memory runs out or the standard output cannot be written.
+int run_tool(const Tool& tool, int argc, char** argv);
+
+/// Opens a file or, for "-", the standard input.
+std::unique_ptr<measkit::Document> open_document(const std::string& path, measkit::Opening opening);
+
+/// Tells on the standard error why a document has no patches.
+void tell_unreadable(std::string_view tool, const measkit::Document& document);
+
+}  // namespace tools
+
+#endif  // MEASDATA_TOOLS_COMMAND_LINE_H
