@@ -1,4 +1,4 @@
-"""Tests of the Python binding; MEASDATA_LIBRARY and MEASKIT_LIBRARY name the libraries.
+"""Tests of the Python binding; MEASDATA_LIBRARY names a library that has the kit next to it.
 
 With MEASDATA_TEST_WITHOUT_NUMPY set they run as if numpy were not installed.
 """
@@ -210,9 +210,9 @@ class Kit(unittest.TestCase):
 
     def test_a_repair_is_told(self):
         text = text_of("SAMPLE_ID XYZ_X XYZ_Y XYZ_Z", "w 96.422 100 82.521", "NUMBER_OF_SETS 3")
-        chart = measdata.load_bytes(b"\xef\xbb\xbf" + text)
-        mark, count, lab = chart.findings  # that of the file comes first
-        self.assertEqual((mark.code, mark.severity), ("byte-order-mark", "repaired"))
+        chart = measdata.load_bytes(text.decode().encode("utf-16"))
+        utf16, count, lab = chart.findings  # that of the file comes first
+        self.assertEqual((utf16.code, utf16.severity, utf16.line), ("utf-16", "repaired", None))
         self.assertEqual((count.code, count.line, lab.code), ("wrong-count", 2, "lab-added"))
         self.assertEqual((f"{lab.severity}", chart.more_findings), ("repaired", 0))
         self.assertIn("D50", lab.sentence)
@@ -220,7 +220,14 @@ class Kit(unittest.TestCase):
         again = measdata.load_bytes(chart.plain_text)
         self.assertEqual((again.findings, again.patches[0].lab), ((), chart.patches[0].lab))
         as_is = measdata.load_bytes(text, repair=False)
-        self.assertEqual((as_is.findings, as_is.patches[0].lab, as_is.plain_text), ((), None, text))
+        self.assertEqual((as_is.findings, as_is.plain_text), ((), text))
+        self.assertIsNone(as_is.patches[0].lab)
+
+    def test_many_findings(self):
+        nameless = b"CGATS.17\n" + b"BEGIN_DATA\n1\nEND_DATA\n" * 103
+        chart = measdata.load_bytes(nameless + self.RGB)
+        self.assertEqual((len(chart.findings), chart.more_findings), (100, 3))
+        self.assertEqual({finding.severity for finding in chart.findings}, {measdata.Severity.LOST})
 
     def test_further_tables(self):
         second = text_of("SAMPLE_ID LAB_L LAB_A LAB_B", "z\0z 50 1 2", 'FILTER "M2"')
@@ -277,7 +284,8 @@ class Lifetime(unittest.TestCase):
             for name in dir(type(holder))
             if isinstance(getattr(type(holder), name), property) and name not in ("closed", "index")
         ]
-        calls = [(chart, "__enter__"), (chart, "to_json"), (holders[1], "__len__"), (holders[1], "lab")]
+        calls = [(chart, "__enter__"), (chart, "to_json"), (chart, "to_html")]
+        calls += [(holders[1], "__len__"), (holders[1], "lab")]
         for holder, name in questions + calls:
             repr(holder)
             with self.subTest(name=name), self.assertRaises(ValueError):
