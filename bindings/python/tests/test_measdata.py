@@ -245,14 +245,18 @@ class Kit(unittest.TestCase):
         self.assertIn("<html", last.to_html())
 
     def test_columns_that_the_library_does_not_return(self):
-        fields, rows = "D_RED D_VIS LAB_L LAB_C LAB_H", ".5 nan 50 2 90\n1 2 3 4 5"
-        chart = chart_of(fields, rows, repair=True)
+        chart = chart_of("D_RED D_VIS", ".5 nan\n1 2", repair=True)
         names, values = chart.density
         self.assertEqual((names, len(values), values[0][0]), (("D_RED", "D_VIS"), 2, 0.5))
         self.assertTrue(math.isnan(values[0][1]))
-        self.assertEqual((rows_of(chart.lch), len(chart.merged)), ([(50, 2, 90), (3, 4, 5)], 2))
-        other = measdata.load_bytes(self.RGB)
-        self.assertEqual((other.density, other.lch), (None, None))
+        self.assertIsNone(chart.lch)
+        chart = chart_of("LAB_L LAB_C LAB_H", "50 2 90\n3 4 5", repair=True)
+        if HAS_NUMPY:
+            chart.lch[0] = 7  # a copy
+        self.assertEqual((rows_of(chart.lch), chart.density), ([(50, 2, 90), (3, 4, 5)], None))
+        fields, row = "D_RED CMYK_C CMYK_M CMYK_Y CMYK_K LAB_L LAB_A LAB_B", ".5 0 0 0 0 50 0 0"
+        repeats = chart_of(fields, f"{row}\n{row}", repair=True)
+        self.assertEqual((len(repeats.merged), rows_of(repeats.density.values)), (1, [(0.5,)] * 2))
 
     def test_paper_white_of_rgb(self):
         for repair, white in ((True, (1, 1, 1)), (False, (0, 0, 0))):
@@ -299,6 +303,21 @@ class Lifetime(unittest.TestCase):
         self.assertRaises((TypeError, ValueError), copy.deepcopy, chart)
         copy.copy(chart).close()
         self.assertEqual(chart.patches[0].device, (7,))
+
+    @unittest.skipUnless(importlib.util.find_spec("resource"), "memory is not told here")
+    def test_closed_charts_keep_no_native_data(self):
+        import resource
+
+        text = Kit.RGB + b"#" * 1_000_000 + b"\n" + Kit.RGB
+        closed = []
+        for _ in range(100):
+            closed.append(measdata.load_bytes(text))
+            self.assertEqual(len(closed[-1].tables), 1)
+            closed[-1].close()
+            if len(closed) == 10:
+                before = resource.getrusage(resource.RUSAGE_SELF).ru_maxrss
+        peak = resource.getrusage(resource.RUSAGE_SELF).ru_maxrss
+        self.assertLess(peak, 1.5 * before)
 
     def test_closing_while_others_ask(self):
         for _ in range(20):
