@@ -505,7 +505,7 @@ class _Facts(NamedTuple):
 
 def _facts_of(chart: dict[str, Any]) -> _Facts:
     def numbers(key: str) -> array[float]:
-        rows = (patch.get(key, ()) for patch in chart["patches"])
+        rows = (patch.get(key, ()) for patch in chart.get("patches", ()))
         return array("d", (math.nan if value is None else value for row in rows for value in row))
 
     m = chart["condition"]["m"]
@@ -518,6 +518,12 @@ def _facts_of(chart: dict[str, Any]) -> _Facts:
     )
 
 
+def _without_patches(document: str) -> Any:
+    """The JSON of the main chart up to its patches, which are most of the text. In a string, the
+    quotes of the key would be escaped."""
+    return json.loads(document[: document.index('"patches": [')].rstrip(" \n,") + "}")
+
+
 class _Document(_Owner):
     """A document of the kit. It owns the handles of all its charts."""
 
@@ -526,7 +532,7 @@ class _Document(_Owner):
     def __init__(self, pointer: int | None) -> None:
         super().__init__(pointer, _kit.mk_close)
         self.count: int = _kit.mk_num_charts(self.pointer)
-        self._facts: list[_Facts] = []
+        self._facts: dict[int, _Facts] = {}
 
     def handle(self, chart: int) -> ctypes.c_void_p:
         return ctypes.c_void_p(_kit.mk_chart_handle(self.pointer, chart))
@@ -564,9 +570,13 @@ class _Document(_Owner):
         return _decoded(text)
 
     def facts(self, chart: int) -> _Facts:
-        if not self._facts:
-            main = json.loads(self.made(_kit.mk_json))
-            self._facts = [_facts_of(one) for one in (main, *main.get("further_charts", ()))]
+        if chart not in self._facts:
+            text = self.made(_kit.mk_json)
+            main = _without_patches(text)
+            if chart > 0 or main["density_names"] or main["holds"]["lch"]:
+                main = json.loads(text)
+            charts = (main, *main.get("further_charts", ()))
+            self._facts.update((i, _facts_of(one)) for i, one in enumerate(charts))
         return self._facts[chart]
 
 

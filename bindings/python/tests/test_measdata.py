@@ -1,4 +1,4 @@
-"""Tests of the Python binding; MEASDATA_LIBRARY and MEASKIT_LIBRARY name the libraries.
+"""Tests of the Python binding; MEASDATA_LIBRARY names a library that has the kit next to it.
 
 With MEASDATA_TEST_WITHOUT_NUMPY set they run as if numpy were not installed.
 """
@@ -210,9 +210,9 @@ class Kit(unittest.TestCase):
 
     def test_a_repair_is_told(self):
         text = text_of("SAMPLE_ID XYZ_X XYZ_Y XYZ_Z", "w 96.422 100 82.521", "NUMBER_OF_SETS 3")
-        chart = measdata.load_bytes(b"\xef\xbb\xbf" + text)
-        mark, count, lab = chart.findings  # that of the file comes first
-        self.assertEqual((mark.code, mark.severity), ("byte-order-mark", "repaired"))
+        chart = measdata.load_bytes(text.decode().encode("utf-16"))
+        utf16, count, lab = chart.findings  # that of the file comes first
+        self.assertEqual((utf16.code, utf16.severity, utf16.line), ("utf-16", "repaired", None))
         self.assertEqual((count.code, count.line, lab.code), ("wrong-count", 2, "lab-added"))
         self.assertEqual((f"{lab.severity}", chart.more_findings), ("repaired", 0))
         self.assertIn("D50", lab.sentence)
@@ -220,7 +220,14 @@ class Kit(unittest.TestCase):
         again = measdata.load_bytes(chart.plain_text)
         self.assertEqual((again.findings, again.patches[0].lab), ((), chart.patches[0].lab))
         as_is = measdata.load_bytes(text, repair=False)
-        self.assertEqual((as_is.findings, as_is.patches[0].lab, as_is.plain_text), ((), None, text))
+        self.assertEqual((as_is.findings, as_is.plain_text), ((), text))
+        self.assertIsNone(as_is.patches[0].lab)
+
+    def test_many_findings(self):
+        nameless = b"CGATS.17\n" + b"BEGIN_DATA\n1\nEND_DATA\n" * 103
+        chart = measdata.load_bytes(nameless + self.RGB)
+        self.assertEqual((len(chart.findings), chart.more_findings), (100, 3))
+        self.assertEqual({finding.severity for finding in chart.findings}, {measdata.Severity.LOST})
 
     def test_further_tables(self):
         second = text_of("SAMPLE_ID LAB_L LAB_A LAB_B", "z\0z 50 1 2", 'FILTER "M2"')
@@ -238,14 +245,18 @@ class Kit(unittest.TestCase):
         self.assertIn("<html", last.to_html())
 
     def test_columns_that_the_library_does_not_return(self):
-        fields, rows = "D_RED D_VIS LAB_L LAB_C LAB_H", ".5 nan 50 2 90\n1 2 3 4 5"
-        chart = chart_of(fields, rows, repair=True)
+        chart = chart_of("D_RED D_VIS", ".5 nan\n1 2", repair=True)
         names, values = chart.density
         self.assertEqual((names, len(values), values[0][0]), (("D_RED", "D_VIS"), 2, 0.5))
         self.assertTrue(math.isnan(values[0][1]))
-        self.assertEqual((rows_of(chart.lch), len(chart.merged)), ([(50, 2, 90), (3, 4, 5)], 2))
-        other = measdata.load_bytes(self.RGB)
-        self.assertEqual((other.density, other.lch), (None, None))
+        self.assertIsNone(chart.lch)
+        chart = chart_of("LAB_L LAB_C LAB_H", "50 2 90\n3 4 5", repair=True)
+        if HAS_NUMPY:
+            chart.lch[0] = 7  # a copy
+        self.assertEqual((rows_of(chart.lch), chart.density), ([(50, 2, 90), (3, 4, 5)], None))
+        fields, row = "D_RED CMYK_C CMYK_M CMYK_Y CMYK_K LAB_L LAB_A LAB_B", ".5 0 0 0 0 50 0 0"
+        repeats = chart_of(fields, f"{row}\n{row}", repair=True)
+        self.assertEqual((len(repeats.merged), rows_of(repeats.density.values)), (1, [(0.5,)] * 2))
 
     def test_paper_white_of_rgb(self):
         for repair, white in ((True, (1, 1, 1)), (False, (0, 0, 0))):
@@ -277,7 +288,8 @@ class Lifetime(unittest.TestCase):
             for name in dir(type(holder))
             if isinstance(getattr(type(holder), name), property) and name not in ("closed", "index")
         ]
-        calls = [(chart, "__enter__"), (chart, "to_json"), (holders[1], "__len__"), (holders[1], "lab")]
+        calls = [(chart, "__enter__"), (chart, "to_json"), (chart, "to_html")]
+        calls += [(holders[1], "__len__"), (holders[1], "lab")]
         for holder, name in questions + calls:
             repr(holder)
             with self.subTest(name=name), self.assertRaises(ValueError):
@@ -291,6 +303,21 @@ class Lifetime(unittest.TestCase):
         self.assertRaises((TypeError, ValueError), copy.deepcopy, chart)
         copy.copy(chart).close()
         self.assertEqual(chart.patches[0].device, (7,))
+
+    @unittest.skipUnless(importlib.util.find_spec("resource"), "memory is not told here")
+    def test_closed_charts_keep_no_native_data(self):
+        import resource
+
+        text = Kit.RGB + b"#" * 1_000_000 + b"\n" + Kit.RGB
+        closed = []
+        for _ in range(100):
+            closed.append(measdata.load_bytes(text))
+            self.assertEqual(len(closed[-1].tables), 1)
+            closed[-1].close()
+            if len(closed) == 10:
+                before = resource.getrusage(resource.RUSAGE_SELF).ru_maxrss
+        peak = resource.getrusage(resource.RUSAGE_SELF).ru_maxrss
+        self.assertLess(peak, 1.5 * before)
 
     def test_closing_while_others_ask(self):
         for _ in range(20):
