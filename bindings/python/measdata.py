@@ -1,4 +1,4 @@
-"""Reads colour-measurement files: CGATS.17 / ISO 28178 text files, spreadsheets and their dialects.
+"""Reads colour-measurement files: CGATS.17 / ISO 28178 text files, semicolon tables, spreadsheets.
 
     import measdata
 
