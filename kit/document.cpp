@@ -69,10 +69,9 @@ void Document::read_as_is(std::string_view bytes) {
   bool is_semicolon_table = false;
   LoadedText loaded = load_as_it_stands(bytes, name_.c_str(), is_semicolon_table);
   if (!loaded.is_loaded()) {
-    const char* const messages = parse_messages(loaded.handle());
-    preflighted_.findings.add(Severity::lost, "not-loaded",
-                              std::string("The library cannot read the file: ") +
-                                  (messages == nullptr ? "out of memory" : messages));
+    preflighted_.findings.add(
+        Severity::lost, "not-loaded",
+        "The library cannot read the file: " + first_message(loaded.handle()));
     return;
   }
   preflighted_.tables.push_back(std::make_unique<PlainTable>());

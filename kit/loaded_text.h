@@ -4,6 +4,7 @@
 
 #include "api/measdata.h"
 
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -34,6 +35,13 @@ class LoadedText {
   void* handle_ = nullptr;
   bool is_loaded_ = false;
 };
+
+/// The first line of what the library tells about a load.
+inline std::string first_message(void* handle) {
+  const char* const messages = parse_messages(handle);
+  const std::string_view text = messages == nullptr ? "Out of memory" : messages;
+  return std::string(text.substr(0, text.find('\n')));
+}
 
 }  // namespace measkit
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstddef>
+#include <memory>
 #include <span>
 #include <string>
 #include <utility>
@@ -75,16 +76,20 @@ Opening opening_of(mk_options options) {
 
 mk_document* mk_open_file(const char* path, mk_options options) noexcept {
   return guarded<mk_document*>(nullptr, [=] {
-    return new mk_document{Document::open_file(path == nullptr ? "" : path, opening_of(options))};
+    return std::make_unique<mk_document>(
+               mk_document{Document::open_file(path == nullptr ? "" : path, opening_of(options))})
+        .release();
   });
 }
 
 mk_document* mk_open_block(std::size_t length, const char* block, const char* name,
                            mk_options options) noexcept {
   return guarded<mk_document*>(nullptr, [=] {
-    return new mk_document{
-        Document::open_block(block == nullptr ? std::string() : std::string(block, length),
-                             name == nullptr ? "" : name, opening_of(options))};
+    return std::make_unique<mk_document>(
+               mk_document{Document::open_block(
+                   block == nullptr ? std::string() : std::string(block, length),
+                   name == nullptr ? "" : name, opening_of(options))})
+        .release();
   });
 }
 

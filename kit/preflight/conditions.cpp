@@ -65,7 +65,7 @@ bool may_tell_m_condition(std::string_view keyword) {
       "CONDITION",  "MEASUREMENT", "FILTER",       "INSTRUMENT",
       "DESCRIPTOR", "MODE",        "ILLUMINATION", "ISO13655"};
   return std::any_of(kParts.begin(), kParts.end(), [keyword](std::string_view part) {
-    return contains_ignoring_case(keyword, part);
+    return contains_ignoring_case(/*text=*/keyword, /*word=*/part);
   });
 }
 

@@ -30,9 +30,9 @@ struct Conditions {
 Conditions conditions_of(const std::vector<HeaderLine>& header);
 
 /// "2" or "10" for the words by which files name an observer; empty for others.
-std::string_view observer_in(std::string_view words);
+std::string_view observer_in(std::string_view text);
 /// The illuminant that a text names, such as "D50", "A", "F11"; empty when it names none.
-std::string_view illuminant_in(std::string_view words);
+std::string_view illuminant_in(std::string_view text);
 
 /// Words that stand for no value: "Unknown", "Not specified", "none", "-", only punctuation.
 bool is_placeholder(std::string_view value);

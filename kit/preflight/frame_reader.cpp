@@ -54,7 +54,8 @@ bool is_identifier(std::string_view name) {
   static constexpr std::array<std::string_view, 12> kOthers = {
       "CTI1",  "CTI2",    "CTI3",  "CCMX",  "CCSS", "CAL",
       "SPECT", "CGATS.5", "CGATS", "IT8.7", "IT8",  "ISO12642"};
-  return is_standard_identifier(name) || (name.size() == kLength && name.find('_') == name.npos) ||
+  return is_standard_identifier(name) ||
+         (name.size() == kLength && name.find('_') == std::string_view::npos) ||
          std::find(kOthers.begin(), kOthers.end(), name) != kOthers.end();
 }
 
@@ -88,7 +89,7 @@ class FrameReader {
  private:
   void read_header(Table& table);
   void keep_remark(Table& table, const LineCursor& lines);
-  void take_identifier(Table& table, const Items& items);
+  static void take_identifier(Table& table, const Items& items);
   void read_field_list(Table& table, LineCursor& lines);
   void read_data(Table& table);
 

@@ -97,8 +97,12 @@ XyzScale xyz_scale_of(Table& table, const Roles& roles, const std::vector<double
   return XyzScale::unclear;
 }
 
-const Tristimulus& stated_white(const Conditions& conditions, Tristimulus& white) {
-  using namespace vantor::ColorTypes::Spectral;
+// The white of the light and observer that the file states; D50 and 2 degrees where it states none
+// that has a table.
+Tristimulus stated_white(const Conditions& conditions) {
+  namespace Spectral = vantor::ColorTypes::Spectral;
+  using Spectral::Illuminant;
+  using Spectral::Observer;
   static constexpr std::array<std::pair<std::string_view, Illuminant>, 9> kLights = {
       {{"A", Illuminant::A},
        {"C", Illuminant::C},
@@ -110,15 +114,15 @@ const Tristimulus& stated_white(const Conditions& conditions, Tristimulus& white
        {"F7", Illuminant::F7},
        {"F11", Illuminant::F11}}};
   const bool is_ten_degrees = conditions.observer && conditions.observer->value == "10";
+  const Observer observer = is_ten_degrees ? Observer::Cie1964_10deg : Observer::Cie1931_2deg;
   const std::string_view light =
       conditions.illuminant ? std::string_view(conditions.illuminant->value) : "D50";
   for (const auto& [name, illuminant] : kLights) {
-    if (name != light) continue;
-    white = tableWhitePoint(illuminant,
-                            is_ten_degrees ? Observer::Cie1964_10deg : Observer::Cie1931_2deg,
-                            TableType::Table5);
+    if (name == light) {
+      return Spectral::tableWhitePoint(illuminant, observer, Spectral::TableType::Table5);
+    }
   }
-  return white;
+  return kD50White;
 }
 
 std::string triple_text(const Tristimulus& xyz) {
@@ -184,9 +188,7 @@ void add_display_lab(Table& table, const Roles& roles) {
 }
 
 void add_lab_from_xyz(Table& table, const Columns& xyz) {
-  Tristimulus white = kD50White;
-  const Conditions conditions = conditions_of(table.header);
-  stated_white(conditions, white);
+  const Tristimulus white = stated_white(conditions_of(table.header));
   append_lab(table, xyz, [&white](const Tristimulus& c) { return xyzToLab(c, white); });
   const bool is_d50 = white.x == kD50White.x && white.z == kD50White.z;
   std::string words = is_d50 ? "white D50" : "the white of the light that the file states";

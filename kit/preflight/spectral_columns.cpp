@@ -99,7 +99,7 @@ Scale scale_of(Table& table, const Roles& roles, const Extent& extent) {
   }
   if (table.is_in_percent) return Scale::percent;
   if (const HeaderLine* norm = table.find("SPECTRAL_NORM")) {
-    const double value = std::atof(norm->value.c_str());
+    const double value = std::strtod(norm->value.c_str(), nullptr);
     if (value == 100.0) return Scale::percent;
     if (value == 1.0) return Scale::factor;
   }

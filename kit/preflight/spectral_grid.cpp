@@ -35,7 +35,7 @@ bool is_taken_by_library(const std::vector<double>& w) {
 
 double number_of(const Table& table, std::string_view keyword) {
   const HeaderLine* line = table.find(keyword);
-  return line == nullptr ? 0.0 : std::atof(line->value.c_str());
+  return line == nullptr ? 0.0 : std::strtod(line->value.c_str(), nullptr);
 }
 
 // Names may hold rounded wavelengths while keywords give the range and the number of bands.
@@ -94,8 +94,10 @@ void average(Table& table, const std::vector<SpectralField>& spectra,
              const std::vector<double>& wavelengths, double step) {
   const GridAverage grid(wavelengths, step);
   std::vector<std::vector<double>> columns;
+  columns.reserve(spectra.size());
   for (const SpectralField& spectral : spectra) columns.push_back(table.numbers(spectral.field));
   std::vector<int> fields;
+  fields.reserve(spectra.size());
   for (const SpectralField& spectral : spectra) fields.push_back(spectral.field);
   std::vector<std::vector<std::string_view>> texts(grid.size());
   for (std::size_t i = 0; i < grid.size(); ++i) {
@@ -125,8 +127,10 @@ void average(Table& table, const std::vector<SpectralField>& spectra,
 
 GridAverage::GridAverage(const std::vector<double>& wavelengths, double step) {
   constexpr double kRounding = 1e-6;
-  const double first = std::ceil(wavelengths.front() / step - kRounding) * step;
-  for (double nm = first; nm <= wavelengths.back() + kRounding * step; nm += step) {
+  const double first = std::ceil(wavelengths.front() / step - kRounding);
+  const double last = std::floor(wavelengths.back() / step + kRounding);
+  for (int i = 0; first + i <= last; ++i) {
+    const double nm = (first + i) * step;
     Row row = {nm, {}};
     double sum = 0.0;
     const auto start = std::lower_bound(wavelengths.begin(), wavelengths.end(), nm - step);
@@ -145,6 +149,7 @@ void use_regular_grid(Table& table) {
   std::vector<SpectralField> spectra = table.roles().spectra;
   if (spectra.empty()) return;
   std::vector<double> wavelengths;
+  wavelengths.reserve(spectra.size());
   for (const SpectralField& spectral : spectra) wavelengths.push_back(spectral.nm);
   if (is_taken_by_library(wavelengths) && wavelengths.front() <= wavelengths.back()) return;
   std::stable_sort(spectra.begin(), spectra.end(),

@@ -89,9 +89,10 @@ class Table {
   int add_field(std::string name, std::vector<std::string_view> texts);
   /// Replaces the cells of a field.
   void set_texts(int field, std::vector<std::string_view> texts);
-  /// Multiplies the numbers of a field by ten to the power of `places`, digit for digit.
-  void move_point(int field, int places);
-  void remove_fields(std::vector<int> fields);
+  /// Multiplies the numbers of the field at `position` by ten to the power of `places`, digit for
+  /// digit.
+  void move_point(int position, int places);
+  void remove_fields(std::vector<int> positions);
   /// Replaces a header line's value, which is then quoted.
   void set_value(HeaderLine& line, std::string value);
   void add_keyword(std::string_view keyword, std::string value);
