@@ -42,10 +42,11 @@ CommandLine::CommandLine(const std::vector<std::string>& arguments,
 bool CommandLine::has(std::string_view option) const { return value_of(option).has_value(); }
 
 std::optional<std::string> CommandLine::value_of(std::string_view option) const {
-  for (auto given = given_.rbegin(); given != given_.rend(); ++given) {
-    if (given->name == option) return given->value;
+  std::optional<std::string> value;
+  for (const Given& given : given_) {
+    if (given.name == option) value = given.value;
   }
-  return std::nullopt;
+  return value;
 }
 
 int CommandLine::count_of(std::string_view option) const {

@@ -13,9 +13,9 @@ constexpr Matrix kBradford = {
     {{0.8951, 0.2664, -0.1614}, {-0.7502, 1.7135, 0.0367}, {0.0389, -0.0685, 1.0296}}};
 
 constexpr Matrix inverse(const Matrix& m) {
-  const auto cofactor = [&m](std::size_t row, std::size_t column) {
-    const std::size_t r1 = (row + 1) % 3, r2 = (row + 2) % 3;
-    const std::size_t c1 = (column + 1) % 3, c2 = (column + 2) % 3;
+  const auto cofactor = [&m](std::size_t i, std::size_t j) {
+    const std::size_t r1 = (i + 1) % 3, r2 = (i + 2) % 3;
+    const std::size_t c1 = (j + 1) % 3, c2 = (j + 2) % 3;
     return m[r1][c1] * m[r2][c2] - m[r1][c2] * m[r2][c1];
   };
   const double determinant =

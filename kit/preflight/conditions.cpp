@@ -60,13 +60,12 @@ std::string_view m_condition_in(std::string_view text) {
 }
 
 // Texts that are free to say anything else, but tell the M condition where they name one.
-bool may_tell_m_condition(std::string_view keyword) {
+bool may_tell_m_condition(std::string_view name) {
   static constexpr std::array<std::string_view, 8> kParts = {
       "CONDITION",  "MEASUREMENT", "FILTER",       "INSTRUMENT",
       "DESCRIPTOR", "MODE",        "ILLUMINATION", "ISO13655"};
-  return std::any_of(kParts.begin(), kParts.end(), [keyword](std::string_view part) {
-    return contains_ignoring_case(/*text=*/keyword, /*word=*/part);
-  });
+  return std::any_of(kParts.begin(), kParts.end(),
+                     [name](std::string_view part) { return contains_ignoring_case(name, part); });
 }
 
 // What follows `name` and "=" in a text such as "Illumination=D50 ObserverAngle=2".

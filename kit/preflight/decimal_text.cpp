@@ -71,8 +71,8 @@ char* append_zeros(std::size_t count, char* out) {
 }
 
 // Without the zeros that a move put in front of other digits.
-char* drop_leading_zeros(char* start, char* end) {
-  char* first = start;
+char* drop_leading_zeros(char* start, const char* end) {
+  const char* first = start;
   while (first + 1 < end && *first == '0' && is_digit(first[1])) ++first;
   const auto size = static_cast<std::size_t>(end - first);
   std::memmove(start, first, size);

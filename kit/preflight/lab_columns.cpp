@@ -115,8 +115,8 @@ Tristimulus stated_white(const Conditions& conditions) {
        {"F11", Illuminant::F11}}};
   const bool is_ten_degrees = conditions.observer && conditions.observer->value == "10";
   const Observer observer = is_ten_degrees ? Observer::Cie1964_10deg : Observer::Cie1931_2deg;
-  const std::string_view light =
-      conditions.illuminant ? std::string_view(conditions.illuminant->value) : "D50";
+  std::string_view light = "D50";
+  if (conditions.illuminant) light = conditions.illuminant->value;
   for (const auto& [name, illuminant] : kLights) {
     if (name == light) {
       return Spectral::tableWhitePoint(illuminant, observer, Spectral::TableType::Table5);

@@ -20,7 +20,8 @@ bool is_count(std::string_view keyword) {
 }
 
 void append_header(const Table& table, std::string& out) {
-  out += table.identifier.empty() ? kDefaultIdentifier : std::string_view(table.identifier);
+  if (table.identifier.empty()) out += kDefaultIdentifier;
+  out += table.identifier;
   out += '\n';
   for (const HeaderLine& line : table.header) {
     if (is_count(line.keyword)) continue;

@@ -13,7 +13,7 @@ namespace measkit {
 std::string plain_text(Table& table);
 
 /// The same without some fields, whose positions ascend.
-std::string plain_text_without(Table& table, const std::vector<int>& fields);
+std::string plain_text_without(Table& table, const std::vector<int>& left_out);
 
 }  // namespace measkit
 

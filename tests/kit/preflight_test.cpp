@@ -246,7 +246,8 @@ TEST(Spectra, OfThirdsOfNanometresAreAveraged) {
     fields += " SPEC_" + std::to_string(std::lround(380 + i * 10 / 3.0));
     row += " " + std::to_string((380 + i * 10 / 3.0) / 1000);
   }
-  const Preflighted file = measkit::preflight(file_of("", fields, row + "\n"), nullptr);
+  const std::string text = file_of("", fields, row + "\n");
+  const Preflighted file = measkit::preflight(text, nullptr);
   EXPECT_EQ(codes_of(file), "spectral-grid");
   void* const handle = file.tables.at(0)->loaded.handle();
   ASSERT_EQ(spectral_size(handle), 36);
@@ -258,10 +259,10 @@ TEST(Spectra, OfThirdsOfNanometresAreAveraged) {
 }
 
 TEST(Spectra, OfLightsAreNeverLab) {
-  const Preflighted file = measkit::preflight(
+  const std::string text =
       spectral_file("DEVICE_CLASS \"DISPLAY\"\n", "RGB_R RGB_G RGB_B XYZ_X XYZ_Y XYZ_Z",
-                    {"1 1 1 95 100 108 0.4", "0 0 0 0.1 0.1 0.1 0.001"}),
-      nullptr);
+                    {"1 1 1 95 100 108 0.4", "0 0 0 0.1 0.1 0.1 0.001"});
+  const Preflighted file = measkit::preflight(text, nullptr);
   EXPECT_EQ(codes_of(file), "emission-spectra lab-of-display");
   void* const handle = file.tables.at(0)->loaded.handle();
   EXPECT_EQ(has_spectral_data(handle), 0);
@@ -275,7 +276,8 @@ TEST(Tables, OfOneFileAreChartsOfTheirOwn) {
       "BEGIN_DATA\n0 0 0 0\n1 1 1 1\nEND_DATA\n";
   const std::string chart = file_of("ORIGINATOR \"me\"\n", kLab, "1 50 1 2\n");
   const std::string rows = "BEGIN_DATA\n7 40 3 4\n8 30 3 4\nEND_DATA\n";
-  const Preflighted file = measkit::preflight(curves + chart + rows, nullptr);
+  const std::string text = curves + chart + rows;
+  const Preflighted file = measkit::preflight(text, nullptr);
   ASSERT_EQ(file.tables.size(), 3U);
   EXPECT_EQ(lab_of(*file.tables[0], 0), (Lab{50, 1, 2}));  // the measured chart is the main one
   EXPECT_EQ(lab_of(*file.tables[1], 1), (Lab{30, 3, 4}));
@@ -285,8 +287,9 @@ TEST(Tables, OfOneFileAreChartsOfTheirOwn) {
 }
 
 TEST(Densities, StandApartFromMergedColours) {
-  const Preflighted file = measkit::preflight(
-      file_of("", "GRAY D_VIS LAB_L LAB_A LAB_B", "0 0.1 95 0 0\n0 0.1 94 0 0\n"), nullptr);
+  const std::string text =
+      file_of("", "GRAY D_VIS LAB_L LAB_A LAB_B", "0 0.1 95 0 0\n0 0.1 94 0 0\n");
+  const Preflighted file = measkit::preflight(text, nullptr);
   EXPECT_EQ(codes_of(file), "(densities-apart)");
   EXPECT_EQ(num_indices(file.tables.at(0)->loaded.handle()), 1);
   EXPECT_NE(file.tables[0]->text.find("D_VIS"), std::string_view::npos);
@@ -294,13 +297,13 @@ TEST(Densities, StandApartFromMergedColours) {
 
 // Digits move; none is lost, added or rounded.
 TEST(Percent, BecomeFactorsDigitForDigit) {
-  const Preflighted file = measkit::preflight(
-      file_of("", "nm400 nm550 nm700", "93.30 5 0.5\n-0.25 1e2 100\n12.345678901234567 .5 7.\n"),
-      nullptr);
-  const std::string_view text = file.tables.at(0)->text;
-  EXPECT_NE(text.find("0.9330\t0.05\t0.005\n"), std::string_view::npos) << text;
-  EXPECT_NE(text.find("-0.0025\t1e0\t1.00\n"), std::string_view::npos) << text;
-  EXPECT_NE(text.find("0.12345678901234567\t0.005\t0.07\n"), std::string_view::npos) << text;
+  const std::string text =
+      file_of("", "nm400 nm550 nm700", "93.30 5 0.5\n-0.25 1e2 100\n12.345678901234567 .5 7.\n");
+  const Preflighted file = measkit::preflight(text, nullptr);
+  const std::string_view plain = file.tables.at(0)->text;
+  EXPECT_NE(plain.find("0.9330\t0.05\t0.005\n"), std::string_view::npos) << plain;
+  EXPECT_NE(plain.find("-0.0025\t1e0\t1.00\n"), std::string_view::npos) << plain;
+  EXPECT_NE(plain.find("0.12345678901234567\t0.005\t0.07\n"), std::string_view::npos) << plain;
 }
 
 }  // namespace

@@ -1,12 +1,15 @@
 // Compares the table of findings with the sources of the kit, in both directions.
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <map>
-#include <regex>
+#include <sstream>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -17,49 +20,62 @@ std::string text_of(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// Codes with their severities, as far as both stand together. A code stands behind a severity, or
-// it has a hyphen: no other literal of these sources has one between small letters.
-std::multimap<std::string, std::string> codes_of_sources() {
-  static const std::regex kCode(
-      R"re(Severity::(\w+),\s*"([a-z0-9-]+)"|"([a-z0-9]+(?:-[a-z0-9]+)+)")re");
-  std::multimap<std::string, std::string> codes;
+std::string sources() {
+  std::string text;
   for (const auto& entry : fs::recursive_directory_iterator(fs::path(SOURCES) / "kit")) {
-    const std::string path = entry.path().generic_string();
-    if (!path.ends_with(".cpp") || path.find("/write/") != std::string::npos) continue;
-    const std::string text = text_of(path);
-    for (std::sregex_iterator match(text.begin(), text.end(), kCode), end; match != end; ++match) {
-      codes.emplace((*match)[2].str() + (*match)[3].str(), (*match)[1]);
-    }
+    if (entry.path().extension() == ".cpp") text += text_of(entry.path());
   }
-  return codes;
+  return text;
 }
 
-// The codes of each row with its severities.
-std::map<std::string, std::string> codes_of_page() {
-  static const std::regex kRow(R"(\n\| (`[^|]+) \| ([^|]+) \|)"), kQuoted("`([^`]+)`");
-  const std::string page = text_of(fs::path(SOURCES) / "docs/guide/kit.md");
-  std::map<std::string, std::string> codes;
-  for (std::sregex_iterator row(page.begin(), page.end(), kRow), end; row != end; ++row) {
-    const std::string names = (*row)[1];
-    for (std::sregex_iterator name(names.begin(), names.end(), kQuoted); name != end; ++name) {
-      EXPECT_TRUE(codes.emplace((*name)[1], (*row)[2]).second) << "twice: " << (*name)[1];
+// The text between the next two `quotes` behind `at`, which moves behind them; empty without any.
+std::string_view next_quoted(std::string_view text, char quotes, std::size_t& at) {
+  const std::size_t start = text.find(quotes, at);
+  const std::size_t end = start == text.npos ? text.npos : text.find(quotes, start + 1);
+  if (end == text.npos) return {};
+  at = end + 1;
+  return text.substr(start + 1, end - start - 1);
+}
+
+// The codes of the table's rows with their severities.
+std::map<std::string, std::string, std::less<>> codes_of_page() {
+  std::map<std::string, std::string, std::less<>> codes;
+  std::istringstream page(text_of(fs::path(SOURCES) / "docs/guide/kit.md"));
+  for (std::string line; std::getline(page, line);) {
+    if (!line.starts_with("| `")) continue;
+    const std::size_t names = line.find(" |");
+    const std::string severities = line.substr(names, line.find(" |", names + 2) - names);
+    std::size_t at = 0;
+    const std::string_view cell = std::string_view(line).substr(0, names);
+    for (std::string_view code = next_quoted(cell, '`', at); !code.empty();
+         code = next_quoted(cell, '`', at)) {
+      EXPECT_TRUE(codes.emplace(code, severities).second) << "twice: " << code;
     }
   }
   return codes;
 }
 
 TEST(GuideFindings, TheTableHoldsWhatTheSourcesHold) {
-  const auto sources = codes_of_sources();
+  const std::string text = sources();
   const auto page = codes_of_page();
-  EXPECT_GT(sources.size(), 50U);
-  for (const auto& [code, severity] : sources) {
+  for (const auto& [code, severities] : page) {
+    EXPECT_NE(text.find('"' + code + '"'), text.npos) << "not in the sources: " << code;
+  }
+  constexpr std::string_view kMark = "(Severity::";
+  std::size_t findings = 0;
+  for (std::size_t at = text.find(kMark); at != text.npos; at = text.find(kMark, at)) {
+    at += kMark.size();
+    const std::size_t comma = text.find(',', at);
+    const std::string severity = text.substr(at, comma - at);
+    const std::size_t quote = text.find_first_not_of(" \n", comma + 1);
+    if (quote == text.npos || text[quote] != '"') continue;  // the code is a variable
+    const std::string_view code = next_quoted(text, '"', at);
     const auto row = page.find(code);
     ASSERT_NE(row, page.end()) << "not on the page: " << code;
     EXPECT_NE(row->second.find(severity), std::string::npos) << code << " is " << severity;
+    ++findings;
   }
-  for (const auto& [code, severities] : page) {
-    EXPECT_TRUE(sources.contains(code)) << "not in the sources: " << code;
-  }
+  EXPECT_GT(findings, 40U);
 }
 
 }  // namespace
