@@ -1,10 +1,10 @@
 /** @file
  *  measkit: opens colour-measurement files as they really are.
  *
- *  Real files deviate from the format: counts are wrong, spectra are in percent, XYZ stands alone,
- * a spreadsheet dropped the frame. measkit makes a plain measurement file of each table in a file,
- *  says in findings what it met and what it did, and gives a handle of measdata.h for each, so that
- *  every function of that header can be asked. A file that needs nothing is not changed.
+ *  Real files deviate from the format: counts are wrong, spectra are in percent, Lab is missing,
+ * a spreadsheet removed the frame. measkit turns each table of a file into a plain measurement
+ * file. Its findings report the deviations and the repairs. Each table gets a handle for the
+ * functions of measdata.h. A file that needs no repair is not changed.
  *
  *  These rules hold for every function:
  *
@@ -129,7 +129,7 @@ MEASKIT_API const char* mk_finding_sentence(const mk_document* document, int cha
 MEASKIT_API mk_severity mk_finding_severity(const mk_document* document, int chart,
                                             int finding) MEASKIT_NOEXCEPT;
 
-/** The line of the file that a finding is about, counted from 1; 0 when it is about no one line. */
+/** The line of the file that a finding is about, counted from 1; 0 if it is not about one line. */
 MEASKIT_API int mk_finding_line(const mk_document* document, int chart,
                                 int finding) MEASKIT_NOEXCEPT;
 

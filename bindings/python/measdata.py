@@ -261,7 +261,7 @@ class _Owner:
             self._release(ctypes.byref(self.pointer))
 
     def handle(self, chart: int) -> ctypes.c_void_p:
-        """What the measdata library is asked about a chart with."""
+        """The pointer that the measdata library takes for a chart."""
         raise NotImplementedError
 
 
@@ -1116,7 +1116,7 @@ def load(
 ) -> Chart:
     """Loads a file and returns its main chart; the further ones are in its `tables`.
 
-    What deviates from the format is repaired and told in the findings. With repair=False the file
+    Deviations from the format are repaired and listed in the findings. With repair=False the file
     is read as it stands: as a CGATS.17 / ISO 28178 file or its older form with a seven-character
     identifier and, if that fails, as a semicolon-separated table with known columns.
 

@@ -168,7 +168,7 @@ void FrameReader::read_header(Table& table) {
           table.is_as_it_stands = false;
           table.findings.add(Severity::repaired, "identifier-moved",
                              "The identifier \"" + table.identifier +
-                                 "\" does not stand plain on the first line: put there.",
+                                 "\" is quoted or not on the first line: corrected.",
                              lines.number());
         }
         continue;

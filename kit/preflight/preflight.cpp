@@ -112,7 +112,7 @@ void make_plain(PlainTable& plain, std::string_view whole_text, bool is_only_tab
     } else {
       table.is_as_it_stands = false;
       table.findings.add(Severity::repaired, "frame",
-                         "The frame of the table is not as readers want it: written anew.");
+                         "The library refuses the frame of the table: rewritten.");
     }
   }
   if (table.is_as_it_stands) {
@@ -150,8 +150,8 @@ Preflighted preflight(std::string_view bytes, const char* name) {
   for (Table& table : tables) {
     if (table.fields.empty()) {
       result.findings.add(Severity::lost, "fields-missing",
-                          "A data block has no list of fields: what its columns are cannot be "
-                          "known. A list between BEGIN_DATA_FORMAT and END_DATA_FORMAT would help.",
+                          "A data block has no list of fields, so its columns are unknown. "
+                          "A list between BEGIN_DATA_FORMAT and END_DATA_FORMAT would help.",
                           table.data_line);
       continue;
     }

@@ -129,13 +129,12 @@ class RowReader {
       longest = std::max(longest, column.nm);
     }
     if (kept_.size() != sheet_.columns.size()) {
-      table_.findings.add(
-          Severity::repaired, "wavelengths-cut",
-          "Wavelengths go from " + rounded(shortest) + " to " + rounded(longest) +
-              " nm: " + std::to_string(sheet_.columns.size() - kept_.size()) + " of " +
-              std::to_string(sheet_.columns.size()) +
-              " columns lie beyond 360 to 830 nm, where nothing is seen, and are left out.",
-          sheet_.header_line);
+      table_.findings.add(Severity::repaired, "wavelengths-cut",
+                          "Wavelengths go from " + rounded(shortest) + " to " + rounded(longest) +
+                              " nm: " + std::to_string(sheet_.columns.size() - kept_.size()) +
+                              " of " + std::to_string(sheet_.columns.size()) +
+                              " columns are outside the visible range of 360 to 830 nm: left out.",
+                          sheet_.header_line);
     }
     table_.text = text;
     table_.identifier = "CGATS.17";

@@ -130,7 +130,7 @@ void pair_up_spectra(Table& table) {
     names.push_back("SPECTRAL_NM" + constant_text(table, field));
     if (names.back() == "SPECTRAL_NM") {
       table.findings.add(Severity::doubtful, "spectral-pairs",
-                         "Wavelengths and values stand in turns, but the wavelengths of the rows "
+                         "Wavelengths and values alternate, but the wavelengths of the rows "
                          "differ: left as they are.",
                          table.data_line);
       return;
@@ -141,7 +141,7 @@ void pair_up_spectra(Table& table) {
   for (std::size_t i = 0; i < names.size(); ++i) table.rename(wavelength_fields[i] + 1, names[i]);
   table.remove_fields(wavelength_fields);
   table.findings.add(Severity::repaired, "spectral-pairs",
-                     "Wavelengths and values stand in turns: read as spectra of " +
+                     "Wavelengths and values alternate: read as spectra of " +
                          std::to_string(names.size()) + " bands.",
                      table.data_line);
 }

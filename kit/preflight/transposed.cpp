@@ -257,8 +257,8 @@ class TransposedReader {
       table.findings.add(Severity::repaired, "wavelengths-cut",
                          std::to_string(nm_.size() - kept_rows().size()) + " of " +
                              std::to_string(nm_.size()) +
-                             " wavelengths lie beyond 360 to 830 nm, where nothing is seen, and "
-                             "are left out.",
+                             " wavelengths are outside the visible range of 360 to 830 nm: "
+                             "left out.",
                          block_.first_line);
     }
     if (deviations_ != 0) {
