@@ -63,7 +63,7 @@ bool are_cells_numbers(const Table& table) {
 void settle_width(Table& table, std::size_t width) {
   const std::size_t fields = table.fields.size();
   table.is_as_it_stands = false;
-  table.findings.add(width > fields ? Severity::doubtful : Severity::lost, "wrong-width",
+  table.findings.add(width > fields ? Severity::repaired : Severity::lost, "wrong-width",
                      "Every row has " + std::to_string(width) + " cells, but the list names " +
                          std::to_string(fields) + " fields: taken from the left.",
                      table.data_line);
