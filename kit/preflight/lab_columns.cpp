@@ -8,7 +8,6 @@
 #include "kit/preflight/device_columns.h"
 #include "kit/preflight/scale_evidence.h"
 #include "kit/preflight/spectral_columns.h"
-#include "kit/preflight/spectral_luminance.h"
 
 #include <algorithm>
 #include <array>
@@ -66,18 +65,7 @@ std::vector<std::size_t> white_rows(Table& table, const Roles& roles) {
 
 // Y of the same rows by what the file says elsewhere.
 std::vector<double> expected_luminance(Table& table, const Roles& roles) {
-  if (roles.has_spectra()) {
-    std::vector<double> wavelengths;
-    for (const SpectralField& spectral : roles.spectra) wavelengths.push_back(spectral.nm);
-    const SpectralLuminance luminance(wavelengths);
-    SpectralRows spectra(table, roles);
-    std::vector<double> y(spectra.size());
-    constexpr std::size_t kRows = 1000;
-    for (std::size_t row = 0; row < y.size(); row += y.size() / kRows + 1) {
-      y[row] = luminance.of(spectra.row(row));
-    }
-    return y;
-  }
+  if (roles.has_spectra()) return luminance_from_spectra(table, roles);
   return roles.has_lab() ? luminance_from_lab(table, roles) : std::vector<double>();
 }
 

@@ -207,12 +207,6 @@ Roles roles_of(const Names& names) {
   return roles;
 }
 
-double wavelength_in(std::string_view name) {
-  const std::string_view prefix = spectral_prefix_of(name);
-  double nm = 0.0;
-  return !prefix.empty() && read_whole(name.substr(prefix.size()), nm) ? nm : 0.0;
-}
-
 std::string emission_field_name(double nm) {
   std::array<char, 32> digits{};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), nm).ptr;

@@ -44,10 +44,6 @@ struct Roles {
 
 Roles roles_of(const std::vector<std::string_view>& field_names);
 
-/// The wavelength in nm that a spectral field's name gives, with any of the prefixes that files
-/// use; none (0) for other names.
-double wavelength_in(std::string_view field_name);
-
 /// Emission spectra stand in fields that no reader takes for reflectances.
 std::string emission_field_name(double nm);
 /// The wavelength in nm of such a field; 0 for other names.

@@ -54,21 +54,24 @@ std::vector<double> luminance_from_lab(Table& table, const Roles& roles) {
   return y;
 }
 
-Agreement compare_spectra_with_colours(Table& table, const Roles& roles,
-                                       const std::vector<double>& wavelengths) {
-  const std::vector<double> own = own_luminance(table, roles);
-  if (own.empty() || !std::is_sorted(wavelengths.begin(), wavelengths.end())) {
-    return Agreement::none;
-  }
+std::vector<double> luminance_from_spectra(Table& table, const Roles& roles) {
+  std::vector<double> wavelengths;
+  wavelengths.reserve(roles.spectra.size());
+  for (const SpectralField& spectral : roles.spectra) wavelengths.push_back(spectral.nm);
+  if (!std::is_sorted(wavelengths.begin(), wavelengths.end())) return {};
   const SpectralLuminance luminance(wavelengths);
   SpectralRows spectra(table, roles);
   constexpr std::size_t kRows = 1000;  // are enough for a median
   const std::size_t step = spectra.size() / kRows + 1;
-  std::vector<double> from_spectra(spectra.size());
-  for (std::size_t row = 0; row < spectra.size(); row += step) {
-    from_spectra[row] = luminance.of(spectra.row(row));
-  }
-  const double ratio = median_ratio(from_spectra, own);
+  std::vector<double> y(spectra.size());
+  for (std::size_t row = 0; row < y.size(); row += step) y[row] = luminance.of(spectra.row(row));
+  return y;
+}
+
+Agreement compare_spectra_with_colours(Table& table, const Roles& roles) {
+  const std::vector<double> own = own_luminance(table, roles);
+  if (own.empty()) return Agreement::none;
+  const double ratio = median_ratio(luminance_from_spectra(table, roles), own);
   if (is_near(ratio, 1.0)) return Agreement::as_factor;
   if (is_near(ratio, 100.0)) return Agreement::as_percent;
   return Agreement::none;

@@ -11,15 +11,18 @@ namespace measkit {
 /// What the spectra agree with when the file's own XYZ or Lab are compared with them.
 enum class Agreement { none, as_factor, as_percent };
 
-Agreement compare_spectra_with_colours(Table& table, const Roles& roles,
-                                       const std::vector<double>& wavelengths);
+Agreement compare_spectra_with_colours(Table& table, const Roles& roles);
 
-/// The median over some rows of numerator / denominator, where both are positive; 0 without such
+/// The median over all rows of numerator / denominator, where both are positive; 0 without such
 /// rows.
 double median_ratio(const std::vector<double>& numerators, const std::vector<double>& denominators);
 
-/// Y on the scale of 100 of some rows, from Lab or spectra; empty without both.
+/// Y of all rows on a scale of 100, from L*.
 std::vector<double> luminance_from_lab(Table& table, const Roles& roles);
+
+/// The same from spectra, taken as factors, for as many rows as a median needs; 0 for the others.
+/// Empty when the wavelengths do not ascend.
+std::vector<double> luminance_from_spectra(Table& table, const Roles& roles);
 
 }  // namespace measkit
 

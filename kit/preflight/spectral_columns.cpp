@@ -45,12 +45,6 @@ bool is_pair_value(std::string_view name) {
   return name == "SPECTRAL_DEC" || name == "SPECTRAL_PCT" || name == "SPECTRAL_VAL";
 }
 
-std::vector<double> wavelengths_of(const Roles& roles) {
-  std::vector<double> wavelengths;
-  for (const SpectralField& spectral : roles.spectra) wavelengths.push_back(spectral.nm);
-  return wavelengths;
-}
-
 // Fields may begin like spectral ones without naming a wavelength.
 bool are_wavelengths(const Roles& roles) {
   constexpr double kShortest = 100.0;  // nm
@@ -89,7 +83,7 @@ Scale scale_of(Table& table, const Roles& roles, const Extent& extent) {
   const bool is_stated = table.is_in_percent || table.find("SPECTRAL_NORM") != nullptr;
   const bool is_usual = extent.largest >= 0.2 && extent.largest <= kLargestFluorescence;
   if (is_usual && !roles.has_xyz() && !is_stated) return Scale::factor;
-  switch (compare_spectra_with_colours(table, roles, wavelengths_of(roles))) {
+  switch (compare_spectra_with_colours(table, roles)) {
     case Agreement::as_factor:
       return Scale::factor;
     case Agreement::as_percent:
