@@ -77,10 +77,11 @@ void write_lab(Writer& writer, Random& random) {
   }
 }
 
-void write_spectrum(Writer& writer, Random& random) {
+// Numbers below 100,000 / 10^decimals.
+void write_spectrum(Writer& writer, Random& random, std::uint32_t decimals = 5) {
   for (int band = 0; band < kBands; ++band) {
     writer.next_cell();
-    writer.number(random.below(100000), 5);
+    writer.number(random.below(100000), decimals);
   }
 }
 
@@ -124,6 +125,21 @@ std::string spectral_chart(int rows, int distinct_rows) {
     write_xyz(writer, random);
     write_lab(writer, random);
     write_spectrum(writer, random);
+    writer.text("\n");
+  }
+  writer.text("END_DATA\n");
+  return writer.take();
+}
+
+std::string percent_chart(int rows) {
+  Writer writer('\t');
+  begin(writer, "SAMPLE_ID\tCMYK_C\tCMYK_M\tCMYK_Y\tCMYK_K", true, rows);
+  Random random;
+  const Inks inks = make_inks(rows, random);
+  for (int row = 0; row < rows; ++row) {
+    writer.integer(static_cast<std::uint32_t>(row + 1));
+    write_inks(writer, inks, static_cast<std::size_t>(row));
+    write_spectrum(writer, random, 3);
     writer.text("\n");
   }
   writer.text("END_DATA\n");

@@ -10,6 +10,9 @@ namespace bench {
 /// rows repeat the device values of the first `distinct_rows` over and over.
 std::string spectral_chart(int rows, int distinct_rows);
 
+/// Id, CMYK and 36 bands of reflectance in percent: what the kit rewrites most.
+std::string percent_chart(int rows);
+
 /// Id, CMYK and Lab: 8 columns. Rows repeat as in spectral_chart.
 std::string narrow_chart(int rows, int distinct_rows);
 

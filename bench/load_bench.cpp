@@ -7,6 +7,7 @@
 #include "colortypes/pair_distances.h"
 #include "dataset/fill.h"
 #include "dataset/merge.h"
+#include "kit/preflight/preflight.h"
 #include "measdata.h"
 #include "measdata/meas_file_parser.h"
 #ifdef MEASDATA_BENCH_IT8
@@ -46,6 +47,7 @@ constexpr const char* kRows[] = {"newline scan",
                                  "library: parse_mem",
                                  "library: parse_file",
                                  "library: read all back",
+                                 "kit: preflight and load",
                                  "lcms2 IT8 reader"};
 constexpr const char* kReference = "tokenizing + from_chars";
 
@@ -150,6 +152,12 @@ void add_file(const File& file) {
   });
   add_row("library: parse_mem", [&file] { Handle(file.mode).load(file.text); });
   add_row("library: parse_file", [path, mode = file.mode] { Handle(mode).load_file(path); });
+  if (file.mode == 0) {
+    add_row("kit: preflight and load", [&text] {
+      const measkit::Preflighted tables = measkit::preflight(text, "bench");
+      check(tables.tables.size() == 1, "preflight");
+    });
+  }
   benchmark::RegisterBenchmark((file.name + "/library: read all back").c_str(),
                                [&file](benchmark::State& state) {
                                  Handle handle(file.mode);
@@ -312,8 +320,20 @@ double mean_doubling(const bench::Times& times, const std::string& what) {
                   1.0 / doublings);
 }
 
-void print_parts(const bench::Times& times) {
+// What the preflight adds to the load of the same text.
+std::string added_by_preflight(const bench::Times& times, const File& file) {
+  const double added = times.of(file.name + "/kit: preflight and load") -
+                       times.of(file.name + "/library: parse_mem");
+  return format("%.0f MB/s", static_cast<double>(file.text.size()) / 1e6 / std::max(added, 1e-9));
+}
+
+void print_parts(const std::vector<File>& files, const bench::Times& times) {
   std::vector<std::vector<std::string>> table = {{"what", "measured"}};
+  for (const File& file : files) {
+    if (times.of(file.name + "/kit: preflight and load") == 0.0) continue;
+    table.push_back(
+        {"preflight of " + file.name + ", on top of the load", added_by_preflight(times, file)});
+  }
   table.push_back(
       {"merging 100,000 distinct rows of 4 channels", format("%.1f ms", times.of("merge") * 1e3)});
   table.push_back({"Lab from spectra of 36 bands",
@@ -348,6 +368,7 @@ int main(int argc, char** argv) {
       {"small", bench::spectral_chart(kSmallRows, kSmallRows)},
       {"big", bench::spectral_chart(kBigRows, kBigRows)},
       {"narrow", bench::narrow_chart(kNarrowRows, kNarrowRows)},
+      {"percent", bench::percent_chart(kBigRows)},
       {"repeats", bench::spectral_chart(10000, 2000)},
       {"semicolon", bench::semicolon_table(kBigRows), 1},
   };
@@ -363,7 +384,7 @@ int main(int argc, char** argv) {
   std::printf("\n");
   print_memory(memory);
   std::printf("\n");
-  print_parts(times);
+  print_parts(files, times);
   for (const File& file : files) std::filesystem::remove(temporary_path(file.name));
   return 0;
 }

@@ -18,31 +18,6 @@ using vantor::MeasData::kBlockSize;
 bool is_blank(char c) { return c == ' ' || c == '\t'; }
 bool is_break(char c) { return c == '\n' || c == '\r'; }
 
-// Behind the first `count` cells of the line at `position`; npos when a comment is in the way.
-std::size_t behind_cells(std::string_view data, std::size_t position, std::size_t count) {
-  const auto skip = [&](auto is_wanted) {
-    while (position < data.size() && is_wanted(data[position])) ++position;
-  };
-  for (std::size_t cell = 0; cell < count; ++cell) {
-    skip(is_blank);
-    if (position == data.size() || is_break(data[position])) return position;
-    if (data[position] == '#') return std::string_view::npos;
-    if (data[position] == '"') {
-      ++position;
-      skip([](char c) { return c != '"' && !is_break(c); });
-      if (position == data.size() || data[position] != '"') return std::string_view::npos;
-      ++position;
-      // What stands right behind a closing quote begins a cell of its own.
-      if (position < data.size() && !is_blank(data[position]) && !is_break(data[position])) {
-        return std::string_view::npos;
-      }
-    } else {
-      skip([](char c) { return !is_blank(c) && !is_break(c); });
-    }
-  }
-  return position;
-}
-
 // The end of the line, when all up to it are bytes of numbers; npos otherwise. A minus sign that no
 // digit follows belongs to no number.
 std::size_t end_of_numbers(std::string_view data, std::size_t position) {
@@ -68,16 +43,42 @@ std::size_t end_of_numbers(std::string_view data, std::size_t position) {
 
 }  // namespace
 
-bool rows_are_numeric(std::string_view data, std::size_t text_cells) {
-  std::size_t position = 0;
-  while (position < data.size()) {
+std::size_t behind_cells(std::string_view data, std::size_t position, std::size_t count) {
+  const auto skip = [&](auto is_wanted) {
+    while (position < data.size() && is_wanted(data[position])) ++position;
+  };
+  for (std::size_t cell = 0; cell < count; ++cell) {
+    skip(is_blank);
+    if (position == data.size() || is_break(data[position])) return position;
+    if (data[position] == '#') return std::string_view::npos;
+    if (data[position] == '"') {
+      ++position;
+      skip([](char c) { return c != '"' && !is_break(c); });
+      if (position == data.size() || data[position] != '"') return std::string_view::npos;
+      ++position;
+      // What stands right behind a closing quote begins a cell of its own.
+      if (position < data.size() && !is_blank(data[position]) && !is_break(data[position])) {
+        return std::string_view::npos;
+      }
+    } else {
+      skip([](char c) { return !is_blank(c) && !is_break(c); });
+    }
+  }
+  return position;
+}
+
+std::optional<std::size_t> count_numeric_rows(std::string_view data, std::size_t text_cells) {
+  std::size_t count = 0;
+  for (std::size_t position = 0; position < data.size();) {
+    while (position < data.size() && is_blank(data[position])) ++position;
+    if (position < data.size() && !is_break(data[position])) ++count;
     position = behind_cells(data, position, text_cells);
-    if (position == std::string_view::npos) return false;
+    if (position == std::string_view::npos) return std::nullopt;
     position = end_of_numbers(data, position);
-    if (position == std::string_view::npos) return false;
+    if (position == std::string_view::npos) return std::nullopt;
     while (position < data.size() && is_break(data[position])) ++position;
   }
-  return true;
+  return count;
 }
 
 }  // namespace measkit

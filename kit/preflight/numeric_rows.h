@@ -3,14 +3,19 @@
 #define MEASDATA_KIT_PREFLIGHT_NUMERIC_ROWS_H
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 namespace measkit {
 
-/// True when, in every row, all cells behind the first `text_cells` consist of the bytes of decimal
-/// numbers. False may also mean that the rows hold something that takes a closer look: quotes,
-/// comments, "nan".
-bool rows_are_numeric(std::string_view data, std::size_t text_cells);
+/// The number of rows, when in every row all cells behind the first `text_cells` consist of the
+/// bytes of decimal numbers. No answer may also mean that the rows hold something that takes a
+/// closer look: quotes, comments, "nan".
+std::optional<std::size_t> count_numeric_rows(std::string_view data, std::size_t text_cells);
+
+/// Behind the first `count` cells of the line at `position`; npos when a comment or an open quote
+/// is in the way.
+std::size_t behind_cells(std::string_view data, std::size_t position, std::size_t count);
 
 }  // namespace measkit
 

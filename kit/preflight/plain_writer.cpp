@@ -1,13 +1,11 @@
 #include "kit/preflight/plain_writer.h"
 
-#include "kit/preflight/decimal_text.h"
-#include "kit/preflight/line_cursor.h"
-#include "measdata/cell_cutter.h"
-#include "measdata/tokenizer.h"
+#include "kit/preflight/shifted_rows.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <numeric>
 #include <string_view>
 
 namespace measkit {
@@ -81,33 +79,6 @@ Rows rows_of(const Table& table) {
   return rows;
 }
 
-// Rows go from the file to the text without being kept.
-void append_shifted_rows(const Table& table, std::string& out) {
-  std::size_t room = 1;
-  for (const Field& field : table.fields) room += 2 + room_for_moved_point(field.shift);
-  vantor::MeasData::CellCutter cutter;
-  std::size_t size = out.size();
-  for (LineCursor lines(table.data); lines.next();) {
-    const auto cells = cutter.cut(table.data, lines.line(), vantor::MeasData::kBlankSeparated, '#');
-    if (cells.empty()) continue;
-    const std::size_t row_room = room_for_item(lines.line().size()) + room;
-    if (out.size() < size + row_room) out.resize(2 * (size + row_room));
-    char* end = out.data() + size;
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-      const int shift = table.fields[i].shift;
-      if (shift != 0) {
-        end = write_moved_point(cells[i], shift, end);
-      } else {
-        end = write_item(cells[i], end);
-      }
-      *end++ = '\t';
-    }
-    end[-1] = '\n';
-    size = static_cast<std::size_t>(end - out.data());
-  }
-  out.resize(size);
-}
-
 void append_rows(Table& table, const std::vector<int>& fields, std::string& out) {
   for (std::size_t row = 0; row < table.row_count(); ++row) {
     for (const int field : fields) {
@@ -118,9 +89,21 @@ void append_rows(Table& table, const std::vector<int>& fields, std::string& out)
   }
 }
 
-std::string write(Table& table, const std::vector<int>& fields, Rows rows) {
+std::vector<int> shifts_of(const Table& table) {
+  std::vector<int> shifts;
+  for (const Field& field : table.fields) shifts.push_back(field.shift);
+  return shifts;
+}
+
+std::vector<int> all_fields(const Table& table) {
+  std::vector<int> fields(table.fields.size());
+  std::iota(fields.begin(), fields.end(), 0);
+  return fields;
+}
+
+// Everything before the rows.
+std::string head_of(const Table& table, const std::vector<int>& fields, std::size_t rows) {
   std::string out;
-  out.reserve(table.data.size() + table.data.size() / 4 + 1024);
   append_header(table, out);
   append_count("NUMBER_OF_FIELDS", fields.size(), out);
   out += "BEGIN_DATA_FORMAT\n";
@@ -130,8 +113,15 @@ std::string write(Table& table, const std::vector<int>& fields, Rows rows) {
   }
   if (!fields.empty()) out.back() = '\n';
   out += "END_DATA_FORMAT\n";
-  append_count("NUMBER_OF_SETS", table.row_count(), out);
-  out += "BEGIN_DATA\n";
+  append_count("NUMBER_OF_SETS", rows, out);
+  return out += "BEGIN_DATA\n";
+}
+
+std::string write(Table& table, const std::vector<int>& fields, Rows rows) {
+  const std::string head = head_of(table, fields, table.row_count());
+  std::string out;
+  out.reserve(head.size() + table.data.size() + table.data.size() / 4 + 1024);
+  out += head;
   switch (rows) {
     case Rows::own:
       out += table.data;
@@ -139,7 +129,7 @@ std::string write(Table& table, const std::vector<int>& fields, Rows rows) {
         out += '\n';
       break;
     case Rows::shifted:
-      append_shifted_rows(table, out);
+      append_shifted_rows(table.data, table.text_cells, shifts_of(table), out);
       break;
     case Rows::cells:
       append_rows(table, fields, out);
@@ -151,6 +141,21 @@ std::string write(Table& table, const std::vector<int>& fields, Rows rows) {
 }  // namespace
 
 std::string plain_text(Table& table) { return plain_text_without(table, {}); }
+
+std::string plain_text_in_advance(const Table& table, std::span<const int> shifts,
+                                  std::size_t rows) {
+  std::string out;
+  out.reserve(table.data.size() + table.data.size() / 4 + 1024);
+  out += head_of(table, all_fields(table), rows);
+  if (!append_shifted_rows(table.data, table.text_cells, shifts, out)) return {};
+  return out += "END_DATA\n";
+}
+
+bool is_plain_text_in_advance(const Table& table, std::string_view text,
+                              std::span<const int> shifts) {
+  return rows_of(table) == Rows::shifted && std::ranges::equal(shifts, shifts_of(table)) &&
+         text.starts_with(head_of(table, all_fields(table), table.row_count()));
+}
 
 std::string plain_text_without(Table& table, const std::vector<int>& left_out) {
   std::vector<int> fields;

@@ -4,7 +4,10 @@
 
 #include "kit/preflight/table.h"
 
+#include <cstddef>
+#include <span>
 #include <string>
+#include <string_view>
 
 namespace measkit {
 
@@ -14,6 +17,14 @@ std::string plain_text(Table& table);
 
 /// The same without some fields, whose positions ascend.
 std::string plain_text_without(Table& table, const std::vector<int>& left_out);
+
+/// The plain text of a table of `rows` numeric rows, if a repair will move the points of its fields
+/// by `shifts` and do nothing else. Empty when the rows differ in width.
+std::string plain_text_in_advance(const Table& table, std::span<const int> shifts,
+                                  std::size_t rows);
+/// True when the table, repaired by now, has that plain text.
+bool is_plain_text_in_advance(const Table& table, std::string_view text,
+                              std::span<const int> shifts);
 
 }  // namespace measkit
 

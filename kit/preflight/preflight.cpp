@@ -82,7 +82,7 @@ void repair(Table& table, const char* name) {
 bool has_other_colour(const Roles& roles) { return roles.has_lab() || roles.has_spectra(); }
 
 // Loads the plain text, without densities where the library then merges and answers more.
-void load(PlainTable& plain, const char* name) {
+void load(PlainTable& plain, bool is_loaded_already, const char* name) {
   Table& table = plain.table;
   const Roles roles = table.roles();
   if (!roles.densities.empty() && has_other_colour(roles)) {
@@ -93,7 +93,7 @@ void load(PlainTable& plain, const char* name) {
                        table.data_line);
     return;
   }
-  if (table.is_as_it_stands && table.is_loaded()) {
+  if (is_loaded_already) {
     plain.loaded = std::move(table.loaded());
     return;
   }
@@ -104,8 +104,9 @@ void make_plain(PlainTable& plain, std::string_view whole_text, bool is_only_tab
                 const char* name) {
   Table& table = plain.table;
   repair(table, name);
-  if (table.is_as_it_stands && !table.is_loaded()) {
-    // The library refuses the text, or a cell takes a closer look than a scan.
+  if (table.is_as_it_stands && (!table.is_loaded() || table.loaded_shift() != 0)) {
+    // The library refuses the text, a cell takes a closer look than a scan, or the first rows
+    // looked like percent.
     LoadedText loaded(is_only_table ? whole_text : table.text, name);
     if (loaded.is_loaded()) {
       table.set_loaded(std::move(loaded));
@@ -115,13 +116,16 @@ void make_plain(PlainTable& plain, std::string_view whole_text, bool is_only_tab
                          "The library refuses the frame of the table: rewritten.");
     }
   }
+  const bool is_guess_right = !table.is_as_it_stands && table.loaded_shift() != 0 &&
+                              is_plain_text_in_advance(table, table.guess.text, table.guess.shifts);
   if (table.is_as_it_stands) {
     plain.text = is_only_table ? whole_text : table.text;
   } else {
-    plain.made = plain_text(table);
+    plain.made = is_guess_right ? std::move(table.guess.text) : plain_text(table);
     plain.text = plain.made;
   }
-  load(plain, name);
+  table.guess = {};
+  load(plain, table.is_loaded() && (table.is_as_it_stands || is_guess_right), name);
   if (!plain.loaded.is_loaded()) {
     table.findings.add(
         Severity::lost, "not-loaded",

@@ -1,14 +1,14 @@
 #include "kit/preflight/structure.h"
 
-#include "kit/preflight/numeric_rows.h"
+#include "kit/preflight/loaded_numbers.h"
 #include "kit/preflight/row_cutter.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace measkit {
 namespace {
@@ -35,30 +35,6 @@ void check_count(Table& table, std::string_view keyword, std::string_view what, 
                      line->line);
 }
 
-// Which fields hold numbers that matter.
-std::vector<bool> numeric_fields(const Table& table, const Roles& roles) {
-  std::vector<bool> is_numeric(table.fields.size());
-  const auto mark = [&is_numeric](const auto& fields) {
-    for (const int field : fields) {
-      if (field != kNoField) is_numeric[static_cast<std::size_t>(field)] = true;
-    }
-  };
-  mark(roles.device);
-  for (const FieldTriple& group : {roles.xyz, roles.lab, roles.lch, roles.xyy}) mark(group);
-  mark(roles.densities);
-  for (const SpectralField& spectral : roles.spectra) mark(std::array{spectral.field});
-  return is_numeric;
-}
-
-// True when the library's numbers are those of the file: no cell stands for a value that is
-// missing.
-bool are_cells_numbers(const Table& table) {
-  const std::vector<bool> is_numeric = numeric_fields(table, table.roles());
-  const auto first = std::find(is_numeric.begin(), is_numeric.end(), true);
-  if (std::find(first, is_numeric.end(), false) != is_numeric.end()) return false;
-  return rows_are_numeric(table.data, static_cast<std::size_t>(first - is_numeric.begin()));
-}
-
 // Rows that all have the same width, though not that of the list of fields.
 void settle_width(Table& table, std::size_t width) {
   const std::size_t fields = table.fields.size();
@@ -83,12 +59,7 @@ bool is_missing(std::string_view cell) {
 }  // namespace
 
 void settle_structure(Table& table, const char* name) {
-  if (table.is_as_it_stands) {
-    LoadedText loaded(table.text, name);
-    if (loaded.is_loaded() && num_patches(loaded.handle()) > 0 && are_cells_numbers(table)) {
-      table.set_loaded(std::move(loaded));
-    }
-  }
+  if (table.is_as_it_stands) load_numbers(table, name);
   if (!table.is_loaded() && !table.is_cut()) {
     CutRows rows = cut_rows(table.data, table.data_line, table.fields.size(), table.findings);
     if (!rows.is_plain) table.is_as_it_stands = false;

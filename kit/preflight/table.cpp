@@ -13,8 +13,9 @@ namespace measkit {
 using vantor::MeasData::Comma;
 using vantor::MeasData::NumberReader;
 
-void Table::set_loaded(LoadedText loaded) {
+void Table::set_loaded(LoadedText loaded, int spectral_shift) {
   loaded_ = std::move(loaded);
+  loaded_shift_ = spectral_shift;
   loaded_rows_ = static_cast<std::size_t>(num_patches(loaded_.handle()));
   loaded_roles_ = roles();
 }
@@ -143,7 +144,7 @@ SpectralRows::SpectralRows(Table& table, const Roles& roles) : size_(table.row_c
   if (is_loaded) {
     handle_ = table.loaded().handle();
     const auto first = static_cast<std::size_t>(roles.spectra.front().field);
-    factor_ = std::pow(10.0, table.fields[first].shift);
+    factor_ = std::pow(10.0, table.fields[first].shift - table.loaded_shift());
     return;
   }
   for (const SpectralField& spectral : roles.spectra) {

@@ -53,6 +53,13 @@ class Table {
   std::vector<Field> fields;
   std::string_view data;      ///< the rows, without BEGIN_DATA and END_DATA
   std::size_t data_line = 0;  ///< where `data` begins
+  /// Cells of a row before the first that matters as a number.
+  std::size_t text_cells = 0;
+  /// A plain text made in advance, with the points of its fields moved by `shifts`.
+  struct Guess {
+    std::string text;
+    std::vector<int> shifts;
+  } guess;
   Content content = Content::measurement;
   Findings findings;
   TextPool pool;
@@ -62,8 +69,10 @@ class Table {
   /// True while the file's own text can stand for the table.
   bool is_as_it_stands = true;
 
-  // Numbers of the table as the library reads it.
-  void set_loaded(LoadedText loaded);
+  /// Numbers of the table as the library reads it, those of spectra multiplied by ten to the power
+  /// of `spectral_shift`.
+  void set_loaded(LoadedText loaded, int spectral_shift = 0);
+  int loaded_shift() const { return loaded_shift_; }
   bool is_loaded() const { return loaded_.is_loaded(); }
   LoadedText& loaded() { return loaded_; }
 
@@ -107,6 +116,7 @@ class Table {
   Cells cells_;
   bool is_cut_ = false;
   std::size_t loaded_rows_ = 0;
+  int loaded_shift_ = 0;
   LoadedText loaded_;
   Roles loaded_roles_;
 };

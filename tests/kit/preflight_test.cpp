@@ -297,13 +297,24 @@ TEST(Densities, StandApartFromMergedColours) {
 
 // Digits move; none is lost, added or rounded.
 TEST(Percent, BecomeFactorsDigitForDigit) {
-  const std::string text =
-      file_of("", "nm400 nm550 nm700", "93.30 5 0.5\n-0.25 1e2 100\n12.345678901234567 .5 7.\n");
+  const std::string text = file_of("", "SAMPLE_ID nm400 nm550 nm700 GRAY",
+                                   "\"a b\" 93.30 5 0.5 12.5\n"
+                                   "\n \t2\t-0.25 1e2  100 1 \r\n"
+                                   "3 12.345678901234567 .5 7. 100\n");
   const Preflighted file = measkit::preflight(text, nullptr);
   const std::string_view plain = file.tables.at(0)->text;
-  EXPECT_NE(plain.find("0.9330\t0.05\t0.005\n"), std::string_view::npos) << plain;
-  EXPECT_NE(plain.find("-0.0025\t1e0\t1.00\n"), std::string_view::npos) << plain;
-  EXPECT_NE(plain.find("0.12345678901234567\t0.005\t0.07\n"), std::string_view::npos) << plain;
+  const std::string_view rows = plain.substr(plain.find("BEGIN_DATA\n"));
+  EXPECT_EQ(rows,
+            "BEGIN_DATA\n\"a b\" 0.9330 0.05 0.005 12.5\n \t2\t-0.0025 1e0  1.00 1 \n"
+            "3 0.12345678901234567 0.005 0.07 100\nEND_DATA\n");
+}
+
+// The first rows look like percent, but numbers that follow are too large.
+TEST(Percent, AreNoGuess) {
+  const std::string text = file_of("", "nm400 nm550 nm700", "93 50 20\n400 5 100\n");
+  const Preflighted file = measkit::preflight(text, nullptr);
+  EXPECT_EQ(file.tables.at(0)->text, text);
+  EXPECT_EQ(get_spectrum_from_patch(file.tables.at(0)->loaded.handle(), 1)[0], 400.0);
 }
 
 }  // namespace
