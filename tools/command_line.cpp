@@ -2,11 +2,14 @@
 
 #include "api/measdata.h"
 #include "kit/write/printable_text.h"
+#include "measdata/file_text.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <exception>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <iterator>
 #include <system_error>
@@ -86,6 +89,9 @@ int run_checked(const Tool& tool, const std::vector<std::string>& arguments) {
 int run_tool(const Tool& tool, int argc, char** argv) {
   try {
     return run_checked(tool, std::vector<std::string>(argv + 1, argv + argc));
+  } catch (const Refusal& refusal) {
+    std::cerr << tool.name << ": " << measkit::printable(refusal.what()) << '\n';
+    return kBadCall;
   } catch (const std::exception& error) {
     std::cerr << tool.name << ": " << error.what() << '\n';
     return kFailed;
@@ -97,6 +103,23 @@ std::unique_ptr<measkit::Document> open_document(const std::string& path,
   if (path != "-") return measkit::Document::open_file(path, opening);
   std::string bytes(std::istreambuf_iterator<char>(std::cin), {});
   return measkit::Document::open_block(std::move(bytes), "standard input", opening);
+}
+
+std::string text_of_file(const std::string& path) {
+  vantor::MeasData::FileText file;
+  if (file.read(path.c_str()) != vantor::MeasData::FileStatus::ok)
+    throw Refusal("cannot read " + path);
+  return std::string(file.text());
+}
+
+void write_output(std::string_view text, const std::string& path) {
+  if (path == "-") {
+    std::cout << text;
+    return;
+  }
+  const std::u8string utf8(path.begin(), path.end());
+  std::ofstream file(std::filesystem::path(utf8), std::ios::binary);
+  if (!(file << text << std::flush)) throw Refusal("cannot write " + path);
 }
 
 void tell_unreadable(std::string_view tool, const measkit::Document& document) {

@@ -8,11 +8,18 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tools {
+
+/// Why a tool cannot do what it is asked for. run_tool() tells it; the status is kBadCall.
+class Refusal : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
 
 /// The ends of a tool.
 enum Status : int { kDone = 0, kFailed = 1, kBadCall = 2 };
@@ -58,6 +65,12 @@ int run_tool(const Tool& tool, int argc, char** argv);
 
 /// Opens a file or, for "-", the standard input.
 std::unique_ptr<measkit::Document> open_document(const std::string& path, measkit::Opening opening);
+
+/// The bytes of a file; throws a Refusal when it cannot be read.
+std::string text_of_file(const std::string& path);
+
+/// Writes a file or, for "-", the standard output; throws a Refusal when it cannot.
+void write_output(std::string_view text, const std::string& path);
 
 /// Tells on the standard error why a document has no patches.
 void tell_unreadable(std::string_view tool, const measkit::Document& document);

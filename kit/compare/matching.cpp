@@ -158,8 +158,10 @@ Matching as_asked(MatchBy by, const Chart& reference, const Chart& sample) {
 Matching match(const Chart& reference, const Chart& sample, std::optional<MatchBy> wanted) {
   if (wanted) return as_asked(*wanted, reference, sample);
   std::string passed_over;
-  bool is_other_chart = false;
+  // Ids are often running numbers: they prove nothing for charts of different device values.
+  const bool have_device = reference.holds.device && sample.holds.device;
   for (const MatchBy by : {MatchBy::device, MatchBy::id, MatchBy::name, MatchBy::location}) {
+    if (have_device && by != MatchBy::device) break;
     if (!have_both(reference, sample, by)) continue;
     Matching matching = matched_by(by, reference, sample);
     const std::string word(word_of(by));
@@ -167,24 +169,23 @@ Matching match(const Chart& reference, const Chart& sample, std::optional<MatchB
       passed_over += " The " + word + " repeat.";
     } else if (!has_enough(matching)) {
       passed_over += " The " + word + " agree for " + numbers_of(matching) + ".";
-      is_other_chart = is_other_chart || by == MatchBy::device;
     } else {
       matching.sentence =
           "Matched by " + word + ", which both have: " + numbers_of(matching) + "." + passed_over;
       return matching;
     }
   }
-  const bool are_as_long = reference.patch_count == sample.patch_count;
-  if (are_as_long && !is_other_chart && have_both(reference, sample, MatchBy::order)) {
+  if (!have_device && reference.patch_count == sample.patch_count) {
     Matching matching = matched_by(MatchBy::order, reference, sample);
     matching.sentence = "Matched by order, since nothing else fits: both have " +
                         std::to_string(reference.patch_count) + " patches." + passed_over;
     return matching;
   }
-  return refused("The charts cannot be matched: the reference has " +
+  return refused("The charts do not match: the reference has " +
                  std::to_string(reference.patch_count) + " patches with " +
                  device_space_of(reference) + ", the sample " + std::to_string(sample.patch_count) +
-                 " with " + device_space_of(sample) + "." + passed_over);
+                 " with " + device_space_of(sample) + "." + passed_over +
+                 " They can be matched by ids, names, locations or order if asked.");
 }
 
 }  // namespace measkit

@@ -1,43 +1,22 @@
 #include "kit/write/json.h"
 
-#include "kit/write/printable_text.h"
+#include "kit/write/json_parts.h"
 #include "kit/write/words.h"
 
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <utility>
 
 namespace measkit {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-Json text_json(std::string_view text) { return utf8_of(text); }
-
 template <typename Value>
 Json optional_json(const std::optional<Value>& value) {
   return value ? Json(*value) : Json(nullptr);
 }
 
-Json row_json(const Values& values, std::size_t row) {
-  const std::span<const double> numbers = values.row(row);
-  return std::vector<double>(numbers.begin(), numbers.end());
-}
-
 Json texts_json(const std::vector<std::string>& texts) {
   Json json = Json::array();
   for (const std::string& text : texts) json.push_back(text_json(text));
-  return json;
-}
-
-Json findings_json(const std::vector<Finding>& findings) {
-  Json json = Json::array();
-  for (const Finding& finding : findings) {
-    json.push_back({{"code", finding.code},
-                    {"severity", word_of(finding.severity)},
-                    {"sentence", text_json(finding.sentence)},
-                    {"line", finding.line == 0 ? Json(nullptr) : Json(finding.line)}});
-  }
   return json;
 }
 

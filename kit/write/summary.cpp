@@ -1,5 +1,6 @@
 #include "kit/write/summary.h"
 
+#include "kit/write/labelled_lines.h"
 #include "kit/write/layout.h"
 #include "kit/write/printable_text.h"
 #include "kit/write/summary_tables.h"
@@ -12,31 +13,10 @@
 namespace measkit {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 constexpr std::size_t kScreenLines = 45;
-constexpr std::size_t kIndent = 2;
 
 void append(Lines& lines, Lines others) {
   for (std::string& line : others) lines.push_back(std::move(line));
-}
-
-// A label with text behind it, on further lines where it is long; at most `most_lines`.
-void add_labelled(Lines& lines, std::string_view label, std::string_view text,
-                  std::size_t most_lines = 2) {
-  constexpr std::size_t kLabelWidth = 13;
-  const std::size_t width = kTerminalWidth - kIndent - kLabelWidth;
-  Lines parts = wrapped(shortened(text, most_lines * width), width);
-  if (parts.size() > most_lines) {
-    parts.resize(most_lines);
-    parts.back() = shortened(parts.back(), width - 3) + "...";
-  }
-  std::string start(label.substr(0, kLabelWidth - 1));
-  for (const std::string& part : parts) {
-    start.resize(kLabelWidth, ' ');
-    lines.push_back(start + part);
-    start.clear();
-  }
 }
 
 Lines finding_lines(const std::vector<Finding>& findings, std::size_t more, Detail detail) {
