@@ -29,17 +29,52 @@ double share_of_chroma(double chroma) {
   return std::sqrt(seventh / (seventh + kPower));
 }
 
-// The mean of two hue angles on the shorter arc; their sum when one colour is neutral.
-double mean_hue(double first, double second, bool is_neutral) {
-  if (is_neutral) return first + second;
-  if (std::abs(first - second) <= 180.0) return (first + second) / 2.0;
-  return (first + second + (first + second < 360.0 ? 360.0 : -360.0)) / 2.0;
+// How two hues of CIEDE2000 lie to each other.
+struct Hues {
+  double cosine, sine;  ///< of the mean hue angle
+  double difference;    ///< Delta H'
+};
+
+// By the angles themselves: for opposite hues, whose mean is a matter of definition.
+Hues opposite_hues(double a1, double b1, double a2, double b2, double product) {
+  const double h1 = hue_of(a1, b1), h2 = hue_of(a2, b2);
+  const bool is_far = std::abs(h1 - h2) > 180.0;
+  const double mean = (h1 + h2 + (!is_far ? 0.0 : h1 + h2 < 360.0 ? 360.0 : -360.0)) / 2.0;
+  const double step = h2 - h1 + (!is_far ? 0.0 : h2 > h1 ? -360.0 : 360.0);
+  return {cosine(mean), std::sin(mean * kRadians),
+          2.0 * std::sqrt(product) * std::sin(step / 2.0 * kRadians)};
 }
 
-double hue_difference(double from, double to) {
-  const double difference = to - from;
-  if (difference > 180.0) return difference - 360.0;
-  return difference < -180.0 ? difference + 360.0 : difference;
+// By products of the components, which take no angle. `product` is that of the chromas.
+Hues hues_of(double a1, double b1, double a2, double b2, double c1, double c2) {
+  const double product = c1 * c2;
+  // The mean of two unit vectors points to the mean angle on the shorter arc. A neutral colour has
+  // no hue: the other's counts.
+  const double x = product == 0.0 ? a1 + a2 : a1 * c2 + a2 * c1;
+  const double y = product == 0.0 ? b1 + b2 : b1 * c2 + b2 * c1;
+  const double length = hypotenuse(x, y);
+  if (product == 0.0)
+    return length == 0.0 ? Hues{1.0, 0.0, 0.0} : Hues{x / length, y / length, 0.0};
+  constexpr double kNearlyOpposite = 1e-9;
+  if (length <= kNearlyOpposite * product) return opposite_hues(a1, b1, a2, b2, product);
+  const double along = a1 * a2 + b1 * b2;
+  const double across = a1 * b2 - b1 * a2;
+  // Both are 2 sqrt(product) sin(step / 2); each is exact where the other cancels.
+  const double step = along >= 0.0 ? across / std::sqrt((product + along) / 2.0)
+                                   : std::copysign(std::sqrt(2.0 * (product - along)), across);
+  return {x / length, y / length, step};
+}
+
+// The weight of hue, T. cos n h and sin n h follow from cos h and sin h.
+double hue_term(double c, double s) {
+  constexpr double kCos30 = 0.86602540378443865, kSin30 = 0.5;
+  constexpr double kCos6 = 0.99452189536827333, kSin6 = 0.10452846326765347;
+  constexpr double kCos63 = 0.45399049973954675, kSin63 = 0.89100652418836786;
+  const double c2 = c * c - s * s, s2 = 2.0 * s * c;
+  const double c3 = c2 * c - s2 * s, s3 = s2 * c + c2 * s;
+  const double c4 = c2 * c2 - s2 * s2, s4 = 2.0 * s2 * c2;
+  return 1.0 - 0.17 * (c * kCos30 + s * kSin30) + 0.24 * c2 + 0.32 * (c3 * kCos6 - s3 * kSin6) -
+         0.20 * (c4 * kCos63 + s4 * kSin63);
 }
 
 // Weights of the three differences in a formula.
@@ -79,19 +114,11 @@ double delta_e_2000(const Lab& reference, const Lab& sample) {
   const double stretch = 1.5 - 0.5 * share_of_chroma(mean_chroma);
   const double a1 = reference.a * stretch, a2 = sample.a * stretch;
   const double c1 = hypotenuse(a1, reference.b), c2 = hypotenuse(a2, sample.b);
-  const double h1 = hue_of(a1, reference.b), h2 = hue_of(a2, sample.b);
-  const bool is_neutral = c1 * c2 == 0.0;
-
-  const double lightness = sample.l - reference.l;
-  const double chroma = c2 - c1;
-  const double hue_step = is_neutral ? 0.0 : hue_difference(h1, h2);
-  const double hue = 2.0 * std::sqrt(c1 * c2) * std::sin(hue_step / 2.0 * kRadians);
-
+  const Hues hues = hues_of(a1, reference.b, a2, sample.b, c1, c2);
   const double l = (reference.l + sample.l) / 2.0;
   const double c = (c1 + c2) / 2.0;
-  const double h = mean_hue(h1, h2, is_neutral);
-  const double t = 1.0 - 0.17 * cosine(h - 30.0) + 0.24 * cosine(2.0 * h) +
-                   0.32 * cosine(3.0 * h + 6.0) - 0.20 * cosine(4.0 * h - 63.0);
+  const double h = hue_of(hues.cosine, hues.sine);
+  const double t = hue_term(hues.cosine, hues.sine);
   const double from_middle = square(l - 50.0);
   const double lightness_weight = 1.0 + 0.015 * from_middle / std::sqrt(20.0 + from_middle);
   const double chroma_weight = 1.0 + 0.045 * c;
@@ -99,9 +126,9 @@ double delta_e_2000(const Lab& reference, const Lab& sample) {
   const double turn = 60.0 * std::exp(-square((h - 275.0) / 25.0));  // degrees, about blue
   const double rotation = -std::sin(turn * kRadians) * 2.0 * share_of_chroma(c);
 
-  const double dl = lightness / lightness_weight;
-  const double dc = chroma / chroma_weight;
-  const double dh = hue / hue_weight;
+  const double dl = (sample.l - reference.l) / lightness_weight;
+  const double dc = (c2 - c1) / chroma_weight;
+  const double dh = hues.difference / hue_weight;
   return std::sqrt(std::max(0.0, dl * dl + dc * dc + dh * dh + rotation * dc * dh));
 }
 
