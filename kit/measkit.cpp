@@ -1,6 +1,6 @@
 #include "kit/measkit.h"
 
-#include "kit/document.h"
+#include "kit/measkit_document.h"
 #include "kit/write/html/page.h"
 #include "kit/write/json.h"
 
@@ -15,30 +15,11 @@
 
 using measkit::Document;
 using measkit::Finding;
+using measkit::guarded;
+using measkit::has_chart;
 using measkit::Opening;
 
-struct mk_document {
-  std::unique_ptr<Document> document;
-  std::vector<std::string> plain_texts = {};  // of charts whose text has no zero byte behind it
-  std::string json = {}, html = {};
-};
-
 namespace {
-
-// What `answer` returns, or `fallback` when it throws: only memory runs out here.
-template <typename Answer, typename Function>
-Answer guarded(Answer fallback, Function answer) noexcept {
-  try {
-    return answer();
-  } catch (...) {
-    return fallback;
-  }
-}
-
-bool has_chart(const mk_document* document, int chart) {
-  return document != nullptr && chart >= 0 &&
-         static_cast<std::size_t>(chart) < document->document->size();
-}
 
 struct FindingList {
   std::span<const Finding> list;

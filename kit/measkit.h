@@ -152,6 +152,90 @@ MEASKIT_API const char* mk_html_of(mk_document* const* documents, int count) MEA
 
 /** @} */
 
+/** @defgroup comparison Comparison
+ *
+ *  Two charts compared colour by colour. Repeats of a colour are averaged first. A comparison uses
+ *  the documents of its charts: close them after it.
+ *  @{ */
+
+/** The answer of mk_compare. */
+typedef struct mk_comparison mk_comparison;
+
+/** What tells which patches of two charts belong together. */
+typedef enum mk_match {
+  MK_MATCH_BEST = 0, /**< device values when both charts hold some, else ids, names, locations or
+                          the order, whichever both hold and fits */
+  MK_MATCH_DEVICE = 1,
+  MK_MATCH_ID = 2,
+  MK_MATCH_NAME = 3,
+  MK_MATCH_LOCATION = 4,
+  MK_MATCH_ORDER = 5
+} mk_match;
+
+/** A formula for colour differences. */
+typedef enum mk_formula {
+  MK_DE00 = 0, /**< CIEDE2000 */
+  MK_DE76 = 1, /**< Delta E*ab, CIE 1976 */
+  MK_DE94 = 2, /**< CIE94 with the weights of graphic arts; the chroma is the reference's */
+  MK_CMC = 3   /**< CMC(l:c); the weights are the reference's */
+} mk_formula;
+
+/** How charts are compared. Zeros are the defaults. */
+typedef struct mk_compare_options {
+  mk_match match;
+  mk_formula formula;   /**< of the verdicts and pictures of the page; all are computed */
+  int median;           /**< 1: repeats are averaged by the median, 0: by the mean */
+  double cmc_lightness; /**< l of CMC(l:c); 2 for values that are not above 0 */
+  double cmc_chroma;    /**< c of CMC(l:c); 1 for values that are not above 0 */
+} mk_compare_options;
+
+/** Compares a chart of one document with a chart of another or the same. Null options are the
+ *  defaults. Returns null without memory or when a chart does not exist. Release the answer with
+ *  mk_close_comparison. */
+MEASKIT_API mk_comparison* mk_compare(mk_document* reference, int reference_chart,
+                                      mk_document* sample, int sample_chart,
+                                      const mk_compare_options* options) MEASKIT_NOEXCEPT;
+
+/** Releases `*comparison` and sets it to null. Does nothing for null. */
+MEASKIT_API void mk_close_comparison(mk_comparison** comparison) MEASKIT_NOEXCEPT;
+
+/** Why the charts cannot be compared, in a sentence; null when they can. A refused comparison has
+ *  no colours and no figures. */
+MEASKIT_API const char* mk_comparison_refusal(const mk_comparison* comparison) MEASKIT_NOEXCEPT;
+
+/** The number of colours that both charts hold with Lab. */
+MEASKIT_API int mk_num_compared(const mk_comparison* comparison) MEASKIT_NOEXCEPT;
+
+/** Writes the first patch of every compared colour: its position in the reference to
+ *  `reference_patches` and in the sample to `sample_patches`, mk_num_compared() numbers each.
+ * Either may be null. */
+MEASKIT_API void mk_compared_patches(const mk_comparison* comparison, int* reference_patches,
+                                     int* sample_patches) MEASKIT_NOEXCEPT;
+
+/** Writes one measure of every compared colour, mk_num_compared() numbers: "de76", "de94", "de00",
+ *  "cmc"; "dl", "da", "db", "dc", "dh", the sample minus the reference; "rms", the spectral
+ *  difference; "de00_a", "de00_f11", CIEDE2000 of the spectra under illuminants A and F11. What
+ *  cannot be told is not-a-number. Returns 1, or 0 for an unknown measure, and writes nothing. */
+MEASKIT_API int mk_compared_measure(const mk_comparison* comparison, const char* measure,
+                                    double* values) MEASKIT_NOEXCEPT;
+
+/** Writes a figure to `*value`. It is named by group, measure and figure, such as "all.de00.p95".
+ *  Groups: "all", "paper", "solids", "wedges", "overprints", "greys", "surface". Figures: "mean",
+ *  "median", "p90", "p95", "max", "std", "best90". Returns 1, or 0 for an unknown name or a group
+ *  without colours, and writes nothing. */
+MEASKIT_API int mk_figure(const mk_comparison* comparison, const char* name,
+                          double* value) MEASKIT_NOEXCEPT;
+
+/** Everything that is known of the comparison as a JSON object. The string belongs to the
+ *  comparison; it is made at the first call. */
+MEASKIT_API const char* mk_comparison_json(mk_comparison* comparison) MEASKIT_NOEXCEPT;
+
+/** The comparison as a page of HTML without scripts. The string belongs to the comparison; it is
+ *  made at the first call. */
+MEASKIT_API const char* mk_comparison_html(mk_comparison* comparison) MEASKIT_NOEXCEPT;
+
+/** @} */
+
 #ifdef __cplusplus
 }
 #endif

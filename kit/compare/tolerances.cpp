@@ -53,14 +53,19 @@ Tolerances read_tolerances(std::string_view text) {
   return tolerances;
 }
 
+std::optional<double> figure_at(const Comparison& comparison, std::string_view path) {
+  const auto found = path_of(path);
+  if (!found) return std::nullopt;
+  const Figures& figures = comparison.groups[found->group].measures[found->measure];
+  if (figures.count == 0) return std::nullopt;
+  return figures.*found->figure;
+}
+
 std::vector<Verdict> judge(const Comparison& comparison, const std::vector<Tolerance>& tolerances) {
   std::vector<Verdict> verdicts;
   for (const Tolerance& tolerance : tolerances) {
-    Verdict verdict = {tolerance.figure, tolerance.limit, std::nullopt, false};
-    if (const auto path = path_of(tolerance.figure)) {
-      const Figures& figures = comparison.groups[path->group].measures[path->measure];
-      if (figures.count != 0) verdict.value = figures.*path->figure;
-    }
+    Verdict verdict = {tolerance.figure, tolerance.limit, figure_at(comparison, tolerance.figure),
+                       false};
     verdict.passed = verdict.value && std::abs(*verdict.value) <= tolerance.limit;
     verdicts.push_back(std::move(verdict));
   }

@@ -25,6 +25,9 @@ struct Tolerances {
 /// is no figure is an error.
 Tolerances read_tolerances(std::string_view text);
 
+/// A figure by its path; none for other names and for groups without colours.
+std::optional<double> figure_at(const Comparison& comparison, std::string_view path);
+
 struct Verdict {
   std::string figure;
   double limit;
