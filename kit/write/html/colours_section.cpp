@@ -1,49 +1,24 @@
-#include "kit/write/html/axis.h"
-#include "kit/write/html/plot.h"
+#include "kit/write/html/colour_plane.h"
 #include "kit/write/html/sections.h"
-#include "kit/write/html/svg_path.h"
 
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <vector>
 
 namespace measkit::html {
 namespace {
 
-struct ColourAxes {
-  Axis opponent;  // a* and b*, as far to either side
-  Axis chroma, lightness;
-};
-
 double chroma_of(const Triple& lab) { return std::hypot(lab[1], lab[2]); }
 
 ColourAxes axes_over(Views charts) {
-  Extent opponents;
-  Extent chromas;
-  Extent lightnesses;
-  opponents.add(20.0);
-  chromas.add(0.0);
-  lightnesses.add(0.0);
-  lightnesses.add(100.0);
+  std::vector<Triple> colours;
   for (const View& chart : charts) {
     for (const PatchView& patch : chart.patches) {
-      if (!patch.lab) continue;
-      const Triple& lab = *patch.lab;
-      opponents.add(std::abs(lab[1]));
-      opponents.add(std::abs(lab[2]));
-      chromas.add(chroma_of(lab));
-      lightnesses.add(lab[0]);
+      if (patch.lab) colours.push_back(*patch.lab);
     }
   }
-  const int steps = half_width(charts) < 450.0 ? 6 : 12;
-  return {axis_over(-opponents.high(), opponents.high(), steps), axis_over(0.0, chromas.high(), 7),
-          axis_over(lightnesses.low(), lightnesses.high(), 10)};
-}
-
-double dot_radius(std::size_t patches) {
-  if (patches <= 100) return 5.0;
-  if (patches <= 600) return 3.6;
-  return patches <= 2000 ? 2.6 : 2.0;
+  return colour_axes_over(colours, half_width(charts));
 }
 
 template <typename Position>
@@ -56,23 +31,6 @@ void draw_patches(Plot& plot, const View& chart, Position position_of) {
     plot.draw_dot(x, y, radius, patch.colour, patch.label);
   }
   plot.draw("</g>\n");
-}
-
-// The axes of the hues that oppose each other, and rings of equal chroma.
-void draw_opponent_lines(Plot& plot, const Axis& axis) {
-  SvgPath cross;
-  cross.add(plot.left(), plot.y(0.0));
-  cross.add(plot.right(), plot.y(0.0));
-  cross.lift();
-  cross.add(plot.x(0.0), plot.top());
-  cross.add(plot.x(0.0), plot.bottom());
-  plot.draw("<path class=\"zero\" d=\"" + cross.data() + "\"/>\n");
-  const double ring = axis.last / axis.step > 4.0 ? 2.0 * axis.step : axis.step;
-  for (int i = 1; i * ring <= axis.last; ++i) {
-    plot.draw("<circle class=\"zero\" cx=\"" + coordinate(plot.x(0.0)) + "\" cy=\"" +
-              coordinate(plot.y(0.0)) + "\" r=\"" + coordinate(plot.x(i * ring) - plot.x(0.0)) +
-              "\"/>\n");
-  }
 }
 
 std::string hue_plot(const View& chart, Views charts, const Axis& axis) {

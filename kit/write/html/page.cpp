@@ -1,24 +1,12 @@
 #include "kit/write/html/page.h"
 
-#include "api/measdata.h"
+#include "kit/write/html/page_frame.h"
 #include "kit/write/html/sections.h"
 
 #include <vector>
 
 namespace measkit::html {
 namespace {
-
-std::string head_of(Views charts) {
-  std::string title = charts.empty() ? "Measurement report" : charts.front().name;
-  if (charts.size() > 1) title += " and " + std::to_string(charts.size() - 1) + " more";
-  return "<!DOCTYPE html>\n"
-         "<html xmlns=\"http://www.w3.org/1999/xhtml\" lang=\"en\">\n<head>\n"
-         "<meta charset=\"utf-8\"/>\n"
-         "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n"
-         "<meta name=\"color-scheme\" content=\"light dark\"/>\n"
-         "<title>" +
-         title + "</title>\n<style>\n" + std::string(kStyle) + "</style>\n</head>\n";
-}
 
 std::string header_of(Views charts) {
   std::string html = "<header>\n<p class=\"label\">Measurement report</p>\n<h1>";
@@ -34,13 +22,10 @@ std::string header_of(Views charts) {
   return html;
 }
 
-std::string navigation_of(const std::vector<Section>& sections) {
-  std::string html = "<nav aria-label=\"Sections\">\n";
-  for (const Section& section : sections) {
-    if (section.html.empty()) continue;
-    html += "<a href=\"#" + std::string(section.id) + "\">" + std::string(section.title) + "</a>\n";
-  }
-  return html + "</nav>\n";
+std::string title_of(Views charts) {
+  std::string title = charts.empty() ? "Measurement report" : charts.front().name;
+  if (charts.size() > 1) title += " and " + std::to_string(charts.size() - 1) + " more";
+  return title;
 }
 
 std::string page_of(Views charts) {
@@ -48,10 +33,7 @@ std::string page_of(Views charts) {
                                          spectra_section(charts), colours_section(charts),
                                          wedges_section(charts),  repeats_section(charts),
                                          values_section(charts),  keywords_section(charts)};
-  std::string html = head_of(charts) + "<body style=\"--charts:" + std::to_string(charts.size()) +
-                     "\">\n" + header_of(charts) + navigation_of(sections) + "</header>\n<main>\n";
-  for (const Section& section : sections) html += section.html;
-  return html + "</main>\n<footer>measdata " + parser_version() + "</footer>\n</body>\n</html>\n";
+  return framed_page({title_of(charts), charts.size(), header_of(charts), ""}, sections);
 }
 
 }  // namespace

@@ -6,15 +6,11 @@
 
 #include <span>
 #include <string>
-#include <string_view>
 
 namespace measkit::html {
 
 /// The page. Several charts stand side by side, on the same scales.
 std::string html_of(std::span<const Chart> charts);
-
-/// How the page looks: CSS that holds no character with a meaning in HTML.
-extern const std::string_view kStyle;
 
 }  // namespace measkit::html
 

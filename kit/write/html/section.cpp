@@ -3,48 +3,60 @@
 #include "kit/write/html/numbers.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace measkit::html {
 
-std::string chart_heading(Views charts, const View& chart) {
-  if (charts.size() == 1) return "";
+std::string lettered(std::size_t position, std::string_view name) {
   constexpr std::string_view kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-  const auto position = static_cast<std::size_t>(&chart - charts.data());
-  return "<h3><span class=\"letter\">" + std::string(1, kLetters[position % kLetters.size()]) +
-         "</span> " + chart.name + "</h3>\n";
+  return "<span class=\"letter\">" + std::string(1, kLetters[position % kLetters.size()]) +
+         "</span> " + std::string(name);
 }
 
-Section section_of(const SectionHead& head, Views charts,
-                   const std::function<std::string(const View&)>& content_of) {
-  std::string cells;
-  bool has_content = false;
-  for (const View& chart : charts) {
-    const std::string content = chart.is_loaded ? content_of(chart) : "";
-    has_content = has_content || !content.empty();
-    cells += "<div class=\"cell\">\n" + chart_heading(charts, chart);
-    if (!content.empty()) {
-      cells += content;
-    } else {
-      const std::string_view reason = chart.is_loaded ? head.missing : "This file was not read.";
-      cells += "<p class=\"missing\">" + std::string(reason) + "</p>\n";
-    }
-    cells += "</div>\n";
+std::string chart_heading(Views charts, const View& chart) {
+  if (charts.size() == 1) return "";
+  const auto position = static_cast<std::size_t>(&chart - charts.data());
+  return "<h3>" + lettered(position, chart.name) + "</h3>\n";
+}
+
+Section section_of(const SectionHead& head, std::span<const Cell> cells) {
+  if (std::ranges::all_of(cells, &std::string::empty, &Cell::content)) {
+    return {head.id, head.title, ""};
   }
-  if (!has_content) return {head.id, head.title, ""};
   const std::string id(head.id);
   std::string html = "<section id=\"" + id + "\" aria-labelledby=\"" + id + "-title\">\n";
   html += "<h2 id=\"" + id + "-title\">" + std::string(head.title) + "</h2>\n";
   if (!head.note.empty()) html += "<p class=\"note\">" + head.note + "</p>\n";
-  html += "<div class=\"row\">\n" + cells + "</div>\n</section>\n";
-  return {head.id, head.title, std::move(html)};
+  html += "<div class=\"row\">\n";
+  for (const Cell& cell : cells) {
+    html += "<div class=\"cell\">\n" + cell.heading;
+    html += cell.content.empty() ? "<p class=\"missing\">" + std::string(cell.missing) + "</p>\n"
+                                 : cell.content;
+    html += "</div>\n";
+  }
+  return {head.id, head.title, html + "</div>\n</section>\n"};
 }
 
-double full_width(Views charts) {
+Section section_of(const SectionHead& head, Views charts,
+                   const std::function<std::string(const View&)>& content_of) {
+  std::vector<Cell> cells;
+  for (const View& chart : charts) {
+    cells.push_back({chart_heading(charts, chart), chart.is_loaded ? content_of(chart) : "",
+                     chart.is_loaded ? head.missing : "This file was not read."});
+  }
+  return section_of(head, cells);
+}
+
+double full_width(std::size_t columns) {
   constexpr double kWidths[] = {1140.0, 560.0, 400.0, 330.0};
-  return kWidths[std::clamp<std::size_t>(charts.size(), 1, 4) - 1];
+  return kWidths[std::clamp<std::size_t>(columns, 1, 4) - 1];
 }
 
-double half_width(Views charts) { return std::min(full_width(charts), 560.0); }
+double half_width(std::size_t columns) { return std::min(full_width(columns), 560.0); }
+
+std::string key_figure(std::string_view value, std::string_view name) {
+  return "<li><strong>" + std::string(value) + "</strong> " + std::string(name) + "</li>\n";
+}
 
 std::string figure_of(std::string_view caption, std::string_view picture) {
   return "<figure>\n<figcaption>" + std::string(caption) + "</figcaption>\n" +

@@ -29,12 +29,26 @@ struct SectionHead {
 Section section_of(const SectionHead& head, Views charts,
                    const std::function<std::string(const View&)>& content_of);
 
+/// What a section shows for one of several things that stand side by side; HTML.
+struct Cell {
+  std::string heading, content;
+  std::string_view missing;  ///< what stands in place of content that is empty
+};
+Section section_of(const SectionHead& head, std::span<const Cell> cells);
+
+/// A letter for the position, counted from 0, and a name that is safe to stand in HTML.
+std::string lettered(std::size_t position, std::string_view name);
 /// The letter of a chart and its name; nothing when it is the only one.
 std::string chart_heading(Views charts, const View& chart);
 
 /// How wide a plot is that has all the width of its chart, and one that may share it with another.
-double full_width(Views charts);
-double half_width(Views charts);
+double full_width(std::size_t columns);
+double half_width(std::size_t columns);
+inline double full_width(Views charts) { return full_width(charts.size()); }
+inline double half_width(Views charts) { return half_width(charts.size()); }
+
+/// A large number over its name.
+std::string key_figure(std::string_view value, std::string_view name);
 
 /// A plot with its caption.
 std::string figure_of(std::string_view caption, std::string_view picture);

@@ -1,4 +1,4 @@
-#include "kit/write/html/page.h"
+#include "kit/write/html/page_frame.h"
 
 namespace measkit::html {
 

@@ -1,18 +1,12 @@
+#include "kit/write/html/findings_list.h"
 #include "kit/write/html/numbers.h"
 #include "kit/write/html/sections.h"
-#include "kit/write/words.h"
 
-#include <algorithm>
-#include <span>
 #include <string>
 #include <vector>
 
 namespace measkit::html {
 namespace {
-
-std::string key_figure(const std::string& value, const std::string& name) {
-  return "<li><strong>" + value + "</strong> " + name + "</li>\n";
-}
 
 std::string key_figures(const View& chart) {
   std::string html =
@@ -35,56 +29,6 @@ std::string key_figures(const View& chart) {
                        "largest \u0394E*<sub>ab</sub> of repeats");
   }
   return html + "</ul>\n";
-}
-
-struct SeverityLook {
-  const char* css_class;
-  const char* sign;  // tells the severity without colour, beside its word
-};
-
-SeverityLook look_of(Severity severity) {
-  switch (severity) {
-    case Severity::lost:
-      return {"lost", "\u2715"};
-    case Severity::doubtful:
-      return {"doubtful", "?"};
-    case Severity::repaired:
-      return {"repaired", "\u2713"};
-    case Severity::note:
-      break;
-  }
-  return {"note", "i"};
-}
-
-std::string items_of(std::span<const FindingView> findings) {
-  std::string html = "<ul>\n";
-  for (const FindingView& finding : findings) {
-    const SeverityLook look = look_of(finding.severity);
-    html += "<li class=\"" + std::string(look.css_class) + "\"><strong><i aria-hidden=\"true\">" +
-            look.sign + "</i>" + std::string(word_of(finding.severity)) + "</strong><span>" +
-            finding.sentence;
-    if (finding.line > 0) html += " <small>line " + std::to_string(finding.line) + "</small>";
-    html += "</span></li>\n";
-  }
-  return html + "</ul>\n";
-}
-
-// The gravest findings stand open, the rest behind a line to click at.
-std::string findings_of(const View& chart) {
-  if (chart.findings.empty()) return "";
-  constexpr std::size_t kMostOpen = 8;
-  const std::span<const FindingView> all = chart.findings;
-  const std::size_t open = std::min(all.size(), kMostOpen);
-  std::string html = "<div class=\"findings\">\n<p class=\"label\">Findings</p>\n";
-  html += items_of(all.first(open));
-  const std::size_t more = all.size() - open + chart.more_findings;
-  if (more == 0) return html + "</div>\n";
-  html +=
-      "<details>\n<summary>" + grouped(more) + " more</summary>\n" + items_of(all.subspan(open));
-  if (chart.more_findings > 0) {
-    html += "<p class=\"note\">and " + grouped(chart.more_findings) + " that are not listed</p>\n";
-  }
-  return html + "</details>\n</div>\n";
 }
 
 std::string messages_of(const View& chart) {
@@ -121,16 +65,16 @@ std::string rows_of(const char* title, const std::vector<Row>& rows) {
 }
 
 std::string summary_of(const View& chart) {
-  return findings_of(chart) + key_figures(chart) + messages_of(chart) + landmarks_of(chart) +
-         "<div class=\"entry-lists\">\n" + rows_of("Colour", chart.colour) +
-         rows_of("Measuring conditions", chart.conditions) +
+  return findings_list(chart.findings, chart.more_findings) + key_figures(chart) +
+         messages_of(chart) + landmarks_of(chart) + "<div class=\"entry-lists\">\n" +
+         rows_of("Colour", chart.colour) + rows_of("Measuring conditions", chart.conditions) +
          rows_of("Instrument", chart.instrument) + rows_of("Sample", chart.sample) +
          rows_of("File", chart.facts) + "</div>\n";
 }
 
 std::string failure_of(const View& chart) {
   return "<p class=\"failure\"><strong>Not readable</strong> " + chart.name + "</p>\n" +
-         findings_of(chart) + messages_of(chart);
+         findings_list(chart.findings, chart.more_findings) + messages_of(chart);
 }
 
 }  // namespace

@@ -1,0 +1,114 @@
+#include "kit/write/html/comparison/chart_layout.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <tuple>
+
+namespace measkit::html {
+namespace {
+
+struct Place {
+  std::string letters;
+  std::size_t number;
+};
+
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
+bool is_letter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+// Letters, then a number: few of either, so that no name of another kind passes.
+std::optional<Place> place_of(std::string_view location) {
+  constexpr std::size_t kMostLetters = 2, kMostDigits = 4;
+  const auto letters =
+      static_cast<std::size_t>(std::ranges::find_if_not(location, is_letter) - location.begin());
+  const std::string_view digits = location.substr(letters);
+  if (letters == 0 || letters > kMostLetters || digits.empty() || digits.size() > kMostDigits ||
+      !std::ranges::all_of(digits, is_digit)) {
+    return std::nullopt;
+  }
+  Place place = {std::string(location.substr(0, letters)), 0};
+  for (char& c : place.letters) c = static_cast<char>(c & ~0x20);  // upper case
+  for (const char digit : digits) {
+    place.number = 10 * place.number + static_cast<std::size_t>(digit - '0');
+  }
+  return place;
+}
+
+std::optional<std::vector<Place>> places_of(const Chart& chart) {
+  if (chart.locations.size() != chart.patch_count || chart.patch_count == 0) return std::nullopt;
+  std::vector<Place> places;
+  for (const std::string& location : chart.locations) {
+    std::optional<Place> place = place_of(location);
+    if (!place) return std::nullopt;
+    places.push_back(*std::move(place));
+  }
+  return places;
+}
+
+// The different values in ascending order: no empty rows for values that the chart leaves out.
+template <typename Value>
+void keep_distinct(std::vector<Value>& values) {
+  std::ranges::sort(values);
+  values.erase(std::ranges::unique(values).begin(), values.end());
+}
+
+template <typename Value>
+std::size_t rank_of(const std::vector<Value>& values, const Value& value) {
+  return static_cast<std::size_t>(std::ranges::lower_bound(values, value) - values.begin());
+}
+
+using Letters = std::pair<std::size_t, std::string>;  // "Z" stands before "AA"
+Letters letters_of(const Place& place) { return {place.letters.size(), place.letters}; }
+
+std::optional<ChartLayout> layout_by(const std::vector<Place>& places) {
+  constexpr std::size_t kMostEmpty = 2;  // places for each patch
+  std::vector<Letters> letters;
+  std::vector<std::size_t> numbers;
+  for (const Place& place : places) {
+    letters.push_back(letters_of(place));
+    numbers.push_back(place.number);
+  }
+  keep_distinct(letters);
+  keep_distinct(numbers);
+  const std::size_t cells = letters.size() * numbers.size();
+  if (cells > (1 + kMostEmpty) * places.size()) return std::nullopt;
+  ChartLayout layout;
+  layout.is_by_location = true;
+  layout.letters_go_across = letters.size() >= numbers.size();
+  layout.columns = std::max(letters.size(), numbers.size());
+  layout.patches.assign(cells, ChartLayout::kNoPatch);
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    const std::size_t letter = rank_of(letters, letters_of(places[i]));
+    const std::size_t number = rank_of(numbers, places[i].number);
+    std::uint32_t& patch =
+        layout.patches[layout.letters_go_across ? number * layout.columns + letter
+                                                : letter * layout.columns + number];
+    if (patch != ChartLayout::kNoPatch) return std::nullopt;
+    patch = static_cast<std::uint32_t>(i);
+  }
+  return layout;
+}
+
+}  // namespace
+
+std::size_t columns_for(std::size_t cells) {
+  constexpr double kGoldenRatio = 1.618;
+  return static_cast<std::size_t>(std::ceil(std::sqrt(kGoldenRatio * static_cast<double>(cells))));
+}
+
+ChartLayout layout_of(const Chart& chart) {
+  if (const auto places = places_of(chart)) {
+    if (auto layout = layout_by(*places)) return *std::move(layout);
+  }
+  ChartLayout layout;
+  layout.columns = columns_for(chart.patch_count);
+  layout.patches.resize(chart.patch_count);
+  for (std::size_t i = 0; i < chart.patch_count; ++i) {
+    layout.patches[i] = static_cast<std::uint32_t>(i);
+  }
+  return layout;
+}
+
+}  // namespace measkit::html

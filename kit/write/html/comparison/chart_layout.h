@@ -1,0 +1,32 @@
+// Where the patches of a chart stand in a picture of it.
+#ifndef MEASDATA_KIT_WRITE_HTML_COMPARISON_CHART_LAYOUT_H
+#define MEASDATA_KIT_WRITE_HTML_COMPARISON_CHART_LAYOUT_H
+
+#include "kit/chart/chart.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+namespace measkit::html {
+
+struct ChartLayout {
+  static constexpr std::uint32_t kNoPatch = std::numeric_limits<std::uint32_t>::max();
+
+  std::size_t columns = 0;
+  std::vector<std::uint32_t> patches;  ///< row by row; kNoPatch where there is none
+  bool is_by_location = false;
+  bool letters_go_across = false;  ///< of locations
+};
+
+/// By the locations when each patch has one of its own such as "A1" or "AQ27", the longer side
+/// across; else in the order of the file.
+ChartLayout layout_of(const Chart& chart);
+
+/// How many columns hold so many cells so that the picture is about as wide as a golden rectangle.
+std::size_t columns_for(std::size_t cells);
+
+}  // namespace measkit::html
+
+#endif  // MEASDATA_KIT_WRITE_HTML_COMPARISON_CHART_LAYOUT_H
