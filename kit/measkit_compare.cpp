@@ -2,6 +2,7 @@
 #include "kit/compare/tolerances.h"
 #include "kit/measkit_document.h"
 #include "kit/write/comparison_json.h"
+#include "kit/write/html/comparison/comparison_page.h"
 
 #include <algorithm>
 #include <array>
@@ -132,5 +133,16 @@ const char* mk_comparison_json(mk_comparison* comparison) noexcept {
     if (comparison->json.empty())
       comparison->json = measkit::comparison_json_of({&comparison->judged, 1});
     return comparison->json.c_str();
+  });
+}
+
+const char* mk_comparison_html(mk_comparison* comparison) noexcept {
+  if (comparison == nullptr) return nullptr;
+  return guarded<const char*>(nullptr, [=] {
+    if (comparison->html.empty()) {
+      const std::span<const JudgedComparison> samples(&comparison->judged, 1);
+      comparison->html = measkit::html::comparison_page_of(samples);
+    }
+    return comparison->html.c_str();
   });
 }

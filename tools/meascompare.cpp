@@ -3,6 +3,7 @@
 #include "kit/compare/tolerances.h"
 #include "kit/write/comparison_json.h"
 #include "kit/write/comparison_text.h"
+#include "kit/write/html/comparison/comparison_page.h"
 #include "kit/write/measurement_text.h"
 #include "kit/write/printable_text.h"
 #include "tools/command_line.h"
@@ -155,7 +156,9 @@ std::string average_text(std::span<const Chart* const> charts, const CommandLine
   return measkit::measurement_text_of(average.chart, further);
 }
 
-void print(const std::vector<JudgedComparison>& samples, const CommandLine& line) {
+void print(std::span<const JudgedComparison> samples, const CommandLine& line) {
+  if (const auto output = line.value_of("-o"))
+    tools::write_output(measkit::html::comparison_page_of(samples), *output);
   if (line.has("--json")) {
     std::cout << measkit::comparison_json_of(samples);
   } else if (line.has("--csv")) {

@@ -53,4 +53,11 @@ std::string comparison_page_of(std::span<const ComparedSample> samples) {
       sections);
 }
 
+std::string comparison_page_of(std::span<const JudgedComparison> samples) {
+  std::vector<ComparedSample> compared;
+  for (const JudgedComparison& judged : samples)
+    compared.push_back({&judged.comparison, judged.verdicts});
+  return comparison_page_of(compared);
+}
+
 }  // namespace measkit::html

@@ -2,22 +2,15 @@
 #ifndef MEASDATA_KIT_WRITE_HTML_COMPARISON_COMPARISON_PAGE_H
 #define MEASDATA_KIT_WRITE_HTML_COMPARISON_COMPARISON_PAGE_H
 
-#include "kit/compare/comparison.h"
+#include "kit/compare/tolerances.h"
 
-#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
 namespace measkit::html {
 
-/// A tolerance and what became of it.
-struct VerdictLine {
-  std::string figure;  ///< such as "all.de00.p95"
-  double limit;
-  std::optional<double> value;  ///< none when the charts have no such figure
-  bool passed;
-};
+using VerdictLine = Verdict;
 
 struct ComparedSample {
   const Comparison* comparison;
@@ -27,6 +20,7 @@ struct ComparedSample {
 /// The page. All samples have the same reference and stand side by side, on the same scales. It
 /// shows the first eight.
 std::string comparison_page_of(std::span<const ComparedSample> samples);
+std::string comparison_page_of(std::span<const JudgedComparison> samples);
 
 }  // namespace measkit::html
 
