@@ -67,7 +67,7 @@ if(MEASDATA_KIT)
 endif()
 if(MEASDATA_TOOLS)
   measdata_package(
-    tools measdata-tools graphics "${library} ${same_version}" "the programs measinfo and measreport"
+    tools measdata-tools graphics "${library} ${same_version}" "the programs measinfo, measreport and meascompare"
   )
 endif()
 include(CPack)

@@ -40,11 +40,16 @@ std::string_view next_quoted(std::string_view text, char quotes, std::size_t& at
 // The codes of the table's rows with their severities.
 std::map<std::string, std::string, std::less<>> codes_of_page() {
   std::map<std::string, std::string, std::less<>> codes;
-  std::istringstream page(text_of(fs::path(SOURCES) / "docs/guide/kit.md"));
+  const fs::path guide = fs::path(SOURCES) / "docs/guide";
+  std::istringstream page(text_of(guide / "kit.md") + text_of(guide / "comparing.md"));
   for (std::string line; std::getline(page, line);) {
     if (!line.starts_with("| `")) continue;
     const std::size_t names = line.find(" |");
     const std::string severities = line.substr(names, line.find(" |", names + 2) - names);
+    const bool is_finding = severities == " | note" || severities == " | doubtful" ||
+                            severities.find("repaired") != std::string::npos ||
+                            severities.find("lost") != std::string::npos;
+    if (!is_finding) continue;  // of another table
     std::size_t at = 0;
     const std::string_view cell = std::string_view(line).substr(0, names);
     for (std::string_view code = next_quoted(cell, '`', at); !code.empty();
