@@ -7,6 +7,7 @@
 #include "colortypes/pair_distances.h"
 #include "dataset/fill.h"
 #include "dataset/merge.h"
+#include "kit/colour/colour_difference.h"
 #include "kit/preflight/preflight.h"
 #include "measdata.h"
 #include "measdata/meas_file_parser.h"
@@ -197,6 +198,22 @@ void add_parts() {
       }
     }
   });
+  benchmark::RegisterBenchmark("ciede2000", [](benchmark::State& state) {
+    Handle handle;
+    handle.load(bench::narrow_chart(kSmallRows + 1, kSmallRows + 1));
+    std::vector<measkit::Lab> colours;
+    for (int patch = 0; patch <= kSmallRows; ++patch) {
+      double lab[3] = {};
+      get_lab_from_patch(handle.get(), patch, lab);
+      colours.push_back({lab[0], lab[1], lab[2]});
+    }
+    for (auto _ : state) {
+      double sum = 0.0;
+      for (std::size_t i = 0; i < kSmallRows; ++i)
+        sum += measkit::delta_e_2000(colours[i], colours[i + 1]);
+      benchmark::DoNotOptimize(sum);
+    }
+  });
   benchmark::RegisterBenchmark("pairs", [](benchmark::State& state) {
     const std::string text = bench::single_patch_chart(kPairRows);
     vantor::MeasData::MeasFileParser reader(1);
@@ -338,6 +355,8 @@ void print_parts(const std::vector<File>& files, const bench::Times& times) {
       {"merging 100,000 distinct rows of 4 channels", format("%.1f ms", times.of("merge") * 1e3)});
   table.push_back({"Lab from spectra of 36 bands",
                    format("%.1f million patches per second", kSmallRows / times.of("lab") / 1e6)});
+  table.push_back({"CIEDE2000", format("%.1f million pairs per second",
+                                       kSmallRows / times.of("ciede2000") / 1e6)});
   table.push_back({"statistics of repeats, 36 bands",
                    format("%.0f million pairs per second",
                           0.5 * kPairRows * (kPairRows - 1) / times.of("pairs") / 1e6)});

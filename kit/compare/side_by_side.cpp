@@ -21,24 +21,30 @@ constexpr std::array<Condition, 8> kConditions = {
      {"polarization", &MeasuringConditions::polarization},
      {"density status", &MeasuringConditions::density_status}}};
 
+void add_unknown(Findings& findings, const char* side, const std::string& conditions) {
+  if (conditions.empty()) return;
+  findings.add(Severity::note, "unknown-condition",
+               "Only the " + std::string(side) + " states: " + conditions + ".");
+}
+
 void add_conditions(Findings& findings, const Comparison& comparison) {
+  std::string of_reference, of_sample;
   for (const Condition& condition : kConditions) {
     const auto& first = comparison.reference->conditions.*condition.value;
     const auto& second = comparison.sample->conditions.*condition.value;
     const std::string name(condition.name);
-    if (first && second) {
-      if (first->value == second->value) continue;
+    if (first && second && first->value != second->value) {
       findings.add(Severity::doubtful, "other-conditions",
                    "The charts differ in " + name + ": the reference states " + first->value +
                        ", the sample " + second->value + ".");
-    } else if (first || second) {
-      const bool has_reference = first.has_value();
-      findings.add(Severity::note, "unknown-condition",
-                   "Only the " + std::string(has_reference ? "reference" : "sample") +
-                       " states its " + name + ": " +
-                       (has_reference ? first->value : second->value) + ".");
     }
+    if (first.has_value() == second.has_value()) continue;
+    std::string& list = first ? of_reference : of_sample;
+    list.append(list.empty() ? "" : ", ").append(name).append(" ");
+    list += (first ? first : second)->value;
   }
+  add_unknown(findings, "reference", of_reference);
+  add_unknown(findings, "sample", of_sample);
 }
 
 std::string_view words_of(LabSource source) {

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
+#include <utility>
 
 namespace measkit {
 namespace {
@@ -25,6 +25,17 @@ void append(Lines& lines, const Lines& others, std::string_view title) {
   for (const std::string& line : others) lines.push_back(std::string(kIndent, ' ') + line);
 }
 
+// The first labels of patches.
+std::string labels_text(const Chart& chart, const std::vector<std::uint32_t>& patches) {
+  constexpr std::size_t kMost = 12, kWidth = 16;
+  std::string text;
+  for (std::size_t i = 0; i < std::min(patches.size(), kMost); ++i) {
+    text += (i == 0 ? "" : ", ") + shortened(patch_label(chart, patches[i]), kWidth);
+  }
+  if (patches.size() > kMost) text += ", " + std::to_string(patches.size() - kMost) + " more";
+  return text;
+}
+
 Lines head_lines(const Comparison& comparison) {
   Lines lines;
   add_labelled(lines, "reference", comparison.reference->name);
@@ -37,6 +48,12 @@ Lines head_lines(const Comparison& comparison) {
   for (const Finding& finding : comparison.findings) {
     add_labelled(lines, word_of(finding.severity), finding.sentence, 3);
   }
+  const auto add_labels = [&lines](const char* side, const Chart& chart,
+                                   const std::vector<std::uint32_t>& patches) {
+    if (!patches.empty()) add_labelled(lines, side, labels_text(chart, patches), 2);
+  };
+  add_labels("ref. only", *comparison.reference, comparison.only_in_reference);
+  add_labels("sample only", *comparison.sample, comparison.only_in_sample);
   return lines;
 }
 
@@ -192,8 +209,11 @@ std::string comparison_overview_of(std::span<const JudgedComparison> samples) {
   table.add_column("sample", Align::left);
   for (const char* const name : {"colours", "mean", "p95", "max", "verdict"})
     table.add_column(name, Align::right);
+  std::vector<double> differences;
   for (const JudgedComparison& judged : samples) {
     const Comparison& comparison = judged.comparison;
+    for (const ComparedColour& colour : comparison.colours)
+      differences.push_back(colour.of(options.formula));
     table.add(shortened(comparison.sample->name, 50));
     const Figures& figures = comparison.of(ColourGroup::all).of(options.formula);
     table.add(std::to_string(figures.count));
@@ -205,6 +225,12 @@ std::string comparison_overview_of(std::span<const JudgedComparison> samples) {
     const std::string verdict = judged.has_passed() ? "passed" : "FAILED";
     table.add(!has_figures ? "refused" : is_judged ? verdict : "");
   }
+  const Figures together = figures_of(std::move(differences));
+  table.add("together");
+  table.add(std::to_string(together.count));
+  for (const double figure : {together.mean, together.p95, together.max})
+    table.add(decimals(figure));
+  table.add("");
   Lines lines;
   append(lines, table.lines(), "All samples, " + name_of_formula(options));
   return joined(lines);

@@ -51,6 +51,43 @@ TEST(Measkit, AsIsAnswersLikeTheLibrary) {
   mk_close(&document);
 }
 
+TEST(Measkit, ComparesTheChartsOfDocuments) {
+  const std::string other =
+      "CGATS.17\nBEGIN_DATA_FORMAT\nSAMPLE_ID LAB_L LAB_A LAB_B\nEND_DATA_FORMAT\n"
+      "BEGIN_DATA\n3 71 5 6\n2 62 3 4\nEND_DATA\n";
+  mk_document* first = mk_open_block(kTwoTables.size(), kTwoTables.data(), "a", MK_REPAIR);
+  mk_document* second = mk_open_block(other.size(), other.data(), "b", MK_REPAIR);
+  const mk_compare_options options = {MK_MATCH_ID, MK_DE76, 0, 0.0, 0.0};
+  mk_comparison* comparison = mk_compare(first, 1, second, 0, &options);
+  ASSERT_EQ(mk_num_compared(comparison), 2);
+  EXPECT_EQ(mk_comparison_refusal(comparison), nullptr);
+  int reference[2] = {}, sample[2] = {};
+  mk_compared_patches(comparison, reference, sample);
+  EXPECT_EQ(reference[1], 1);
+  EXPECT_EQ(sample[1], 0);
+  double values[2] = {}, figure = 0.0;
+  EXPECT_EQ(mk_compared_measure(comparison, "dl", values), 1);
+  EXPECT_EQ(values[0], 2.0);
+  EXPECT_EQ(mk_compared_measure(comparison, "de01", values), 0);
+  EXPECT_EQ(mk_figure(comparison, "all.de76.mean", &figure), 1);
+  EXPECT_EQ(figure, 1.5);
+  EXPECT_EQ(mk_figure(comparison, "paper.de76.mean", &figure), 0);
+  EXPECT_NE(std::string_view(mk_comparison_json(comparison)).find("\"formula\": \"de76\""),
+            std::string_view::npos);
+  EXPECT_NE(std::string_view(mk_comparison_html(comparison)).find("</html>"),
+            std::string_view::npos);
+  mk_close_comparison(&comparison);
+  const mk_compare_options by_name = {MK_MATCH_NAME, MK_DE00, 0, 0.0, 0.0};
+  comparison = mk_compare(first, 1, second, 0, &by_name);
+  EXPECT_EQ(mk_num_compared(comparison), 0);
+  EXPECT_STREQ(mk_comparison_refusal(comparison),
+               "The charts cannot be matched by names: they do not both have them.");
+  mk_close_comparison(&comparison);
+  EXPECT_EQ(mk_compare(first, 2, second, 0, nullptr), nullptr);
+  mk_close(&first);
+  mk_close(&second);
+}
+
 TEST(Measkit, WhatDoesNotExistAnswersNothing) {
   mk_document* unreadable = mk_open_file("no-such-file", MK_REPAIR);
   ASSERT_NE(unreadable, nullptr);
