@@ -69,6 +69,15 @@ void Plot::draw_dot(double x_value, double y_value, double radius, std::string_v
   svg_ += "</title></circle>\n";
 }
 
+// An inner picture shows nothing beyond its bounds.
+std::string Plot::clipped(std::string_view markup) const {
+  const std::string x = coordinate(left()), y = coordinate(top());
+  const std::string width = coordinate(right() - left()), height = coordinate(bottom() - top());
+  return "<svg x=\"" + x + "\" y=\"" + y + "\" width=\"" + width + "\" height=\"" + height +
+         "\" viewBox=\"" + x + " " + y + " " + width + " " + height + "\">\n" +
+         std::string(markup) + "</svg>\n";
+}
+
 std::string Plot::finish() && { return std::move(svg_ += "</svg>\n"); }
 
 }  // namespace measkit::html

@@ -37,6 +37,8 @@ class Plot {
 
   /// Appends markup.
   void draw(std::string_view markup) { svg_ += markup; }
+  /// Markup of which only what lies on the ground is shown.
+  std::string clipped(std::string_view markup) const;
   /// A dot that tells a label when pointed at. Colour and label must be safe.
   void draw_dot(double x_value, double y_value, double radius, std::string_view colour,
                 std::string_view label);

@@ -36,10 +36,10 @@ std::optional<Place> place_of(std::string_view location) {
   return place;
 }
 
-std::optional<std::vector<Place>> places_of(const Chart& chart) {
-  if (chart.locations.size() != chart.patch_count || chart.patch_count == 0) return std::nullopt;
+std::optional<std::vector<Place>> places_in(const Texts& texts) {
+  if (texts.empty()) return std::nullopt;
   std::vector<Place> places;
-  for (const std::string& location : chart.locations) {
+  for (const std::string& location : texts) {
     std::optional<Place> place = place_of(location);
     if (!place) return std::nullopt;
     places.push_back(*std::move(place));
@@ -75,7 +75,6 @@ std::optional<ChartLayout> layout_by(const std::vector<Place>& places) {
   const std::size_t cells = letters.size() * numbers.size();
   if (cells > (1 + kMostEmpty) * places.size()) return std::nullopt;
   ChartLayout layout;
-  layout.is_by_location = true;
   layout.letters_go_across = letters.size() >= numbers.size();
   layout.columns = std::max(letters.size(), numbers.size());
   layout.patches.assign(cells, ChartLayout::kNoPatch);
@@ -99,8 +98,14 @@ std::size_t columns_for(std::size_t cells) {
 }
 
 ChartLayout layout_of(const Chart& chart) {
-  if (const auto places = places_of(chart)) {
-    if (auto layout = layout_by(*places)) return *std::move(layout);
+  const std::pair<const Texts&, std::string_view> sources[] = {
+      {chart.locations, "locations"}, {chart.ids, "ids"}, {chart.names, "names"}};
+  for (const auto& [texts, name] : sources) {
+    const auto places = places_in(texts);
+    auto layout = places ? layout_by(*places) : std::nullopt;
+    if (!layout) continue;
+    layout->placed_by = name;
+    return *std::move(layout);
   }
   ChartLayout layout;
   layout.columns = columns_for(chart.patch_count);

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <string_view>
 #include <vector>
 
 namespace measkit::html {
@@ -16,12 +17,12 @@ struct ChartLayout {
 
   std::size_t columns = 0;
   std::vector<std::uint32_t> patches;  ///< row by row; kNoPatch where there is none
-  bool is_by_location = false;
-  bool letters_go_across = false;  ///< of locations
+  std::string_view placed_by;          ///< "locations", "ids" or "names"; empty for the order
+  bool letters_go_across = false;      ///< of such a place; numbers otherwise
 };
 
-/// By the locations when each patch has one of its own such as "A1" or "AQ27", the longer side
-/// across; else in the order of the file.
+/// By locations, ids or names when each patch has one of its own such as "A1" or "AQ27", the longer
+/// side across; else in the order of the file.
 ChartLayout layout_of(const Chart& chart);
 
 /// How many columns hold so many cells so that the picture is about as wide as a golden rectangle.

@@ -19,15 +19,16 @@ std::string stated(const std::optional<Stated>& condition) {
 struct Question {
   const char* name;
   std::string (*answer)(const Chart&);
+  bool is_always_shown = false;
 };
 constexpr Question kQuestions[] = {
     {"title", [](const Chart& chart) { return html_text(chart.title, kLongValue); }},
     {"patches", [](const Chart& chart) { return grouped(chart.patch_count); }},
     {"device values", device_space_of},
     {"Lab", [](const Chart& chart) { return html_text(chart.lab_sentence, kLongValue); }},
-    {"M condition", [](const Chart& chart) { return stated(chart.conditions.m); }},
-    {"illuminant", [](const Chart& chart) { return stated(chart.conditions.illuminant); }},
-    {"observer", [](const Chart& chart) { return stated(chart.conditions.observer); }},
+    {"M condition", [](const Chart& chart) { return stated(chart.conditions.m); }, true},
+    {"illuminant", [](const Chart& chart) { return stated(chart.conditions.illuminant); }, true},
+    {"observer", [](const Chart& chart) { return stated(chart.conditions.observer); }, true},
     {"backing", [](const Chart& chart) { return stated(chart.conditions.backing); }},
     {"filter", [](const Chart& chart) { return stated(chart.conditions.filter); }},
     {"geometry", [](const Chart& chart) { return stated(chart.conditions.geometry); }},
@@ -35,19 +36,24 @@ constexpr Question kQuestions[] = {
     {"instrument", [](const Chart& chart) { return html_text(chart.instrument, kLongValue); }}};
 
 // A value that differs from the reference's stands out, also without its weight.
+std::string cell_of(const std::string& answer, const std::string& reference) {
+  if (answer.empty()) return "<td>not stated</td>";
+  const bool differs = !reference.empty() && answer != reference;
+  return "<td>" + (differs ? "<strong>\u2260 " + answer + "</strong>" : answer) + "</td>";
+}
+
+// Empty when no file tells an answer that need not be there.
 std::string row_of(const Question& question, SampleViews samples) {
   const std::string reference = question.answer(*samples.front().comparison.reference);
-  bool is_told = !reference.empty();
-  std::string html = "<tr><th scope=\"row\">" + std::string(question.name) + "</th><td>" +
-                     (reference.empty() ? "not stated" : reference) + "</td>";
+  bool is_shown = question.is_always_shown || !reference.empty();
+  std::string html = "<tr><th scope=\"row\">" + std::string(question.name) + "</th>" +
+                     cell_of(reference, reference);
   for (const SampleView& sample : samples) {
     const std::string answer = question.answer(*sample.comparison.sample);
-    is_told = is_told || !answer.empty();
-    const std::string text = answer.empty() ? "not stated" : answer;
-    html +=
-        "<td>" + (answer == reference ? text : "<strong>\u2260 " + text + "</strong>") + "</td>";
+    is_shown = is_shown || !answer.empty();
+    html += cell_of(answer, reference);
   }
-  return is_told ? html + "</tr>\n" : "";
+  return is_shown ? html + "</tr>\n" : "";
 }
 
 }  // namespace
@@ -64,8 +70,9 @@ Section charts_section(SampleViews samples) {
   }
   html += "</tr></thead>\n<tbody>\n";
   for (const Question& question : kQuestions) html += row_of(question, samples);
-  return section_of({"charts", "Charts", "What differs from the reference is marked.", ""},
-                    html + std::string(kTableEnd));
+  return section_of(
+      {"charts", "Charts", "An answer that differs from the reference's is marked.", ""},
+      html + std::string(kTableEnd));
 }
 
 }  // namespace measkit::html

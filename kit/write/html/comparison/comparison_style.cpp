@@ -5,13 +5,13 @@ namespace measkit::html {
 // The colours of the map rise or fall in lightness all along, so that they tell their order also to
 // eyes that do not tell their hues. Small differences are close to the page.
 const std::string_view kComparisonStyle = R"(:root {
-  --h0: #fbf3d4; --h1: #f6dc9b; --h2: #efbe66; --h3: #e39a45;
-  --h4: #cc723a; --h5: #a64f42; --h6: #743349; --h7: #3a1c40;
+  --h0: #fbf3d4; --h1: #f7e2a8; --h2: #f1cd7c; --h3: #e9b355; --h4: #de9644;
+  --h5: #cb763c; --h6: #b05a3f; --h7: #8d4345; --h8: #65304a; --h9: #3a1c40;
 }
 @media screen and (prefers-color-scheme: dark) {
   :root {
-    --h0: #33263f; --h1: #54305a; --h2: #7d3c5c; --h3: #a84f50;
-    --h4: #cc6d40; --h5: #e5953f; --h6: #f3c061; --h7: #fcf0bd;
+    --h0: #33263f; --h1: #4a2e52; --h2: #66365b; --h3: #843f5a; --h4: #a14b53;
+    --h5: #bb5d46; --h6: #d0763b; --h7: #e29540; --h8: #f0bb5c; --h9: #fcf0bd;
   }
 }
 .h0 { background: var(--h0); }
@@ -22,6 +22,8 @@ const std::string_view kComparisonStyle = R"(:root {
 .h5 { background: var(--h5); }
 .h6 { background: var(--h6); }
 .h7 { background: var(--h7); }
+.h8 { background: var(--h8); }
+.h9 { background: var(--h9); }
 .heat {
   --side: 84px; display: grid; gap: 2px; grid-template-columns: repeat(var(--columns), minmax(0, 1fr));
   max-width: calc(var(--columns) * var(--side)); margin-bottom: 12px;
@@ -53,10 +55,12 @@ td .passed i, td .failed i { width: 18px; height: 18px; margin-right: 6px; font-
 .scroll { margin-bottom: 20px; overflow-x: auto; }
 .figures-table { width: auto; min-width: min(100%, 480px); }
 .figures-table th { white-space: nowrap; }
-.figures-table tbody tr:first-child > * { font-weight: 600; }
-.tones tbody tr:first-child > * { font-weight: 400; }
+.leading tbody tr:first-child > * { font-weight: 600; }
 .tones { font-size: 13px; }
-.tones th.number, .tones td.number { padding: 3px 0 3px 12px; }
+.tones th, .tones td, .tones th.number, .tones td.number { padding: 3px 0 3px 12px; }
+.tones thead th { vertical-align: bottom; }
+.tones th:first-child { padding-left: 0; }
+.tones td:nth-child(5), .tones td:nth-child(7) { padding-left: 28px; }
 .sides tbody th { width: 1%; color: var(--soft); white-space: nowrap; }
 
 .pairs {
@@ -66,29 +70,39 @@ td .passed i, td .failed i { width: 18px; height: 18px; margin-right: 6px; font-
 .pairs li { font-size: 13px; line-height: 1.45; }
 .pairs p { display: flex; justify-content: space-between; gap: 12px; margin: 0 0 4px; font-size: 14px; }
 .pairs .entries { gap: 0 10px; font-size: 13px; }
-.pairs .entries dt { color: inherit; }
+.pairs .entries dt { color: inherit; white-space: nowrap; }
 .pairs dd span { margin-right: 4px; white-space: nowrap; }
 .pair { display: inline-grid; grid-template-columns: 1fr 1fr; margin-right: 8px; vertical-align: -2px; }
 .pair .colour { margin: 0; border-radius: 0; box-shadow: none; vertical-align: 0; }
 .pairs .pair { display: grid; margin: 0 0 6px; border-radius: 3px; overflow: hidden; }
 .pairs .pair .colour { width: auto; height: 72px; }
 
-.vectors { fill: none; stroke: var(--bar); stroke-width: 1; pointer-events: none; }
+.vectors { fill: none; stroke: var(--bar); pointer-events: none; }
 .curve, .spectrum { fill: none; stroke: var(--bar); stroke-width: 2; stroke-linejoin: round; }
 .dashed { stroke-dasharray: 5 4; }
 .plot .mark { fill: #1b1b1b; stroke: none; }
+figcaption small { font-weight: 400; font-size: 13px; }
 .small-figures { grid-template-columns: repeat(auto-fill, minmax(min(100%, 320px), 1fr)); }
 .ink {
   display: grid; gap: 8px 32px; margin-bottom: 24px; align-items: start;
   grid-template-columns: repeat(auto-fit, minmax(min(100%, 400px), 1fr));
 }
+@media (max-width: 640px) {
+  .plot .sub { font-size: 14px; }
+}
 @media print {
   .heat, .legend, .pairs, .colour, .verdict i { -webkit-print-color-adjust: exact; print-color-adjust: exact; }
   .heat li, .legend i { -webkit-print-color-adjust: exact; print-color-adjust: exact; }
   .pairs li, .ink { break-inside: avoid; }
+  .plot .sub { font-size: 14px; }
   .scroll { overflow-x: visible; }
-  .figures-table, .sides { font-size: 8pt; }
-  .pairs { grid-template-columns: repeat(auto-fill, minmax(150px, 1fr)); }
+  .row { grid-template-columns: repeat(auto-fit, minmax(min(100%, 300px), 1fr)); }
+  .ink { grid-template-columns: repeat(auto-fit, minmax(min(100%, 280px), 1fr)); }
+  .pairs { grid-template-columns: repeat(auto-fill, minmax(min(100%, 200px), 1fr)); }
+  .figures-table, .sides, .tones { font-size: 7.5pt; }
+  .figures-table thead th { font-size: 7pt; white-space: normal; }
+  .figures-table th.number, .figures-table td.number { padding-left: 8px; }
+  .tones td.number:nth-child(n) { padding: 1px 0 1px 5px; }
 }
 )";
 

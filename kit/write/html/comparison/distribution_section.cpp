@@ -1,5 +1,4 @@
 #include "kit/write/html/comparison/sections.h"
-#include "kit/write/html/histogram.h"
 #include "kit/write/html/histogram_plot.h"
 #include "kit/write/html/numbers.h"
 #include "kit/write/html/plot.h"
@@ -13,20 +12,21 @@ namespace measkit::html {
 namespace {
 
 struct Mark {
-  double share;
+  double percent;
+  double Figures::*difference;
   const char* name;
 };
-constexpr Mark kMarks[] = {{0.5, "median"}, {0.9, "90 %"}, {0.95, "95 %"}};
+constexpr Mark kMarks[] = {{50.0, &Figures::median, "median"}, {95.0, &Figures::p95, "95 %"}};
 
-// A mark's text stands where the curve is not: above it at the left, below it at the right.
+// A mark's text stands where the curve is not: below it at the right or, where there is no room,
+// above it at the left.
 void draw_mark(Plot& plot, const Mark& mark, double difference) {
   const std::string text = mark.name + (" " + decimal(difference, 2));
-  const bool is_left = plot.x(difference) > (plot.left() + plot.right()) / 2.0;
-  plot.draw_dot(difference, 100.0 * mark.share, 4.0, "#2e2e2e", text);
+  const bool is_left = plot.x(difference) > plot.left() + 0.75 * (plot.right() - plot.left());
+  plot.draw_dot(difference, mark.percent, 4.0, "#2e2e2e", text);
   plot.draw("<text class=\"mark" + std::string(is_left ? " y" : "") + "\" x=\"" +
             coordinate(plot.x(difference) + (is_left ? -8.0 : 8.0)) + "\" y=\"" +
-            coordinate(plot.y(100.0 * mark.share) + (is_left ? 2.0 : 8.0)) + "\">" + text +
-            "</text>\n");
+            coordinate(plot.y(mark.percent) + (is_left ? 2.0 : 8.0)) + "\">" + text + "</text>\n");
 }
 
 std::string curve_plot(const SampleView& sample, const HistogramAxes& axes, double width) {
@@ -50,8 +50,9 @@ std::string curve_plot(const SampleView& sample, const HistogramAxes& axes, doub
   }
   path.add(plot.x(axes.difference.last), plot.y(share));
   plot.draw("<path class=\"curve\" d=\"" + path.data() + "\"/>\n<g class=\"dots\">\n");
+  const Figures& figures = sample.comparison.of(ColourGroup::all).of(sample.formula());
   for (const Mark& mark : kMarks) {
-    const double difference = quantile_of(sorted, mark.share);
+    const double difference = figures.*mark.difference;
     if (difference <= axes.difference.last) draw_mark(plot, mark, difference);
   }
   plot.draw("</g>\n");

@@ -21,7 +21,7 @@ std::string groups_of(const SampleView& sample, std::size_t samples) {
   for (const Measure measure : kComponents) {
     if (has_components) cells.push_back("Mean " + html_symbol(measure, options));
   }
-  std::string html = number_table_head("", "Group", cells);
+  std::string html = number_table_head({"", "Group", true}, cells);
   for (std::size_t i = 0; i < kColourGroups; ++i) {
     const GroupFigures& group = sample.comparison.groups[i];
     if (group.colours.empty()) continue;
@@ -74,7 +74,7 @@ Section overview_section(SampleViews samples) {
   if (has_verdicts) titles.emplace_back("Verdict");
   titles.emplace_back("Colours");
   for (const FigureColumn& column : kFigureColumns) titles.emplace_back(column.title);
-  std::string html = number_table_head("", "Sample", titles);
+  std::string html = number_table_head({"", "Sample"}, titles);
   for (std::size_t i = 0; i < samples.size(); ++i) {
     html += overview_row(samples[i], i, has_verdicts);
   }

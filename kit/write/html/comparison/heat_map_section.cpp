@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t kMostCells = 20'000;  // of all samples
 constexpr std::size_t kFewCells = 60;       // of so many each has its label in it
-constexpr int kSteps = 8;                   // classes h0 to h7 of the style
+constexpr int kSteps = 10;                  // classes h0 to h9 of the style
 
 // Classes of differences, each with its colour. The last one is open when it does not reach the
 // largest difference.
@@ -112,9 +112,11 @@ HeatMap whole_map(const SampleView& sample, const HeatScale& scale,
   const Chart& chart = *sample.comparison.reference;
   const ChartLayout layout = layout_of(chart);
   HeatMap map = {layout.columns, "", "", layout.patches.size() <= kFewCells};
-  map.note = !layout.is_by_location     ? "In the order of the reference's file."
-             : layout.letters_go_across ? "By location: letters go across, numbers down."
-                                        : "By location: numbers go across, letters down.";
+  const char* const directions = layout.letters_go_across ? ": letters go across, numbers down."
+                                                          : ": numbers go across, letters down.";
+  map.note = layout.placed_by.empty()
+                 ? "In the order of the reference's file."
+                 : "By the " + std::string(layout.placed_by) + " of the reference" + directions;
   for (const std::uint32_t patch : layout.patches) {
     map.cells += patch == ChartLayout::kNoPatch
                      ? "<li></li>\n"

@@ -57,6 +57,15 @@ bool SampleView::has_failed() const {
   return std::ranges::any_of(verdicts, [](const VerdictLine& line) { return !line.passed; });
 }
 
+std::span<const std::uint32_t> SampleView::worst_that_differ(std::size_t most) const {
+  const auto differs = [this](std::uint32_t i) {
+    return comparison.colours[i].of(formula()) > 0.0;
+  };
+  const auto shown =
+      std::ranges::find_if_not(std::span(worst).first(std::min(most, worst.size())), differs);
+  return {worst.data(), static_cast<std::size_t>(std::to_address(shown) - worst.data())};
+}
+
 SampleView view_of(const ComparedSample& sample) {
   const Comparison& comparison = *sample.comparison;
   SampleView view = {
@@ -161,11 +170,11 @@ std::string number_row(std::string_view name, std::span<const std::string> numbe
   return html + "</tr>\n";
 }
 
-std::string number_table_head(std::string_view caption, std::string_view name,
-                              std::span<const std::string> titles) {
-  std::string html = "<div class=\"scroll\">\n<table class=\"figures-table\">\n";
-  if (!caption.empty()) html += "<caption>" + std::string(caption) + "</caption>\n";
-  html += "<thead><tr><th scope=\"col\">" + std::string(name) + "</th>";
+std::string number_table_head(const TableHead& head, std::span<const std::string> titles) {
+  std::string html = "<div class=\"scroll\">\n<table class=\"figures-table" +
+                     std::string(head.first_row_leads ? " leading" : "") + "\">\n";
+  if (!head.caption.empty()) html += "<caption>" + std::string(head.caption) + "</caption>\n";
+  html += "<thead><tr><th scope=\"col\">" + std::string(head.name) + "</th>";
   for (const std::string& title : titles) {
     html += "<th scope=\"col\" class=\"number\">" + title + "</th>";
   }

@@ -24,6 +24,8 @@ struct SampleView {
   std::vector<std::uint32_t> worst;  ///< positions of colours that can be shown, the worst first
 
   bool has_failed() const;
+  /// The worst of the colours that differ at all.
+  std::span<const std::uint32_t> worst_that_differ(std::size_t most) const;
   Measure formula() const { return comparison.options.formula; }
 };
 using SampleViews = std::span<const SampleView>;
@@ -64,9 +66,13 @@ std::string beyond_note(const SampleView& sample, double end);
 
 /// A row of a table: the first cell is its name, the others are numbers.
 std::string number_row(std::string_view name, std::span<const std::string> numbers);
-/// The beginning of a table with the titles of such rows, up to the first row.
-std::string number_table_head(std::string_view caption, std::string_view name,
-                              std::span<const std::string> titles);
+struct TableHead {
+  std::string_view caption;  ///< may be empty
+  std::string_view name;     ///< of what a row is about
+  bool first_row_leads = false;
+};
+/// The beginning of a table of such rows with the titles of its numbers.
+std::string number_table_head(const TableHead& head, std::span<const std::string> titles);
 inline constexpr std::string_view kTableEnd = "</tbody>\n</table>\n</div>\n";
 
 }  // namespace measkit::html

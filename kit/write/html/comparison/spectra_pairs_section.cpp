@@ -43,35 +43,25 @@ bool has_spectra(const SampleView& sample) {
   return !sample.comparison.is_refused() && sample.comparison.common_wavelengths.size() > 1;
 }
 
-std::span<const std::uint32_t> shown_of(const SampleView& sample) {
-  return std::span(sample.worst).first(std::min(sample.worst.size(), kMostSpectra));
-}
-
-struct SpectraScales {
-  TitledAxis wavelength, share;
-};
-
-SpectraScales scales_over(SampleViews samples) {
+Axis wavelength_axis(SampleViews samples) {
   Extent wavelengths;
-  Extent shares;
-  shares.add(0.0);
-  bool is_transmittance = false;
   for (const SampleView& sample : samples) {
     if (!has_spectra(sample)) continue;
-    is_transmittance = sample.comparison.reference->quantity == Quantity::transmittance;
     for (const double nm : sample.comparison.common_wavelengths) wavelengths.add(nm);
-    for (const std::uint32_t position : shown_of(sample)) {
-      const SpectrumPair pair = pair_of(sample, sample.comparison.colours[position]);
-      for (const double value : pair.reference) shares.add(kPercent * value);
-      for (const double value : pair.sample) shares.add(kPercent * value);
-    }
   }
-  Axis nm = axis_over(wavelengths.low(), wavelengths.high(), 4);
-  nm.first = wavelengths.low();
-  nm.last = std::max(wavelengths.high(), nm.first + 1.0);
-  return {{nm, "wavelength, nm"},
-          {axis_over(shares.low(), shares.high(), 5),
-           is_transmittance ? "transmittance, %" : "reflectance, %"}};
+  Axis axis = axis_over(wavelengths.low(), wavelengths.high(), 5);
+  axis.first = wavelengths.low();
+  axis.last = std::max(wavelengths.high(), axis.first + 1.0);
+  return axis;
+}
+
+// Each pair has its own: dark colours differ by little.
+Axis share_axis(const SpectrumPair& pair) {
+  Extent shares;
+  shares.add(0.0);
+  for (const double value : pair.reference) shares.add(kPercent * value);
+  for (const double value : pair.sample) shares.add(kPercent * value);
+  return axis_over(shares.low(), shares.high(), 5);
 }
 
 // Within the common wavelengths.
@@ -93,34 +83,36 @@ std::string path_of(const Plot& plot, const Axis& nm, const std::vector<double>&
 std::string figures_of(const SampleView& sample, const ComparedColour& colour) {
   std::string text;
   for (const Measure measure :
-       {sample.formula(), Measure::rms, Measure::de00_a, Measure::de00_f11}) {
+       {sample.formula(), Measure::de00_a, Measure::de00_f11, Measure::rms}) {
     if (!is_drawable(colour.of(measure))) continue;
-    text += ", " + html_symbol(measure, sample.comparison.options) + " " +
+    text += (text.empty() ? "" : ", ") + html_symbol(measure, sample.comparison.options) + " " +
             text_of(measure, colour.of(measure));
   }
-  return text;
+  return "<br/><small>" + text + "</small>";
 }
 
-std::string spectra_plot(const SampleView& sample, const ComparedColour& colour,
-                         const SpectraScales& scales) {
+std::string spectra_plot(const SampleView& sample, const ComparedColour& colour, const Axis& nm) {
   const std::string label = safe_label(sample, colour);
-  Plot plot({360.0, 240.0}, scales.wavelength, scales.share,
-            "Spectra of " + label + " in the reference and in " + sample.name);
+  const Chart& reference = *sample.comparison.reference;
   const SpectrumPair pair = pair_of(sample, colour);
-  const Axis& nm = scales.wavelength.scale;
+  const bool is_film = reference.quantity == Quantity::transmittance;
+  Plot plot({360.0, 240.0}, {nm, "wavelength, nm"},
+            {share_axis(pair), is_film ? "transmittance, %" : "reflectance, %"},
+            "Spectra of " + label + " in the reference and in " + sample.name);
   plot.draw("<path class=\"spectrum dashed\" d=\"" +
-            path_of(plot, nm, sample.comparison.reference->wavelengths, pair.reference) +
+            path_of(plot, nm, reference.wavelengths, pair.reference) +
             "\"/>\n<path class=\"spectrum\" d=\"" +
             path_of(plot, nm, sample.comparison.sample->wavelengths, pair.sample) + "\"/>\n");
   return figure_of(swatch_pair(colour) + label + figures_of(sample, colour),
                    std::move(plot).finish());
 }
 
-std::string spectra_of(const SampleView& sample, const SpectraScales& scales) {
-  if (!has_spectra(sample) || sample.worst.empty()) return "";
+std::string spectra_of(const SampleView& sample, const Axis& nm) {
+  const auto worst = sample.worst_that_differ(kMostSpectra);
+  if (!has_spectra(sample) || worst.empty()) return "";
   std::string html = "<div class=\"figures small-figures\">\n";
-  for (const std::uint32_t position : shown_of(sample)) {
-    html += spectra_plot(sample, sample.comparison.colours[position], scales);
+  for (const std::uint32_t position : worst) {
+    html += spectra_plot(sample, sample.comparison.colours[position], nm);
   }
   return html + "</div>\n";
 }
@@ -128,11 +120,11 @@ std::string spectra_of(const SampleView& sample, const SpectraScales& scales) {
 }  // namespace
 
 Section spectra_pairs_section(SampleViews samples) {
-  const SpectraScales scales = scales_over(samples);
+  const Axis nm = wavelength_axis(samples);
   return section_of(
       {"spectra", "Spectra", "The colours that differ most. Dashed: reference. Line: sample.",
-       "These charts have no spectra with common wavelengths."},
-      samples, [&](const SampleView& sample) { return spectra_of(sample, scales); });
+       "No spectra with common wavelengths, or no colour differs."},
+      samples, [&](const SampleView& sample) { return spectra_of(sample, nm); });
 }
 
 }  // namespace measkit::html

@@ -42,6 +42,9 @@ std::vector<WedgeStepTones> thinned(const WedgeTones& wedge, std::size_t most) {
   return steps;
 }
 
+// Steps that are not of one wedge can have any tone value; no press is that far out.
+double within_limits(double increase) { return std::clamp(increase, -50.0, 100.0); }
+
 Axis increase_axis(SampleViews samples) {
   Extent increases;
   increases.add(0.0);
@@ -49,8 +52,8 @@ Axis increase_axis(SampleViews samples) {
   for (const SampleView& sample : samples) {
     for (const WedgeTones& wedge : shown_of(sample)) {
       for (const WedgeStepTones& step : wedge.steps) {
-        increases.add(increase_of(step, &WedgeStepTones::reference));
-        increases.add(increase_of(step, &WedgeStepTones::sample));
+        increases.add(within_limits(increase_of(step, &WedgeStepTones::reference)));
+        increases.add(within_limits(increase_of(step, &WedgeStepTones::sample)));
       }
     }
   }
@@ -68,6 +71,27 @@ std::string path_of(const Plot& plot, const std::vector<WedgeStepTones>& steps, 
   return path.data();
 }
 
+void draw_curves(Plot& plot, const SampleView& sample, const WedgeTones& wedge,
+                 const Axis& increases) {
+  const auto& colours = sample.comparison.colours;
+  const std::string ink = hex_of(colours[wedge.steps.back().pair].reference);
+  const std::string stroke = ink.empty() ? "" : " stroke=\"" + ink + "\"";
+  const std::vector<WedgeStepTones> steps = thinned(wedge, kMostWedgeSteps);
+  plot.draw(plot.clipped("<path class=\"wedge dashed\"" + stroke + " d=\"" +
+                         path_of(plot, steps, &WedgeStepTones::reference) +
+                         "\"/>\n<path class=\"wedge\"" + stroke + " d=\"" +
+                         path_of(plot, steps, &WedgeStepTones::sample) + "\"/>\n") +
+            "<g class=\"dots\">\n");
+  for (const WedgeStepTones& step : steps) {
+    const double increase = increase_of(step, &WedgeStepTones::sample);
+    const bool is_on_ground = increase >= increases.first && increase <= increases.last;
+    if (!is_on_ground || !is_drawable(step.nominal)) continue;
+    plot.draw_dot(step.nominal, increase, 4.0, hex_of(colours[step.pair].sample),
+                  shortest(step.nominal) + " %: " + decimal(increase, 1));
+  }
+  plot.draw("</g>\n");
+}
+
 std::string increase_plot(const SampleView& sample, const WedgeTones& wedge, const Axis& increases,
                           double width) {
   const std::string name = html_text(wedge.ink, kLongName);
@@ -75,21 +99,7 @@ std::string increase_plot(const SampleView& sample, const WedgeTones& wedge, con
       has_values(wedge) ? "tone value increase, %" : "spot colour tone value increase, %";
   Plot plot({width, 280.0}, {{0.0, 100.0, 20.0}, "nominal tone value, %"}, {increases, title},
             title + " of " + name + " of " + sample.name);
-  const auto& colours = sample.comparison.colours;
-  const std::string ink = hex_of(colours[wedge.steps.back().pair].reference);
-  const std::string stroke = ink.empty() ? "" : " stroke=\"" + ink + "\"";
-  const std::vector<WedgeStepTones> steps = thinned(wedge, kMostWedgeSteps);
-  plot.draw("<path class=\"wedge dashed\"" + stroke + " d=\"" +
-            path_of(plot, steps, &WedgeStepTones::reference) + "\"/>\n<path class=\"wedge\"" +
-            stroke + " d=\"" + path_of(plot, steps, &WedgeStepTones::sample) +
-            "\"/>\n<g class=\"dots\">\n");
-  for (const WedgeStepTones& step : steps) {
-    const double increase = increase_of(step, &WedgeStepTones::sample);
-    if (!is_drawable(increase) || !is_drawable(step.nominal)) continue;
-    plot.draw_dot(step.nominal, increase, 4.0, hex_of(colours[step.pair].sample),
-                  name + " " + shortest(step.nominal) + ": " + decimal(increase, 1));
-  }
-  plot.draw("</g>\n");
+  draw_curves(plot, sample, wedge, increases);
   return figure_of(name, std::move(plot).finish());
 }
 

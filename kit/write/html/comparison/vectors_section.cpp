@@ -17,7 +17,7 @@
 namespace measkit::html {
 namespace {
 
-constexpr std::size_t kMostVectors = 4000;  // of all samples
+constexpr std::size_t kMostVectors = 2000;  // of all samples
 
 struct VectorScales {
   ColourAxes axes;
@@ -36,13 +36,12 @@ bool is_drawable_pair(const ComparedColour& colour) {
 
 // Differences are small beside the plane: most of them shall be as long as a few dots are wide.
 double factor_for(SampleViews samples, double axis_length) {
-  constexpr double kShareOfAxis = 0.05;
+  constexpr double kShareOfAxis = 0.04;
   std::vector<double> lengths;
   for (const SampleView& sample : samples) {
     for (const ComparedColour& colour : sample.comparison.colours) {
       if (!is_drawable_pair(colour)) continue;
-      lengths.push_back(
-          std::hypot(colour.sample.a - colour.reference.a, colour.sample.b - colour.reference.b));
+      lengths.push_back(colour.of(Measure::de76));
     }
   }
   const double length = quantile_of(std::move(lengths), 0.9);
@@ -94,7 +93,9 @@ void draw_vectors(Plot& plot, const SampleView& sample, const VectorScales& scal
     lines.add(plot.x(from[0] + scales.factor * (to[0] - from[0])),
               plot.y(from[1] + scales.factor * (to[1] - from[1])));
   }
-  plot.draw("</g>\n<path class=\"vectors\" d=\"" + lines.data() + "\"/>\n");
+  plot.draw("</g>\n" + plot.clipped("<path class=\"vectors " +
+                                    std::string(shown.size() <= 600 ? "some" : "many") + "\" d=\"" +
+                                    lines.data() + "\"/>\n"));
 }
 
 std::string vectors_of(const SampleView& sample, const VectorScales& scales) {

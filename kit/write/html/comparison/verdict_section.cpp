@@ -33,7 +33,7 @@ std::string verdict_of(const SampleView& sample) {
 std::string tolerances_of(const SampleView& sample) {
   if (sample.verdicts.empty()) return "";
   const std::vector<std::string> titles = {"Value", "Limit", "Verdict"};
-  std::string html = number_table_head("Tolerances", "Figure", titles);
+  std::string html = number_table_head({"Tolerances", "Figure"}, titles);
   for (const VerdictLine& line : sample.verdicts) {
     const std::vector<std::string> cells = {
         line.value ? number_or_dash(*line.value, 2) : "not there", shortest(line.limit),
@@ -55,23 +55,24 @@ std::string findings_of(const SampleView& sample) {
   return findings_list(views, findings.size() - shown);
 }
 
+std::string formula_text(const SampleView& sample) {
+  const ComparisonOptions& options = sample.comparison.options;
+  if (sample.formula() == Measure::de76) return html_symbol(Measure::de76, options);
+  return html_text(formula_name(sample.formula(), options.cmc_lightness, options.cmc_chroma));
+}
+
 std::string key_figures(const SampleView& sample) {
-  const Comparison& comparison = sample.comparison;
-  const Figures& figures = comparison.of(ColourGroup::all).of(sample.formula());
-  std::string html = "<p class=\"label\">" +
-                     html_text(formula_name(sample.formula(), comparison.options.cmc_lightness,
-                                            comparison.options.cmc_chroma)) +
-                     " of " + grouped(comparison.colours.size()) +
-                     (comparison.colours.size() == 1 ? " colour" : " colours") +
+  const auto& colours = sample.comparison.colours;
+  const Figures& figures = sample.comparison.of(ColourGroup::all).of(sample.formula());
+  std::string html = "<p class=\"label\">" + formula_text(sample) + " of " +
+                     grouped(colours.size()) + (colours.size() == 1 ? " colour" : " colours") +
                      "</p>\n<ul class=\"key-figures\">\n";
-  constexpr const char* kNames[] = {"mean", "median",  "90th percentile",  "95th percentile",
-                                    "max",  "std dev", "mean of best 90 %"};
-  for (std::size_t i = 0; i < kFigureColumns.size(); ++i) {
-    const std::string value = text_of(sample.formula(), figures.*kFigureColumns[i].value);
-    const bool is_max = kFigureColumns[i].value == &Figures::max && !sample.worst.empty();
-    html += key_figure(
-        value, is_max ? "max, " + safe_label(sample, comparison.colours[sample.worst.front()])
-                      : kNames[i]);
+  for (const FigureColumn& column : kFigureColumns) {
+    std::string name(column.long_title);
+    if (column.value == &Figures::max && !sample.worst.empty()) {
+      name += ", " + safe_label(sample, colours[sample.worst.front()]);
+    }
+    html += key_figure(text_of(sample.formula(), figures.*column.value), name);
   }
   return html + "</ul>\n";
 }
@@ -92,7 +93,7 @@ std::string measures_table(const SampleView& sample, std::size_t samples) {
   for (const FigureColumn& column : kFigureColumns) {
     if (column.is_short || has_room(samples)) cells.emplace_back(column.title);
   }
-  std::string html = number_table_head("All measures", "Measure", cells);
+  std::string html = number_table_head({"All measures", "Measure", true}, cells);
   for (const Measure measure : measures_of(sample)) {
     const Figures& figures = sample.comparison.of(ColourGroup::all).of(measure);
     const bool has_sign = measure >= Measure::dl && measure <= Measure::dh;

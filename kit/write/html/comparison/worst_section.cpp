@@ -9,7 +9,7 @@
 namespace measkit::html {
 namespace {
 
-constexpr std::size_t kMostWorst = 12;
+std::size_t most_for(SampleViews samples) { return samples.size() <= 2 ? 12 : 6; }
 
 constexpr Measure kComponents[] = {Measure::dl, Measure::da, Measure::db, Measure::dc, Measure::dh};
 
@@ -51,13 +51,12 @@ std::string card_of(const SampleView& sample, const ComparedColour& colour) {
   return html + "</dl></li>\n";
 }
 
-std::string cards_of(const SampleView& sample) {
-  const auto& colours = sample.comparison.colours;
-  if (sample.worst.empty()) return "";
+std::string cards_of(const SampleView& sample, std::size_t most) {
+  const auto worst = sample.worst_that_differ(most);
+  if (worst.empty()) return "";
   std::string html = "<ol class=\"pairs\">\n";
-  for (const std::uint32_t position :
-       std::span(sample.worst).first(std::min(sample.worst.size(), kMostWorst))) {
-    html += card_of(sample, colours[position]);
+  for (const std::uint32_t position : worst) {
+    html += card_of(sample, sample.comparison.colours[position]);
   }
   return html + "</ol>\n";
 }
@@ -68,8 +67,9 @@ Section worst_section(SampleViews samples) {
   return section_of({"worst", "Largest differences",
                      "Reference at the left, sample at the right. Colours are sRGB, those outside "
                      "its gamut clipped.",
-                     "No difference that can be drawn."},
-                    samples, cards_of);
+                     "No colour differs."},
+                    samples,
+                    [&](const SampleView& sample) { return cards_of(sample, most_for(samples)); });
 }
 
 }  // namespace measkit::html
