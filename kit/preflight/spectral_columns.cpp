@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cmath>
 #include <cstdlib>
 #include <string>
@@ -13,9 +14,14 @@
 namespace measkit {
 namespace {
 
+// `word` is in capitals, but values may be in small letters.
 bool value_contains(const Table& table, std::string_view keyword, std::string_view word) {
   const HeaderLine* line = table.find(keyword);
-  return line != nullptr && line->value.find(word) != std::string::npos;
+  if (line == nullptr) return false;
+  return std::search(line->value.begin(), line->value.end(), word.begin(), word.end(),
+                     [](char c, char capital) {
+                       return std::toupper(static_cast<unsigned char>(c)) == capital;
+                     }) != line->value.end();
 }
 
 bool has_value(const Table& table, std::string_view keyword) {
@@ -153,7 +159,7 @@ void name_quantity(Table& table) {
   const bool is_emission =
       !is_reflectance && (table.content == Content::emission_spectra || is_display(table) ||
                           states(table, {"EMISSI", "AMBIENT", "RADIANCE"}) ||
-                          value_contains(table, "SPECTRAL_NORM", "mW"));
+                          value_contains(table, "SPECTRAL_NORM", "MW"));
   if (!is_emission) return;
   for (const SpectralField& spectral : roles.spectra) {
     table.rename(spectral.field, emission_field_name(spectral.nm));
