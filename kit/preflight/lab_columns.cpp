@@ -240,6 +240,14 @@ bool use_scale_of_hundred(Table& table) {
   if (!roles.has_xyz() || table.content != Content::measurement || is_display(table)) return true;
   const std::vector<double> y = table.numbers(roles.xyz[1]);
   const double largest = largest_of(y);
+  constexpr double kMostReflected = 200.0;
+  if (largest > kMostReflected && !roles.has_lab() && !roles.has_spectra()) {
+    table.findings.add(Severity::doubtful, "xyz-scale",
+                       "Y reaches " + rounded(largest) +
+                           ", more than surfaces reflect, and the white is not known: no Lab.",
+                       table.data_line);
+    return false;
+  }
   switch (xyz_scale_of(table, roles, y, largest)) {
     case XyzScale::hundred:
       return true;

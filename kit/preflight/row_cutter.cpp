@@ -114,6 +114,17 @@ std::optional<Cells> join_lines(const RaggedRows& rows, std::size_t width) {
   return Cells{rows.texts, width, std::move(starts)};
 }
 
+// Rows in which cells begin with the sign of a comment.
+std::optional<Cells> cut_without_comments(std::string_view data, std::size_t first_line,
+                                          std::size_t width, Findings& findings) {
+  if (data.find(kCommentChar) == std::string_view::npos) return std::nullopt;
+  RaggedRows rows = cut_at_blanks(data, first_line, '\0');
+  if (rows.size() == 0 || !rows.all_have(width)) return std::nullopt;
+  findings.add(Severity::repaired, "comment-signs",
+               "Cells begin with #, which begins a comment elsewhere: read as cells.", first_line);
+  return cells_of(std::move(rows), width);
+}
+
 std::vector<std::string> names_at(char separator, std::string_view field_list) {
   const RaggedRows list = cut_at(separator, field_list, 1, 0);
   std::vector<std::string> names(list.texts.begin(), list.texts.end());
@@ -194,7 +205,12 @@ std::vector<std::string> names_at_separator(std::string_view field_list, std::si
 CutRows cut_rows(std::string_view data, std::size_t first_line, std::size_t width,
                  Findings& findings, int name) {
   RaggedRows rows = cut_at_blanks(data, first_line);
-  if (rows.all_have(width)) return {cells_of(std::move(rows), width), true};
+  if (rows.all_have(width)) {
+    if (rows.size() != 0) return {cells_of(std::move(rows), width), true};
+    auto cells = cut_without_comments(data, first_line, width, findings);
+    const bool is_plain = !cells;
+    return {cells ? *std::move(cells) : cells_of(std::move(rows), width), is_plain};
+  }
   for (const Separator& separator : kSeparators) {
     if (data.find(separator.byte) == std::string_view::npos) continue;
     RaggedRows others = cut_at(separator.byte, data, first_line, width);
@@ -207,14 +223,8 @@ CutRows cut_rows(std::string_view data, std::size_t first_line, std::size_t widt
       return {cells_of(std::move(others), width), false};
     }
   }
-  if (data.find(kCommentChar) != std::string_view::npos) {
-    RaggedRows others = cut_at_blanks(data, first_line, '\0');
-    if (others.size() != 0 && others.all_have(width)) {
-      findings.add(Severity::repaired, "comment-signs",
-                   "Cells begin with #, which begins a comment elsewhere: read as cells.",
-                   first_line);
-      return {cells_of(std::move(others), width), false};
-    }
+  if (auto cells = cut_without_comments(data, first_line, width, findings)) {
+    return {*std::move(cells), false};
   }
   if (std::optional<Cells> joined = join_lines(rows, width)) {
     findings.add(Severity::repaired, "rows-over-lines",

@@ -58,24 +58,36 @@ bool are_wavelengths(const Roles& roles) {
                      [](const SpectralField& spectral) { return spectral.nm >= kShortest; });
 }
 
-// Numbers above 2 in spectra without any evidence by other colours.
+constexpr double kLargestPercent = 200.0;
+
+// Numbers above 2 in spectra without any evidence by other colours. A few rows beyond every
+// reflectance are failed measurements, and do not count.
 struct Extent {
   double largest = 0.0;
   std::size_t rows = 0, rows_above_two = 0;
 };
 
 Extent extent_of(Table& table, const Roles& roles) {
+  constexpr std::size_t kFew = 10;  // one in ten
   Extent extent;
+  double beyond = 0.0;
+  std::size_t rows_beyond = 0;
   SpectralRows spectra(table, roles);
   for (std::size_t row = 0; row < spectra.size(); ++row) {
     double largest = 0.0;
     for (const double value : spectra.row(row)) {
       largest = value > largest ? value : largest;  // false for not-a-number
     }
-    extent.largest = std::max(extent.largest, largest);
     ++extent.rows;
+    if (largest > kLargestPercent) {
+      beyond = std::max(beyond, largest);
+      ++rows_beyond;
+      continue;
+    }
+    extent.largest = std::max(extent.largest, largest);
     if (largest > 2.0) ++extent.rows_above_two;
   }
+  if (kFew * rows_beyond > extent.rows) extent.largest = beyond;
   return extent;
 }
 
@@ -83,7 +95,7 @@ enum class Scale { factor, percent, unclear, neither };
 
 // The file's own colours decide where it has some; else how large the numbers are.
 Scale scale_of(Table& table, const Roles& roles, const Extent& extent) {
-  constexpr double kSurelyPercent = 10.0, kLargestPercent = 200.0, kLargestFluorescence = 1.3;
+  constexpr double kSurelyPercent = 10.0, kLargestFluorescence = 1.3;
   if (extent.largest <= 0.0 || std::isinf(extent.largest)) return Scale::factor;
   // Lab beside spectra takes cutting the cells, which is worth it only where there is a doubt.
   const bool is_stated = table.is_in_percent || table.find("SPECTRAL_NORM") != nullptr;
@@ -101,7 +113,8 @@ Scale scale_of(Table& table, const Roles& roles, const Extent& extent) {
   if (const HeaderLine* norm = table.find("SPECTRAL_NORM")) {
     const double value = std::strtod(norm->value.c_str(), nullptr);
     if (value == 100.0) return Scale::percent;
-    if (value == 1.0) return Scale::factor;
+    const bool are_surfaces = 2 * extent.rows_above_two < extent.rows;
+    if (value == 1.0) return are_surfaces ? Scale::factor : Scale::neither;
   }
   if (extent.largest > kLargestPercent) return Scale::neither;
   if (extent.largest > kSurelyPercent || 2 * extent.rows_above_two >= extent.rows) {
@@ -185,9 +198,13 @@ void use_reflectance_factors(Table& table) {
         table.data_line);
     if (HeaderLine* norm = table.find("SPECTRAL_NORM")) table.set_value(*norm, "1");
   } else if (scale == Scale::neither) {
+    for (const SpectralField& spectral : roles.spectra) {
+      table.rename(spectral.field, "OTHER_" + text_of(spectral.nm) + "_NM");
+    }
     table.findings.add(Severity::doubtful, "spectral-scale",
                        "Reflectances reach " + rounded(extent.largest) +
-                           ", which are neither percent nor factors: left as they are.",
+                           ", which are neither percent nor factors: kept in fields OTHER_" +
+                           text_of(roles.spectra.front().nm) + "_NM and so on, without Lab.",
                        table.data_line);
   } else if (scale == Scale::unclear) {
     table.findings.add(Severity::doubtful, "spectral-scale",
