@@ -11,6 +11,9 @@
 namespace measkit {
 namespace {
 
+// Names that repairs give.
+constexpr std::string_view kEmission = "EMISSION_", kOther = "OTHER_",
+                           kPlaceholder = "PLACEHOLDER_";
 constexpr double kShortestWavelength = 100.0;  // nm; a smaller number in a name is none
 
 bool starts_with_any(std::string_view name, std::initializer_list<std::string_view> starts) {
@@ -22,15 +25,23 @@ bool has_wavelengths(const Roles& roles) {
   return roles.has_spectra() && roles.spectra.front().nm >= kShortestWavelength;
 }
 
-// What a table lacks, so that columns under other names may hold it.
+bool has_field(const Table& table, std::string_view start) {
+  return std::any_of(table.fields.begin(), table.fields.end(),
+                     [start](const Field& field) { return field.name.starts_with(start); });
+}
+
+// What a table lacks, so that columns under other names may hold it. What a repair set aside does
+// not lack.
 struct Wanted {
   bool colour, device, spectra;
 
-  explicit Wanted(const Roles& roles)
-      : colour(!roles.has_lab() && !roles.has_xyz() && !roles.has_lch() && !roles.has_xyy() &&
-               !has_wavelengths(roles)),
-        device(!roles.has_device()),
-        spectra(!has_wavelengths(roles)) {}
+  Wanted(const Table& table, const Roles& roles)
+      : device(!roles.has_device() && !has_field(table, kPlaceholder)),
+        spectra(!has_wavelengths(roles) && !has_field(table, kEmission) &&
+                !has_field(table, kOther)) {
+    colour =
+        spectra && !roles.has_lab() && !roles.has_xyz() && !roles.has_lch() && !roles.has_xyy();
+  }
 
   bool anything() const { return colour || device || spectra; }
   bool has(const Column& column) const {
@@ -45,7 +56,7 @@ struct Wanted {
 SheetCells names_of(const Table& table) {
   SheetCells names = table.field_names();
   for (std::string_view& name : names) {
-    if (starts_with_any(name, {"EMISSION_", "OTHER_", "PLACEHOLDER_"})) name = "-";
+    if (starts_with_any(name, {kEmission, kOther, kPlaceholder})) name = "-";
   }
   return names;
 }
@@ -53,7 +64,7 @@ SheetCells names_of(const Table& table) {
 class LooseNames {
  public:
   LooseNames(Table& table, const std::vector<Column>& columns)
-      : table_(table), columns_(columns), wanted_(table.roles()) {
+      : table_(table), columns_(columns), wanted_(table, table.roles()) {
     for (const Field& field : table.fields) names_.insert(field.name);
   }
 
@@ -108,7 +119,8 @@ void use_loose_names(Table& table) {
       table.content == Content::measurement || table.content == Content::emission_spectra;
   const Roles roles = table.roles();
   const bool is_named = roles.unused.empty() && (!roles.has_spectra() || has_wavelengths(roles));
-  if (!is_chart || is_named || !Wanted(roles).anything() || table.fields.size() > kMostColumns) {
+  if (!is_chart || is_named || !Wanted(table, roles).anything() ||
+      table.fields.size() > kMostColumns) {
     return;
   }
   const SheetCells names = names_of(table);

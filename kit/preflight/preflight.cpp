@@ -59,6 +59,14 @@ void tell_conditions(Table& table) {
                      conditions.other_m->line);
 }
 
+// Behind spectra that were set aside there may be fields that look like others.
+void use_spectra(Table& table) {
+  constexpr int kMostPrefixes = 8;
+  for (int i = 0; i < kMostPrefixes; ++i) {
+    if (use_reflectance_factors(table) && use_regular_grid(table)) return;
+  }
+}
+
 // The order matters: names before numbers, scales before what is computed from them.
 void repair(Table& table, const char* name) {
   use_format_names(table);
@@ -68,8 +76,7 @@ void repair(Table& table, const char* name) {
   pair_up_spectra(table);
   recognise_display(table);
   name_quantity(table);
-  use_reflectance_factors(table);
-  use_regular_grid(table);
+  use_spectra(table);
   use_xyz_of_chromaticities(table);
   const bool is_scale_known = use_scale_of_hundred(table);
   set_placeholders_aside(table);

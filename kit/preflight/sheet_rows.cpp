@@ -4,6 +4,7 @@
 #include "kit/preflight/line_cursor.h"
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -68,6 +69,7 @@ class RowReader {
         }
       }
       is_behind_gap = false;
+      if (sheet_.delimiter == Delimiter::blanks) join_words(lines.line(), cells);
       take(cells, line.front() == '#', lines.number());
     }
     tell();
@@ -78,6 +80,37 @@ class RowReader {
  private:
   bool fits(const SheetCells& cells) const {
     return cells.size() >= sheet_.columns.size() && has_numbers(cells);
+  }
+
+  // Blanks cut a name into words, which the cells on both sides leave over. Rows with other cells
+  // too many are emptied.
+  void join_words(std::string_view line, SheetCells& cells) const {
+    const std::size_t width = sheet_.columns.size();
+    if (cells.size() <= width) return;
+    std::size_t name = 0;
+    while (name < width && sheet_.columns[name].kind != Column::Kind::text) ++name;
+    for (std::size_t i = name; i < width; ++i) {
+      if (sheet_.columns[i].name == "SAMPLE_NAME") name = i;
+    }
+    const std::size_t surplus = cells.size() - width;
+    // A cell with doubled quotes lies elsewhere.
+    const auto is_in_line = [line](std::string_view cell) {
+      return !std::less<>()(cell.data(), line.data()) &&
+             !std::less<>()(line.data() + line.size(), cell.data() + cell.size());
+    };
+    const bool are_words =
+        name < width && is_in_line(cells[name]) && is_in_line(cells[name + surplus]) &&
+        std::all_of(cells.begin() + static_cast<std::ptrdiff_t>(name + surplus + 1), cells.end(),
+                    is_number_or_missing);
+    if (!are_words) {
+      cells.clear();
+      return;
+    }
+    const std::string_view last = cells[name + surplus];
+    cells[name] = {cells[name].data(),
+                   static_cast<std::size_t>(last.data() + last.size() - cells[name].data())};
+    const auto rest = cells.begin() + static_cast<std::ptrdiff_t>(name + 1);
+    cells.erase(rest, rest + static_cast<std::ptrdiff_t>(surplus));
   }
 
   // What a line that is no row names: these columns again, those of another table, or nothing.

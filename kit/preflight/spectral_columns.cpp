@@ -174,8 +174,13 @@ void name_quantity(Table& table) {
                           states(table, {"EMISSI", "AMBIENT", "RADIANCE"}) ||
                           value_contains(table, "SPECTRAL_NORM", "MW"));
   if (!is_emission) return;
-  for (const SpectralField& spectral : roles.spectra) {
-    table.rename(spectral.field, emission_field_name(spectral.nm));
+  // Behind the fields of one prefix there may be others.
+  constexpr int kMostPrefixes = 8;
+  Roles rest = roles;
+  for (int i = 0; i < kMostPrefixes && rest.has_spectra(); ++i, rest = table.roles()) {
+    for (const SpectralField& spectral : rest.spectra) {
+      table.rename(spectral.field, emission_field_name(spectral.nm));
+    }
   }
   table.findings.add(Severity::repaired, "emission-spectra",
                      "The spectra are emissions, not reflectances: kept in fields " +
@@ -185,9 +190,9 @@ void name_quantity(Table& table) {
                      table.data_line);
 }
 
-void use_reflectance_factors(Table& table) {
+bool use_reflectance_factors(Table& table) {
   const Roles roles = table.roles();
-  if (!roles.has_spectra() || table.row_count() == 0 || !are_wavelengths(roles)) return;
+  if (!roles.has_spectra() || table.row_count() == 0 || !are_wavelengths(roles)) return true;
   const Extent extent = extent_of(table, roles);
   const Scale scale = scale_of(table, roles, extent);
   if (scale == Scale::percent) {
@@ -213,6 +218,7 @@ void use_reflectance_factors(Table& table) {
                            "one: left as they are, read as factors.",
                        table.data_line);
   }
+  return scale != Scale::neither;
 }
 
 }  // namespace measkit
