@@ -39,6 +39,10 @@ class Findings {
     }
   }
 
+  void append(const Findings& others) {
+    for (const Finding& one : others.list_) add(one.severity, one.code, one.sentence, one.line);
+    more_ += others.more_;
+  }
   const std::vector<Finding>& list() const { return list_; }
   /// How many findings are not in the list.
   std::size_t more() const { return more_; }

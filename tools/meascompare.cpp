@@ -158,7 +158,7 @@ std::string average_text(std::span<const Chart* const> charts, const CommandLine
 
 void print(std::span<const JudgedComparison> samples, const CommandLine& line) {
   if (const auto output = line.value_of("-o"))
-    tools::write_output(measkit::html::comparison_page_of(samples), *output);
+    tools::write_output(measkit::html::page_of_judged(samples), *output);
   if (line.has("--json")) {
     std::cout << measkit::comparison_json_of(samples);
   } else if (line.has("--csv")) {

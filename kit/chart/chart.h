@@ -38,9 +38,10 @@ enum class LabSource {
   display,          ///< XYZ of a display, adapted to D50
 };
 
-/// What the file's own Lab are beside those of its spectra: Delta E*ab (CIE 1976) over all patches
-/// that have both.
+/// What the file's own Lab, or the Lab of its own XYZ, are beside those of its spectra: Delta E*ab
+/// (CIE 1976) over all patches that have both.
 struct LabDifference {
+  bool is_of_xyz = false;
   double median = 0.0, percentile_95 = 0.0, largest = 0.0;
   std::size_t largest_patch = 0;
 };

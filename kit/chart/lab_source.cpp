@@ -1,5 +1,8 @@
 // Where Lab comes from, and how the file's own Lab agree with it.
+#include "colortypes/conversions.h"
 #include "kit/chart/gather.h"
+#include "kit/colour/adaptation.h"
+#include "kit/preflight/lab_columns.h"
 
 #include <algorithm>
 #include <array>
@@ -29,9 +32,8 @@ bool is_of_file(const Table& table, int field) {
 // Fields that no column of the file stands behind were added by the preflight.
 LabSource source_of_columns(const Chart& chart, const Table& table, const Roles& roles) {
   if (!roles.has_lab()) return LabSource::file;
-  const bool is_lab_of_file = std::all_of(roles.lab.begin(), roles.lab.end(), [&](int field) {
-    return is_of_file(table, field) && table.fields[static_cast<std::size_t>(field)].texts.empty();
-  });
+  const bool is_lab_of_file = std::all_of(roles.lab.begin(), roles.lab.end(),
+                                          [&](int field) { return is_of_file(table, field); });
   if (is_lab_of_file) return LabSource::file;
   if (chart.is_display) return LabSource::display;
   return roles.has_lch() ? LabSource::lch : LabSource::xyz;
@@ -92,6 +94,11 @@ std::string sentence_of(const Chart& chart, const Table* table) {
   return reason_for_none(chart);
 }
 
+Triple lab_of(const Triple& xyz, const Tristimulus& white) {
+  const auto lab = vantor::ColorTypes::xyzToLab({xyz[0], xyz[1], xyz[2]}, white);
+  return {lab.l, lab.a, lab.b};
+}
+
 double delta_e(const Triple& a, const Triple& b) {
   return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
 }
@@ -114,12 +121,13 @@ void tell_difference(const Chart& chart, Findings& findings) {
   constexpr double kWorthTelling = 1.0;  // Delta E*ab
   const LabDifference& difference = *chart.lab_difference;
   if (difference.largest <= kWorthTelling) return;
-  std::string sentence = "The file's own Lab differ from the Lab of its spectra by " +
-                         two_decimals(difference.median) + " Delta E*ab in the median, " +
-                         two_decimals(difference.percentile_95) + " for 95 % and " +
-                         two_decimals(difference.largest) + " at most (" +
-                         patch_label(chart, difference.largest_patch) +
-                         "). The Lab of the spectra are shown.";
+  std::string sentence =
+      std::string("The ") +
+      (difference.is_of_xyz ? "Lab of the file's own XYZ" : "file's own Lab") +
+      " differ from the Lab of its spectra by " + two_decimals(difference.median) +
+      " Delta E*ab in the median, " + two_decimals(difference.percentile_95) + " for 95 % and " +
+      two_decimals(difference.largest) + " at most (" +
+      patch_label(chart, difference.largest_patch) + "). The Lab of the spectra are shown.";
   const MeasuringConditions& conditions = chart.conditions;
   const bool is_for_others = (conditions.observer && conditions.observer->value != "2") ||
                              (conditions.illuminant && conditions.illuminant->value != "D50");
@@ -145,11 +153,17 @@ void gather_lab_source(Chart& chart, const Table* table, const Roles& roles) {
 }
 
 void gather_lab_difference(Chart& chart, Findings& findings) {
-  if (chart.own_lab.empty()) return;
+  const bool is_from_spectra =
+      chart.lab_source == LabSource::weighting_table || chart.lab_source == LabSource::integration;
+  if (!is_from_spectra || (chart.own_lab.empty() && chart.xyz.empty())) return;
   LabDifference difference;
+  difference.is_of_xyz = chart.own_lab.empty();
+  const Tristimulus white = white_of(chart.conditions.illuminant, chart.conditions.observer);
   std::vector<double> distances;
   for (std::size_t patch = 0; patch < chart.patch_count; ++patch) {
-    const double distance = delta_e(triple_at(chart.own_lab, patch), triple_at(chart.lab, patch));
+    const Triple own = difference.is_of_xyz ? lab_of(triple_at(chart.xyz, patch), white)
+                                            : triple_at(chart.own_lab, patch);
+    const double distance = delta_e(own, triple_at(chart.lab, patch));
     if (!std::isfinite(distance)) continue;
     if (distances.empty() || distance > difference.largest) {
       difference.largest = distance;

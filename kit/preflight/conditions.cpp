@@ -18,11 +18,18 @@ bool equals_ignoring_case(std::string_view a, std::string_view b) {
   });
 }
 
+// The size of the text when the word is not in it.
+std::size_t position_ignoring_case(std::string_view text, std::string_view word) {
+  const auto found =
+      std::search(text.begin(), text.end(), word.begin(), word.end(), [](char x, char y) {
+        return std::tolower(static_cast<unsigned char>(x)) ==
+               std::tolower(static_cast<unsigned char>(y));
+      });
+  return static_cast<std::size_t>(found - text.begin());
+}
+
 bool contains_ignoring_case(std::string_view text, std::string_view word) {
-  return std::search(text.begin(), text.end(), word.begin(), word.end(), [](char x, char y) {
-           return std::tolower(static_cast<unsigned char>(x)) ==
-                  std::tolower(static_cast<unsigned char>(y));
-         }) != text.end();
+  return position_ignoring_case(text, word) != text.size();
 }
 
 // Words of letters and digits, one after the other; full stops stay within numbers.
@@ -62,8 +69,7 @@ std::string_view m_condition_in(std::string_view text) {
 // Texts that are free to say anything else, but tell the M condition where they name one.
 bool may_tell_m_condition(std::string_view name) {
   static constexpr std::array<std::string_view, 8> kParts = {
-      "CONDITION",  "MEASUREMENT", "FILTER",       "INSTRUMENT",
-      "DESCRIPTOR", "MODE",        "ILLUMINATION", "ISO13655"};
+      "COND", "MEAS", "FILTER", "INSTRUMENT", "DESCRIPTOR", "MODE", "ILLUMINATION", "ISO13655"};
   return std::any_of(kParts.begin(), kParts.end(),
                      [name](std::string_view part) { return contains_ignoring_case(name, part); });
 }
@@ -80,7 +86,8 @@ std::string_view after_name(std::string_view text, std::string_view name) {
 
 // The part of a weighting function behind its kind: "D50" of "ILLUMINANT, D50".
 std::string_view behind_kind(std::string_view value, std::string_view kind) {
-  return value.starts_with(kind) ? value.substr(kind.size()) : std::string_view();
+  const std::size_t at = position_ignoring_case(value, kind);
+  return at == value.size() ? std::string_view() : value.substr(at + kind.size());
 }
 
 // The words before "degree" in a free text: "2" of "D50, 2 degree, 45/0".
@@ -128,7 +135,8 @@ class ConditionReader {
 
   static void take(std::optional<Stated>& answer, std::string_view value, const HeaderLine& line) {
     if (!answer && !value.empty()) {
-      answer = Stated{std::string(value), std::string(line.keyword), line.value, line.line};
+      answer = Stated{std::string(value), std::string(line.keyword),
+                      line.own_value.empty() ? line.value : line.own_value, line.line};
     }
   }
 
@@ -181,10 +189,11 @@ void tell_plain_value(Table& table, HeaderLine& line, const std::string& value,
 void make_line_plain(Table& table, HeaderLine& line) {
   if (line.keyword == "WEIGHTING_FUNCTION") {
     const std::string_view light = illuminant_in(behind_kind(line.value, "ILLUMINANT"));
+    const std::string_view angle = observer_in(behind_kind(line.value, "OBSERVER"));
+    if (!light.empty() && !angle.empty()) return;  // a line for each is added
     if (!light.empty() && second_item(line.value) != light) {
       tell_plain_value(table, line, "ILLUMINANT, " + std::string(light), "illuminant-words");
     }
-    const std::string_view angle = observer_in(behind_kind(line.value, "OBSERVER"));
     if (!angle.empty() && second_item(line.value) != angle) {
       tell_plain_value(table, line, "OBSERVER, " + std::string(angle) + " degree",
                        "observer-words");

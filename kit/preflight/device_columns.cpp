@@ -1,6 +1,7 @@
 #include "kit/preflight/device_columns.h"
 
 #include "kit/preflight/decimal_text.h"
+#include "kit/preflight/loose_names.h"
 
 #include <algorithm>
 #include <array>
@@ -25,7 +26,7 @@ std::string upper(std::string_view text) {
 struct Alias {
   std::string_view upper_case, name;
 };
-constexpr std::array<Alias, 18> kAliases = {{{"SAMPLEID", "SAMPLE_ID"},
+constexpr std::array<Alias, 22> kAliases = {{{"SAMPLEID", "SAMPLE_ID"},
                                              {"SAMPLE_ID", "SAMPLE_ID"},
                                              {"SAMPLENAME", "SAMPLE_NAME"},
                                              {"SAMPLE_NAME", "SAMPLE_NAME"},
@@ -41,6 +42,10 @@ constexpr std::array<Alias, 18> kAliases = {{{"SAMPLEID", "SAMPLE_ID"},
                                              {"GRAY_W", "GRAY"},
                                              {"K_K", "GRAY"},
                                              {"GREY", "GRAY"},
+                                             {"XYY_X", "XYY_X"},
+                                             {"XYY_Y", "XYY_Y"},
+                                             {"YXY_X", "XYY_X"},
+                                             {"YXY_Y", "XYY_Y"},
                                              {"XYY_YY", "XYY_CAPY"},
                                              {"XYY_BIGY", "XYY_CAPY"}}};
 constexpr std::array<std::string_view, 20> kFormatNames = {
@@ -57,6 +62,8 @@ bool is_known_spelling(std::string_view name) {
 
 std::string_view format_name_of(std::string_view name) {
   if (is_known_spelling(name)) return name;
+  // Letter case alone tells y from Y here.
+  if (name == "xyY_Y" || name == "Yxy_Y") return "XYY_CAPY";
   const std::string wanted = upper(name);
   for (const Alias& alias : kAliases) {
     if (alias.upper_case == wanted) return alias.name;
@@ -104,16 +111,22 @@ constexpr std::array<InkName, 15> kInkNames = {{{'C', "Cyan"},
                                                 {'k', "Light Black"},
                                                 {'N', "Black"}}};
 
+bool is_ink_letter(char letter) {
+  return std::any_of(kInkNames.begin(), kInkNames.end(),
+                     [letter](const InkName& ink) { return ink.letter == letter; });
+}
+
 // The letters of a set such as CMYKOG, when fields CMYKOG_C, CMYKOG_M and so on exist for them all.
 std::string_view letter_set_in(std::string_view field, const std::set<std::string>& names) {
   const std::size_t end = field.find('_');
   if (end == std::string_view::npos || end + 2 != field.size() || end > kMostChannels) return {};
   const std::string_view letters = field.substr(0, end);
-  if (letters == "XYZ" || letters == "LAB" || letters == "XYY" || letters == "LCH") return {};
   if (letters.size() < 2 || letters.find(field.back()) == std::string_view::npos) return {};
   for (std::size_t i = 0; i < letters.size(); ++i) {
     const char letter = letters[i];
-    if (letters.find(letter) != i) return {};
+    if (letters.find(letter) != i || !(is_ink_letter(letter) || letters.starts_with("CMY"))) {
+      return {};
+    }
     if (!names.contains(std::string(letters) + "_" + letter)) return {};
   }
   return letters;
@@ -228,6 +241,7 @@ double full_scale(double largest_value) {
 
 void use_format_names(Table& table) {
   use_format_spelling(table);
+  use_loose_names(table);
   if (table.roles().has_device()) return;
   std::set<std::string> names;
   for (const Field& field : table.fields) names.insert(field.name);

@@ -127,7 +127,7 @@ std::string from_utf16(std::string_view bytes, ByteOrder order) {
   text.reserve(bytes.size() / 2 + 16);
   for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
     char32_t c = unit(i);
-    if (i == 0 && c == kMark) continue;
+    if (text.empty() && c == kMark) continue;
     if (is_in(c, 0xD800U) && i + 3 < bytes.size() && is_in(unit(i + 2), 0xDC00U)) {
       c = 0x10000U + ((c - 0xD800U) << 10U) + (unit(i + 2) - 0xDC00U);
       i += 2;
@@ -139,9 +139,47 @@ std::string from_utf16(std::string_view bytes, ByteOrder order) {
   return text;
 }
 
-}  // namespace
+constexpr std::string_view kMinusSign = "\xE2\x88\x92", kEnDash = "\xE2\x80\x93";
 
-std::string_view utf8_text(std::string_view bytes, std::string& storage, Findings& findings) {
+// The next sign of minus from `start` on that stands before a number and behind no word.
+std::size_t find_minus(std::string_view text, std::string_view sign, std::size_t start) {
+  for (std::size_t at = text.find(sign, start); at != std::string_view::npos;
+       at = text.find(sign, at + sign.size())) {
+    const std::size_t end = at + sign.size();
+    const bool begins =
+        at == 0 || std::string_view(" \t;,\"\r\n").find(text[at - 1]) != std::string_view::npos;
+    if (begins && end < text.size() &&
+        std::string_view(".0123456789").find(text[end]) != std::string_view::npos) {
+      return at;
+    }
+  }
+  return std::string_view::npos;
+}
+
+// Typeset signs of minus become those that numbers are read with. `text` may lie in `storage`.
+std::string_view with_plain_minus(std::string_view text, std::string& storage, Findings& findings) {
+  std::string made;
+  for (const std::string_view sign : {kMinusSign, kEnDash}) {
+    std::size_t copied = 0, count = 0;
+    for (std::size_t at = find_minus(text, sign, 0); at != std::string_view::npos;
+         at = find_minus(text, sign, copied)) {
+      made.append(text, copied, at - copied).push_back('-');
+      copied = at + sign.size();
+      ++count;
+    }
+    if (count == 0) continue;
+    findings.add(Severity::repaired, "minus-signs",
+                 std::to_string(count) + " numbers have a typeset sign of minus: read as -.");
+    made.append(text, copied);
+    storage = std::move(made);
+    made = {};
+    text = storage;
+  }
+  return text;
+}
+
+// The text as it is in UTF-8.
+std::string_view text_of_bytes(std::string_view bytes, std::string& storage, Findings& findings) {
   if (const std::optional<ByteOrder> order = utf16_order(bytes)) {
     storage = from_utf16(bytes, *order);
     findings.add(Severity::repaired, "utf-16", "The file is UTF-16: turned into UTF-8.");
@@ -149,7 +187,7 @@ std::string_view utf8_text(std::string_view bytes, std::string& storage, Finding
   }
   std::string_view text = bytes;
   if (text.starts_with(kUtf8Mark)) {
-    text.remove_prefix(kUtf8Mark.size());
+    while (text.starts_with(kUtf8Mark)) text.remove_prefix(kUtf8Mark.size());
     findings.add(Severity::repaired, "byte-order-mark",
                  "The file begins with a byte order mark: left out.", 1);
   }
@@ -160,6 +198,12 @@ std::string_view utf8_text(std::string_view bytes, std::string& storage, Finding
                line_at(text, *foreign));
   storage = from_windows_1252(text);
   return storage;
+}
+
+}  // namespace
+
+std::string_view utf8_text(std::string_view bytes, std::string& storage, Findings& findings) {
+  return with_plain_minus(text_of_bytes(bytes, storage, findings), storage, findings);
 }
 
 }  // namespace measkit

@@ -190,6 +190,7 @@ void FrameReader::read_header(Table& table) {
 void FrameReader::read_field_list(Table& table, LineCursor& lines) {
   Items items;
   table.fields.clear();
+  table.field_list = {};
   std::size_t list_lines = 0;
   while (lines.next()) {
     vantor::MeasData::split_items(lines.line(), kBlankSeparated, kCommentChar, items);
@@ -199,7 +200,15 @@ void FrameReader::read_field_list(Table& table, LineCursor& lines) {
       has_data_ = true;
       break;
     }
-    ++list_lines;
+    if (items.size() == 2 && items[0].starts_with("NUMBER_OF_")) {
+      table.header.push_back({lines.line(), items[0], std::string(items[1]), lines.number()});
+      table.is_as_it_stands = false;
+      table.findings.add(Severity::repaired, "frame",
+                         std::string(items[0]) + " stands inside the list of fields: moved.",
+                         lines.number());
+      continue;
+    }
+    table.field_list = ++list_lines == 1 ? lines.line() : std::string_view();
     for (const std::string_view item : items) {
       table.fields.push_back({std::string(item), static_cast<int>(table.fields.size())});
     }

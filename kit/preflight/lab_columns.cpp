@@ -52,9 +52,10 @@ std::vector<std::size_t> white_rows(Table& table, const Roles& roles) {
     }
     return rows;
   }
-  if (roles.name == kNoField) return rows;
+  const int named = roles.name != kNoField ? roles.name : roles.id;
+  if (named == kNoField) return rows;
   for (std::size_t row = 0; row < table.row_count(); ++row) {
-    std::string name(table.cell(row, roles.name));
+    std::string name(table.cell(row, named));
     for (char& c : name) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     if (name.find("white") != std::string::npos || name.find("paper") != std::string::npos) {
       rows.push_back(row);
@@ -82,35 +83,10 @@ XyzScale xyz_scale_of(Table& table, const Roles& roles, const std::vector<double
   double white = 0.0;
   for (const std::size_t row : white_rows(table, roles)) white = std::max(white, y[row]);
   if (white >= kDarkestWhite && white >= 0.8 * largest) return XyzScale::one;
+  // So many surfaces are never all darker than L* 9, and not one of them lighter.
+  constexpr std::size_t kManyRows = 20;
+  if (y.size() >= kManyRows && largest >= 0.5 && largest <= 1.2) return XyzScale::one;
   return XyzScale::unclear;
-}
-
-// The white of the light and observer that the file states; D50 and 2 degrees where it states none
-// that has a table.
-Tristimulus stated_white(const Conditions& conditions) {
-  namespace Spectral = vantor::ColorTypes::Spectral;
-  using Spectral::Illuminant;
-  using Spectral::Observer;
-  static constexpr std::array<std::pair<std::string_view, Illuminant>, 9> kLights = {
-      {{"A", Illuminant::A},
-       {"C", Illuminant::C},
-       {"D50", Illuminant::D50},
-       {"D55", Illuminant::D55},
-       {"D65", Illuminant::D65},
-       {"D75", Illuminant::D75},
-       {"F2", Illuminant::F2},
-       {"F7", Illuminant::F7},
-       {"F11", Illuminant::F11}}};
-  const bool is_ten_degrees = conditions.observer && conditions.observer->value == "10";
-  const Observer observer = is_ten_degrees ? Observer::Cie1964_10deg : Observer::Cie1931_2deg;
-  std::string_view light = "D50";
-  if (conditions.illuminant) light = conditions.illuminant->value;
-  for (const auto& [name, illuminant] : kLights) {
-    if (name == light) {
-      return Spectral::tableWhitePoint(illuminant, observer, Spectral::TableType::Table5);
-    }
-  }
-  return kD50White;
 }
 
 std::string triple_text(const Tristimulus& xyz) {
@@ -176,7 +152,8 @@ void add_display_lab(Table& table, const Roles& roles) {
 }
 
 void add_lab_from_xyz(Table& table, const Columns& xyz) {
-  const Tristimulus white = stated_white(conditions_of(table.header));
+  const Conditions conditions = conditions_of(table.header);
+  const Tristimulus white = white_of(conditions.illuminant, conditions.observer);
   append_lab(table, xyz, [&white](const Tristimulus& c) { return xyzToLab(c, white); });
   const bool is_d50 = white.x == kD50White.x && white.z == kD50White.z;
   std::string words = is_d50 ? "white D50" : "the white of the light that the file states";
@@ -213,13 +190,64 @@ void add_lab_from_lch(Table& table, const Roles& roles) {
                      table.data_line);
 }
 
+// A print has the Y of its spectra, whatever the light; the numbers of a display differ by a factor
+// of their units.
+bool are_spectra_of_light(Table& table, const Roles& roles, const std::vector<double>& y) {
+  constexpr double kMostReflected = 1.3;
+  SpectralRows spectra(table, roles);
+  double largest = 0.0;
+  for (std::size_t row = 0; row < spectra.size(); ++row) {
+    for (const double value : spectra.row(row)) largest = std::max(largest, value);
+  }
+  if (largest <= kMostReflected) return false;
+  const double ratio = median_ratio(luminance_from_spectra(table, roles), y);
+  const double decades = ratio > 0.0 ? std::log10(ratio) / 2.0 : 0.0;
+  constexpr double kTolerance = 0.07;  // of a factor of 100: 1.38
+  return std::abs(decades - std::round(decades)) > kTolerance;
+}
+
 }  // namespace
+
+Tristimulus white_of(const std::optional<Stated>& stated_illuminant,
+                     const std::optional<Stated>& stated_observer) {
+  namespace Spectral = vantor::ColorTypes::Spectral;
+  using Spectral::Illuminant;
+  using Spectral::Observer;
+  static constexpr std::array<std::pair<std::string_view, Illuminant>, 9> kLights = {
+      {{"A", Illuminant::A},
+       {"C", Illuminant::C},
+       {"D50", Illuminant::D50},
+       {"D55", Illuminant::D55},
+       {"D65", Illuminant::D65},
+       {"D75", Illuminant::D75},
+       {"F2", Illuminant::F2},
+       {"F7", Illuminant::F7},
+       {"F11", Illuminant::F11}}};
+  const bool is_ten_degrees = stated_observer && stated_observer->value == "10";
+  const Observer observer = is_ten_degrees ? Observer::Cie1964_10deg : Observer::Cie1931_2deg;
+  std::string_view light = "D50";
+  if (stated_illuminant) light = stated_illuminant->value;
+  for (const auto& [name, illuminant] : kLights) {
+    if (name == light) {
+      return Spectral::tableWhitePoint(illuminant, observer, Spectral::TableType::Table5);
+    }
+  }
+  return kD50White;
+}
 
 bool use_scale_of_hundred(Table& table) {
   const Roles roles = table.roles();
   if (!roles.has_xyz() || table.content != Content::measurement || is_display(table)) return true;
   const std::vector<double> y = table.numbers(roles.xyz[1]);
   const double largest = largest_of(y);
+  constexpr double kMostReflected = 200.0;
+  if (largest > kMostReflected && !roles.has_lab() && !roles.has_spectra()) {
+    table.findings.add(Severity::doubtful, "xyz-scale",
+                       "Y reaches " + rounded(largest) +
+                           ", more than surfaces reflect, and the white is not known: no Lab.",
+                       table.data_line);
+    return false;
+  }
   switch (xyz_scale_of(table, roles, y, largest)) {
     case XyzScale::hundred:
       return true;
@@ -239,6 +267,26 @@ bool use_scale_of_hundred(Table& table) {
                          ": XYZ is taken to be on a scale of 1 and multiplied by 100.",
                      table.data_line);
   return true;
+}
+
+void recognise_display(Table& table) {
+  constexpr double kLightestPaper = 120.0;  // Y, with fluorescence
+  const Roles roles = table.roles();
+  const bool may_be_display = table.content == Content::measurement && roles.device_set == "RGB" &&
+                              roles.has_xyz() && !roles.has_lab() &&
+                              table.find("DEVICE_CLASS") == nullptr && !is_display(table);
+  if (!may_be_display) return;
+  const std::vector<double> y = table.numbers(roles.xyz[1]);
+  const double largest = largest_of(y);
+  const bool is_light = largest > kLightestPaper && !std::isinf(largest);
+  if (!is_light && !(roles.has_spectra() && are_spectra_of_light(table, roles, y))) return;
+  table.add_keyword("DEVICE_CLASS", "DISPLAY");
+  table.findings.add(Severity::repaired, "display-by-numbers",
+                     is_light ? "Y of RGB patches reaches " + rounded(largest) +
+                                    ", more than paper reflects: taken as a display."
+                              : "The spectra of RGB patches are no reflectances, which their XYZ "
+                                "prove: taken as a display.",
+                     table.data_line);
 }
 
 void add_lab(Table& table, bool is_scale_known) {

@@ -2,9 +2,21 @@
 #ifndef MEASDATA_KIT_PREFLIGHT_LAB_COLUMNS_H
 #define MEASDATA_KIT_PREFLIGHT_LAB_COLUMNS_H
 
+#include "kit/colour/adaptation.h"
+#include "kit/preflight/conditions.h"
 #include "kit/preflight/table.h"
 
+#include <optional>
+
 namespace measkit {
+
+/// The white of the light and observer that a file states; D50 and 2 degrees where it states none
+/// that has a table.
+Tristimulus white_of(const std::optional<Stated>& illuminant,
+                     const std::optional<Stated>& observer);
+
+/// States that RGB patches are those of a display, where their XYZ or spectra prove it.
+void recognise_display(Table& table);
 
 /// Adds XYZ to a table that has chromaticities instead.
 void use_xyz_of_chromaticities(Table& table);

@@ -37,10 +37,10 @@ bool has_blank(std::string_view text) {
 }
 
 // The most bytes that write_item() writes.
-constexpr std::size_t room_for_item(std::size_t size) { return 2 * size + 2; }
+constexpr std::size_t room_for_item(std::size_t size) { return 2 * size + 3; }
 
-// Quotes protect blanks, comment characters and empty cells. Quotes inside quotes are doubled, as
-// the library leaves them when it reads.
+// Quotes protect blanks and empty cells; a blank in front keeps a cell from being a comment. Quotes
+// inside quotes are doubled, as the library leaves them when it reads.
 char* write_item(std::string_view text, char* out) {
   const bool is_plain =
       !text.empty() && text.front() != '#' && text.front() != '"' && !has_blank(text);
@@ -49,6 +49,7 @@ char* write_item(std::string_view text, char* out) {
     return out + text.size();
   }
   *out++ = '"';
+  if (!text.empty() && text.front() == '#') *out++ = ' ';
   for (std::size_t i = 0; i < text.size(); ++i) {
     *out++ = text[i];
     if (text[i] != '"') continue;

@@ -59,6 +59,14 @@ void tell_conditions(Table& table) {
                      conditions.other_m->line);
 }
 
+// Behind spectra that were set aside there may be fields that look like others.
+void use_spectra(Table& table) {
+  constexpr int kMostPrefixes = 8;
+  for (int i = 0; i < kMostPrefixes; ++i) {
+    if (use_reflectance_factors(table) && use_regular_grid(table)) return;
+  }
+}
+
 // The order matters: names before numbers, scales before what is computed from them.
 void repair(Table& table, const char* name) {
   use_format_names(table);
@@ -66,9 +74,9 @@ void repair(Table& table, const char* name) {
   use_format_names(table);
   mark_missing_values(table);
   pair_up_spectra(table);
+  recognise_display(table);
   name_quantity(table);
-  use_reflectance_factors(table);
-  use_regular_grid(table);
+  use_spectra(table);
   use_xyz_of_chromaticities(table);
   const bool is_scale_known = use_scale_of_hundred(table);
   set_placeholders_aside(table);
@@ -145,10 +153,17 @@ bool is_main(const Table& table) {
 
 Preflighted preflight(std::string_view bytes, const char* name) {
   Preflighted result;
-  const std::string_view text = utf8_text(bytes, *result.text, result.findings);
+  std::string_view text = utf8_text(bytes, *result.text, result.findings);
   std::vector<Table> tables;
   if (has_marker_line(text, "BEGIN_DATA")) tables = read_frames(text, result.findings);
-  if (tables.empty()) tables = read_spreadsheet(text, result.findings);
+  if (tables.empty()) {
+    text = with_cells_on_one_line(text, *result.text, result.findings);
+    Findings refusals;
+    tables = read_spreadsheet(text, refusals);
+    // What encoding the bytes have is no news where they are no text.
+    if (refusals.has("not-text")) result.findings = Findings();
+    result.findings.append(refusals);
+  }
   const bool is_only_table = tables.size() == 1;
   std::stable_partition(tables.begin(), tables.end(), is_main);
   for (Table& table : tables) {

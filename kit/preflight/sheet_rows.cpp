@@ -4,6 +4,7 @@
 #include "kit/preflight/line_cursor.h"
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -46,23 +47,95 @@ class RowReader {
   RowReader(const Sheet& sheet, Table& table)
       : sheet_(sheet), table_(table), kept_(kept_columns(sheet.columns)) {}
 
-  void read(std::string_view text) {
+  SheetEnd read(std::string_view text) {
+    SheetEnd end = {text.size(), 0};
     SheetCells cells;
+    bool is_behind_gap = false;
     for (LineCursor lines(text.substr(sheet_.data_start), sheet_.data_line); lines.next();) {
       const std::string_view line = without_blanks(lines.line());
-      if (line.empty() || line.front() == '%') continue;
+      if (line.starts_with('%')) continue;
       cut_cells(lines.line(), sheet_.delimiter, table_.pool, cells);
-      if (filled_width(cells) == 0) continue;
+      if (filled_width(cells) == 0) {
+        is_behind_gap = true;
+        continue;
+      }
+      const bool has_other_width = is_behind_gap && filled_width(cells) > sheet_.columns.size();
+      if (has_other_width || !fits(cells)) {
+        const Names names = names_in(cells, std::exchange(is_behind_gap, false));
+        if (names == Names::own) continue;
+        if (names == Names::of_other_table) {
+          end = {sheet_.data_start + lines.start(), lines.number()};
+          break;
+        }
+      }
+      is_behind_gap = false;
+      if (sheet_.delimiter == Delimiter::blanks) join_words(lines.line(), cells);
       take(cells, line.front() == '#', lines.number());
     }
     tell();
-    finish(text);
+    finish(text.substr(0, end.position));
+    return end;
   }
 
  private:
+  bool fits(const SheetCells& cells) const {
+    return cells.size() >= sheet_.columns.size() && has_numbers(cells);
+  }
+
+  // Blanks cut a name into words, which the cells on both sides leave over. Rows with other cells
+  // too many are emptied.
+  void join_words(std::string_view line, SheetCells& cells) const {
+    const std::size_t width = sheet_.columns.size();
+    if (cells.size() <= width) return;
+    std::size_t name = 0;
+    while (name < width && sheet_.columns[name].kind != Column::Kind::text) ++name;
+    for (std::size_t i = name; i < width; ++i) {
+      if (sheet_.columns[i].name == "SAMPLE_NAME") name = i;
+    }
+    const std::size_t surplus = cells.size() - width;
+    // A cell with doubled quotes lies elsewhere.
+    const auto is_in_line = [line](std::string_view cell) {
+      return !std::less<>()(cell.data(), line.data()) &&
+             !std::less<>()(line.data() + line.size(), cell.data() + cell.size());
+    };
+    const bool are_words =
+        name < width && is_in_line(cells[name]) && is_in_line(cells[name + surplus]) &&
+        std::all_of(cells.begin() + static_cast<std::ptrdiff_t>(name + surplus + 1), cells.end(),
+                    is_number_or_missing);
+    if (!are_words) {
+      cells.clear();
+      return;
+    }
+    const std::string_view last = cells[name + surplus];
+    cells[name] = {cells[name].data(),
+                   static_cast<std::size_t>(last.data() + last.size() - cells[name].data())};
+    const auto rest = cells.begin() + static_cast<std::ptrdiff_t>(name + 1);
+    cells.erase(rest, rest + static_cast<std::ptrdiff_t>(surplus));
+  }
+
+  // What a line that is no row names: these columns again, those of another table, or nothing.
+  // Numbers name wavelengths at most behind a gap.
+  enum class Names { none, own, of_other_table };
+  Names names_in(SheetCells cells, bool is_behind_gap) {
+    constexpr std::size_t kLeast = 2, kMost = 2000;
+    cells.resize(filled_width(cells));
+    const bool is_likely = cells.size() >= kLeast && cells.size() <= cells_to_name_ &&
+                           (is_behind_gap || std::none_of(cells.begin(), cells.end(), is_number));
+    if (!is_likely || cells.size() > kMost) return Names::none;
+    cells_to_name_ -= cells.size();
+    const std::vector<Column> columns = columns_named(cells);
+    if (columns.empty()) return Names::none;
+    const bool is_own =
+        std::equal(columns.rbegin(), columns.rend(), sheet_.columns.rbegin(),
+                   sheet_.columns.rbegin() +
+                       static_cast<std::ptrdiff_t>(std::min(columns.size(), sheet_.columns.size())),
+                   [](const Column& a, const Column& b) { return a.name == b.name; });
+    return is_own ? Names::own : Names::of_other_table;
+  }
+
   void take(SheetCells& cells, bool may_be_comment, std::size_t line) {
     const std::size_t width = sheet_.columns.size();
-    if (cells.size() < width || !has_numbers(cells)) {
+    if (!fits(cells)) {
       if (may_be_comment) return;
       ++losses_.rows;
       if (losses_.left_out++ == 0) {
@@ -153,13 +226,14 @@ class RowReader {
   std::vector<std::size_t> kept_;
   Cells rows_;
   Losses losses_;
+  std::size_t cells_to_name_ = kMostColumns;  // so that no file makes the search long
 };
 
 }  // namespace
 
-Table read_rows(std::string_view text, const Sheet& sheet) {
+Table read_rows(std::string_view text, const Sheet& sheet, SheetEnd& end) {
   Table table;
-  RowReader(sheet, table).read(text);
+  end = RowReader(sheet, table).read(text);
   return table;
 }
 

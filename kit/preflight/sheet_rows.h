@@ -23,8 +23,14 @@ struct Sheet {
 /// Colours need no wavelengths beyond these, in nm, and the library has no weights for them.
 inline constexpr double kShortestWavelength = 360.0, kLongestWavelength = 830.0;
 
+/// Where the line stands that names the columns of another table; the end of the text without one.
+struct SheetEnd {
+  std::size_t position = 0;
+  std::size_t line = 0;
+};
+
 /// The table, with what was left out told in its findings. It has no rows when none fits.
-Table read_rows(std::string_view text, const Sheet& sheet);
+Table read_rows(std::string_view text, const Sheet& sheet, SheetEnd& end);
 
 /// The number with a point for a comma, and nan for a cell that holds no number.
 std::string_view plain_number(std::string_view cell, TextPool& pool);

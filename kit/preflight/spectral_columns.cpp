@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cmath>
 #include <cstdlib>
 #include <string>
@@ -13,9 +14,14 @@
 namespace measkit {
 namespace {
 
+// `word` is in capitals, but values may be in small letters.
 bool value_contains(const Table& table, std::string_view keyword, std::string_view word) {
   const HeaderLine* line = table.find(keyword);
-  return line != nullptr && line->value.find(word) != std::string::npos;
+  if (line == nullptr) return false;
+  return std::search(line->value.begin(), line->value.end(), word.begin(), word.end(),
+                     [](char c, char capital) {
+                       return std::toupper(static_cast<unsigned char>(c)) == capital;
+                     }) != line->value.end();
 }
 
 bool has_value(const Table& table, std::string_view keyword) {
@@ -52,24 +58,36 @@ bool are_wavelengths(const Roles& roles) {
                      [](const SpectralField& spectral) { return spectral.nm >= kShortest; });
 }
 
-// Numbers above 2 in spectra without any evidence by other colours.
+constexpr double kLargestPercent = 200.0;
+
+// Numbers above 2 in spectra without any evidence by other colours. A few rows beyond every
+// reflectance are failed measurements, and do not count.
 struct Extent {
   double largest = 0.0;
   std::size_t rows = 0, rows_above_two = 0;
 };
 
 Extent extent_of(Table& table, const Roles& roles) {
+  constexpr std::size_t kFew = 10;  // one in ten
   Extent extent;
+  double beyond = 0.0;
+  std::size_t rows_beyond = 0;
   SpectralRows spectra(table, roles);
   for (std::size_t row = 0; row < spectra.size(); ++row) {
     double largest = 0.0;
     for (const double value : spectra.row(row)) {
       largest = value > largest ? value : largest;  // false for not-a-number
     }
-    extent.largest = std::max(extent.largest, largest);
     ++extent.rows;
+    if (largest > kLargestPercent) {
+      beyond = std::max(beyond, largest);
+      ++rows_beyond;
+      continue;
+    }
+    extent.largest = std::max(extent.largest, largest);
     if (largest > 2.0) ++extent.rows_above_two;
   }
+  if (kFew * rows_beyond > extent.rows) extent.largest = beyond;
   return extent;
 }
 
@@ -77,7 +95,7 @@ enum class Scale { factor, percent, unclear, neither };
 
 // The file's own colours decide where it has some; else how large the numbers are.
 Scale scale_of(Table& table, const Roles& roles, const Extent& extent) {
-  constexpr double kSurelyPercent = 10.0, kLargestPercent = 200.0, kLargestFluorescence = 1.3;
+  constexpr double kSurelyPercent = 10.0, kLargestFluorescence = 1.3;
   if (extent.largest <= 0.0 || std::isinf(extent.largest)) return Scale::factor;
   // Lab beside spectra takes cutting the cells, which is worth it only where there is a doubt.
   const bool is_stated = table.is_in_percent || table.find("SPECTRAL_NORM") != nullptr;
@@ -95,7 +113,8 @@ Scale scale_of(Table& table, const Roles& roles, const Extent& extent) {
   if (const HeaderLine* norm = table.find("SPECTRAL_NORM")) {
     const double value = std::strtod(norm->value.c_str(), nullptr);
     if (value == 100.0) return Scale::percent;
-    if (value == 1.0) return Scale::factor;
+    const bool are_surfaces = 2 * extent.rows_above_two < extent.rows;
+    if (value == 1.0) return are_surfaces ? Scale::factor : Scale::neither;
   }
   if (extent.largest > kLargestPercent) return Scale::neither;
   if (extent.largest > kSurelyPercent || 2 * extent.rows_above_two >= extent.rows) {
@@ -153,10 +172,15 @@ void name_quantity(Table& table) {
   const bool is_emission =
       !is_reflectance && (table.content == Content::emission_spectra || is_display(table) ||
                           states(table, {"EMISSI", "AMBIENT", "RADIANCE"}) ||
-                          value_contains(table, "SPECTRAL_NORM", "mW"));
+                          value_contains(table, "SPECTRAL_NORM", "MW"));
   if (!is_emission) return;
-  for (const SpectralField& spectral : roles.spectra) {
-    table.rename(spectral.field, emission_field_name(spectral.nm));
+  // Behind the fields of one prefix there may be others.
+  constexpr int kMostPrefixes = 8;
+  Roles rest = roles;
+  for (int i = 0; i < kMostPrefixes && rest.has_spectra(); ++i, rest = table.roles()) {
+    for (const SpectralField& spectral : rest.spectra) {
+      table.rename(spectral.field, emission_field_name(spectral.nm));
+    }
   }
   table.findings.add(Severity::repaired, "emission-spectra",
                      "The spectra are emissions, not reflectances: kept in fields " +
@@ -166,9 +190,9 @@ void name_quantity(Table& table) {
                      table.data_line);
 }
 
-void use_reflectance_factors(Table& table) {
+bool use_reflectance_factors(Table& table) {
   const Roles roles = table.roles();
-  if (!roles.has_spectra() || table.row_count() == 0 || !are_wavelengths(roles)) return;
+  if (!roles.has_spectra() || table.row_count() == 0 || !are_wavelengths(roles)) return true;
   const Extent extent = extent_of(table, roles);
   const Scale scale = scale_of(table, roles, extent);
   if (scale == Scale::percent) {
@@ -179,9 +203,13 @@ void use_reflectance_factors(Table& table) {
         table.data_line);
     if (HeaderLine* norm = table.find("SPECTRAL_NORM")) table.set_value(*norm, "1");
   } else if (scale == Scale::neither) {
+    for (const SpectralField& spectral : roles.spectra) {
+      table.rename(spectral.field, "OTHER_" + text_of(spectral.nm) + "_NM");
+    }
     table.findings.add(Severity::doubtful, "spectral-scale",
                        "Reflectances reach " + rounded(extent.largest) +
-                           ", which are neither percent nor factors: left as they are.",
+                           ", which are neither percent nor factors: kept in fields OTHER_" +
+                           text_of(roles.spectra.front().nm) + "_NM and so on, without Lab.",
                        table.data_line);
   } else if (scale == Scale::unclear) {
     table.findings.add(Severity::doubtful, "spectral-scale",
@@ -190,6 +218,7 @@ void use_reflectance_factors(Table& table) {
                            "one: left as they are, read as factors.",
                        table.data_line);
   }
+  return scale != Scale::neither;
 }
 
 }  // namespace measkit

@@ -13,8 +13,9 @@ void pair_up_spectra(Table& table);
 /// transmittances are told.
 void name_quantity(Table& table);
 
-/// Percent become factors, by moving the decimal point.
-void use_reflectance_factors(Table& table);
+/// Percent become factors, by moving the decimal point. False when the numbers are no reflectances,
+/// and their fields were set aside.
+bool use_reflectance_factors(Table& table);
 
 /// True for measurements of a display.
 bool is_display(const Table& table);

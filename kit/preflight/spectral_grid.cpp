@@ -145,13 +145,13 @@ GridAverage::GridAverage(const std::vector<double>& wavelengths, double step) {
   }
 }
 
-void use_regular_grid(Table& table) {
+bool use_regular_grid(Table& table) {
   std::vector<SpectralField> spectra = table.roles().spectra;
-  if (spectra.empty()) return;
+  if (spectra.empty()) return true;
   std::vector<double> wavelengths;
   wavelengths.reserve(spectra.size());
   for (const SpectralField& spectral : spectra) wavelengths.push_back(spectral.nm);
-  if (is_taken_by_library(wavelengths) && wavelengths.front() <= wavelengths.back()) return;
+  if (is_taken_by_library(wavelengths) && wavelengths.front() <= wavelengths.back()) return true;
   std::stable_sort(spectra.begin(), spectra.end(),
                    [](const auto& a, const auto& b) { return a.nm < b.nm; });
   for (std::size_t i = 0; i < spectra.size(); ++i) wavelengths[i] = spectra[i].nm;
@@ -165,12 +165,13 @@ void use_regular_grid(Table& table) {
     set_aside(table, spectra,
               "The spectra cannot be used: " + range_text(wavelengths) +
                   " do not make an even grid, and are up to " + rounded(gap) + " nm apart.");
-    return;
+    return false;
   }
   const double step =
       (wavelengths.back() - wavelengths.front()) / static_cast<double>(wavelengths.size() - 1);
   const bool is_fine = is_whole(std::round(kFineStep / step * 1000.0) / 1000.0);
   average(table, spectra, wavelengths, is_fine ? kFineStep : kCoarseStep);
+  return true;
 }
 
 }  // namespace measkit

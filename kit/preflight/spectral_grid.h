@@ -11,8 +11,8 @@
 namespace measkit {
 
 /// Spectra on a grid that the library refuses, such as one of 3.33 nm, are averaged to 5 or 10 nm.
-/// Where samples are too far apart for that, they are set aside.
-void use_regular_grid(Table& table);
+/// Where samples are too far apart for that, they are set aside; false then.
+bool use_regular_grid(Table& table);
 
 /// How the values of a new grid are made of the old ones.
 class GridAverage {

@@ -20,25 +20,30 @@ struct Line {
   std::string_view text;
   std::size_t number = 0;
   std::size_t end = 0;  // position behind its line break
+  bool is_behind_gap = false;
 };
 
 // A header line stands near the start.
-std::vector<Line> first_lines(std::string_view text) {
+std::vector<Line> first_lines(std::string_view text, std::size_t first_line) {
   constexpr std::size_t kMostLines = 500;
   std::vector<Line> lines;
-  for (LineCursor cursor(text); lines.size() < kMostLines && cursor.next();) {
+  for (LineCursor cursor(text, first_line); lines.size() < kMostLines && cursor.next();) {
     const std::string_view content = without_blanks(cursor.line());
-    if (!content.empty()) lines.push_back({content, cursor.number(), cursor.end()});
+    const bool is_behind_gap = !lines.empty() && lines.back().number + 1 != cursor.number();
+    if (!content.empty()) {
+      lines.push_back({content, cursor.number(), cursor.end(), is_behind_gap});
+    }
   }
   return lines;
 }
 
 // The last line of a text that begins with a percent sign, as tables of design programs have it.
-std::optional<Line> last_percent_line(std::string_view text) {
+std::optional<Line> last_percent_line(std::string_view text, std::size_t first_line) {
   std::optional<Line> found;
   if (text.find('%') == std::string_view::npos) return found;
-  for (LineCursor cursor(text); cursor.next();) {
-    if (cursor.line().starts_with('%')) found = {cursor.line(), cursor.number(), cursor.end()};
+  for (LineCursor cursor(text, first_line); cursor.next();) {
+    if (cursor.line().starts_with('%'))
+      found = {cursor.line(), cursor.number(), cursor.end(), false};
   }
   return found;
 }
@@ -49,6 +54,7 @@ std::string_view without_comment_sign(std::string_view line) {
 
 struct Candidate {
   Sheet sheet;
+  std::string_view header;  // the line that names the columns
   std::size_t fitting_rows = 0, understood = 0;
 
   bool is_better_than(const Candidate& other) const {
@@ -95,6 +101,7 @@ class HeaderFinder {
     cells_to_read_ -= cells.size();
     Candidate candidate;
     candidate.sheet = {delimiter_, columns_named(cells), line.number, line.end, line.number + 1};
+    candidate.header = line.text;
     if (candidate.sheet.columns.empty()) return std::nullopt;
     return fit(candidate, first_row) ? std::optional(std::move(candidate)) : std::nullopt;
   }
@@ -111,6 +118,10 @@ class HeaderFinder {
     for (std::size_t i = first_row; i < shapes_.size() && looked < kMostLooked; ++i) {
       const RowShape& shape = shapes_[i];
       if (shape.width == 0) continue;
+      const bool may_name_others = (shape.numbers == 0 && shape.filled > 1) ||
+                                   (lines_[i].is_behind_gap && shape.filled != columns.size() &&
+                                    shape.filled != columns.size() + 1);
+      if (may_name_others && same + wider != 0) break;
       ++looked;
       if (shape.numbers == 0 || 2 * shape.numbers < measured) continue;
       if (shape.filled == columns.size() + 1) ++wider;
@@ -134,9 +145,10 @@ class HeaderFinder {
   std::size_t cells_to_read_ = 5 * kMostColumns;  // so that no file makes the search long
 };
 
-std::optional<Candidate> best_candidate(std::string_view text, const std::vector<Line>& lines) {
+std::optional<Candidate> best_candidate(std::string_view text, std::size_t first_line,
+                                        const std::vector<Line>& lines) {
   std::optional<Candidate> best;
-  const std::optional<Line> percent_line = last_percent_line(text);
+  const std::optional<Line> percent_line = last_percent_line(text, first_line);
   for (const Delimiter delimiter : kDelimiters) {
     HeaderFinder finder(lines, delimiter);
     std::optional<Candidate> candidate;
@@ -144,7 +156,7 @@ std::optional<Candidate> best_candidate(std::string_view text, const std::vector
       candidate = finder.at(*percent_line, 0);
       if (candidate) {  // rows may stand above it, too
         candidate->sheet.data_start = 0;
-        candidate->sheet.data_line = 1;
+        candidate->sheet.data_line = first_line;
       }
     }
     if (!candidate) candidate = finder.first();
@@ -214,12 +226,9 @@ void tell_names(const SheetCells& header, const Sheet& sheet, bool has_xyz, Tabl
 }
 
 // The cells of the line that names the columns.
-SheetCells header_cells(std::string_view text, const Sheet& sheet, TextPool& pool) {
+SheetCells header_cells(std::string_view line, const Sheet& sheet, TextPool& pool) {
   SheetCells cells;
-  LineCursor cursor(text);
-  while (cursor.next() && cursor.number() != sheet.header_line) {
-  }
-  cut_cells(without_comment_sign(without_blanks(cursor.line())), sheet.delimiter, pool, cells);
+  cut_cells(without_comment_sign(without_blanks(line)), sheet.delimiter, pool, cells);
   cells.resize(filled_width(cells));
   return cells;
 }
@@ -270,14 +279,19 @@ bool has_inks(const Sheet& sheet) {
                      [](const Column& column) { return column.name.starts_with("CMYK"); });
 }
 
-std::optional<Table> read_sheet(std::string_view text) {
-  const std::vector<Line> lines = first_lines(text);
-  const std::optional<Candidate> candidate = best_candidate(text, lines);
+// The first table from `start` on, and where the next one begins.
+std::optional<Table> read_sheet(std::string_view whole_text, SheetEnd& end) {
+  const std::size_t first_line = end.line;
+  const std::string_view text = whole_text.substr(end.position);
+  const std::vector<Line> lines = first_lines(text, first_line);
+  const std::optional<Candidate> candidate = best_candidate(text, first_line, lines);
   if (!candidate) return std::nullopt;
   const Sheet& sheet = candidate->sheet;
-  Table table = read_rows(text, sheet);
+  SheetEnd next;
+  Table table = read_rows(text, sheet, next);
   if (table.row_count() == 0) return std::nullopt;
-  const SheetCells header = header_cells(text, sheet, table.pool);
+  end = {end.position + next.position, next.line};
+  const SheetCells header = header_cells(candidate->header, sheet, table.pool);
   const bool has_xyz = !set_other_xyz_aside(header, table);
   if (!has_meaning(table.roles()) && !has_inks(sheet)) return std::nullopt;
   take_keywords(lines, sheet, table);
@@ -293,14 +307,89 @@ std::optional<Table> read_sheet(std::string_view text) {
   return table;
 }
 
+// All tables, each below a line that names its columns.
+std::vector<Table> read_sheets(std::string_view text) {
+  constexpr std::size_t kMostTables = 100;
+  std::vector<Table> tables;
+  SheetEnd end = {0, 1};
+  while (end.position < text.size() && tables.size() < kMostTables) {
+    std::optional<Table> table = read_sheet(text, end);
+    if (!table) break;
+    tables.push_back(*std::move(table));
+  }
+  if (!tables.empty() && end.position < text.size()) {
+    tables.back().findings.add(Severity::note, "lines-behind",
+                               "There is text behind the last row of the table, which is not read.",
+                               end.line);
+  }
+  return tables;
+}
+
+constexpr std::string_view kLineBreaks = "\r\n";
+
+// Where a quoted cell ends that begins at `start`, behind its closing quote; npos for text that is
+// no quoted cell.
+std::size_t end_of_quoted_cell(std::string_view text, std::size_t start) {
+  constexpr std::size_t kLongestCell = 1000;
+  const std::string_view near = text.substr(0, std::min(text.size(), start + kLongestCell));
+  std::size_t at = near.find('"', start + 1);
+  while (at != std::string_view::npos && at + 1 < near.size() && near[at + 1] == '"') {
+    at = near.find('"', at + 2);
+  }
+  if (at == std::string_view::npos) return at;
+  ++at;
+  const bool ends_cell =
+      at == text.size() || std::string_view("\t;,\r\n").find(text[at]) != std::string_view::npos;
+  return ends_cell ? at : std::string_view::npos;
+}
+
 }  // namespace
+
+std::string_view with_cells_on_one_line(std::string_view text, std::string& storage,
+                                        Findings& findings) {
+  std::string made, breaks;  // those taken out of cells go behind their row
+  std::size_t copied = 0, count = 0;
+  for (std::size_t quote = text.find('"'); quote != std::string_view::npos;) {
+    const bool begins_cell =
+        quote == 0 || std::string_view("\t;,\r\n").find(text[quote - 1]) != std::string_view::npos;
+    const std::size_t end = begins_cell ? end_of_quoted_cell(text, quote) : std::string_view::npos;
+    if (end == std::string_view::npos) {
+      quote = text.find('"', quote + 1);
+      continue;
+    }
+    const std::string_view cell = text.substr(quote, end - quote);
+    quote = text.find('"', end);
+    if (cell.find_first_of(kLineBreaks) == std::string_view::npos) continue;
+    ++count;
+    made.append(text, copied, static_cast<std::size_t>(cell.data() - text.data()) - copied);
+    for (std::size_t i = 0; i < cell.size(); ++i) {
+      const bool is_break = kLineBreaks.find(cell[i]) != std::string_view::npos;
+      made += is_break ? ' ' : cell[i];
+      if (is_break) breaks += cell[i];
+    }
+    copied = end;
+    const std::size_t row_end = std::min(text.find_first_of(kLineBreaks, end), text.size());
+    if (quote != std::string_view::npos && quote < row_end) continue;
+    made.append(text, copied, row_end - copied).append(breaks);
+    breaks.clear();
+    copied = row_end;
+  }
+  if (count == 0) return text;
+  made.append(text, copied).append(breaks);
+  findings.add(Severity::repaired, "breaks-in-cells",
+               std::to_string(count) + (count == 1 ? " quoted cell goes" : " quoted cells go") +
+                   " over several lines: the line breaks are taken as blanks.");
+  storage = std::move(made);
+  return storage;
+}
 
 std::vector<Table> read_spreadsheet(std::string_view text, Findings& findings) {
   std::vector<Table> tables;
   std::optional<Refusal> refusal = refusal_of_kind(text);
   if (!refusal) {
     std::optional<Table> table = read_transposed(text, WavelengthProof::named, refusal);
-    if (!table && !refusal) table = read_sheet(text);
+    if (!table && !refusal) tables = read_sheets(text);
+    if (!tables.empty()) return tables;
     if (!table && !refusal) table = read_transposed(text, WavelengthProof::even, refusal);
     if (table) {
       tables.push_back(*std::move(table));

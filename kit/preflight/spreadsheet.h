@@ -5,13 +5,19 @@
 
 #include "kit/preflight/table.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
 namespace measkit {
 
-/// One table, or none when nothing proves what the columns are; a finding then tells in one
-/// sentence what was seen and what would help. `text` must outlive the table.
+/// The text with blanks for the line breaks inside quoted cells, in `storage`; the text itself when
+/// there are none. `text` may lie in `storage`.
+std::string_view with_cells_on_one_line(std::string_view text, std::string& storage,
+                                        Findings& findings);
+
+/// The tables of the text, or none when nothing proves what the columns are; a finding then tells
+/// in one sentence what was seen and what would help. `text` must outlive the tables.
 std::vector<Table> read_spreadsheet(std::string_view text, Findings& findings);
 
 }  // namespace measkit

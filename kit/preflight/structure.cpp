@@ -1,5 +1,6 @@
 #include "kit/preflight/structure.h"
 
+#include "kit/preflight/device_columns.h"
 #include "kit/preflight/loaded_numbers.h"
 #include "kit/preflight/row_cutter.h"
 
@@ -49,11 +50,38 @@ void settle_width(Table& table, std::size_t width) {
   table.fields.resize(width);
 }
 
-// What programs write for "not measured". A number may not follow the signs.
+// Names with blanks, between separators that the rows have, too.
+void settle_names(Table& table) {
+  const std::vector<std::string> names =
+      names_at_separator(table.field_list, table.fields.size(), table.data);
+  if (names.empty()) return;
+  table.fields.clear();
+  for (const std::string& name : names) {
+    table.fields.push_back({name, static_cast<int>(table.fields.size())});
+  }
+  table.is_as_it_stands = false;
+  table.findings.add(Severity::repaired, "field-names",
+                     "The list of fields is cut where the rows are: it has " +
+                         std::to_string(names.size()) + " names.",
+                     table.data_line);
+  use_format_names(table);
+}
+
+// True for "1.5", "-,5" and the words of the format for what is no number.
+bool begins_with_number(std::string_view cell) {
+  if (cell.starts_with('-') || cell.starts_with('+')) cell.remove_prefix(1);
+  if (cell.starts_with('.') || cell.starts_with(',')) cell.remove_prefix(1);
+  if (cell.empty()) return false;
+  static constexpr std::array<std::string_view, 6> kWords = {"nan", "NaN", "NAN",
+                                                             "inf", "Inf", "INF"};
+  return (cell.front() >= '0' && cell.front() <= '9') ||
+         std::find(kWords.begin(), kWords.end(), cell) != kWords.end();
+}
+
+// What programs write for "not measured": signs, words, and what the C library of one system prints
+// for numbers without a value, such as 1.#QNAN.
 bool is_missing(std::string_view cell) {
-  return cell.empty() || cell == "<" || cell == ">" || cell == "*" || cell == "-" ||
-         cell.find_first_not_of('-') == std::string_view::npos ||
-         cell.find_first_not_of('*') == std::string_view::npos || cell == "n/a" || cell == "N/A";
+  return !begins_with_number(cell) || cell.find(".#") != std::string_view::npos;
 }
 
 }  // namespace
@@ -61,7 +89,9 @@ bool is_missing(std::string_view cell) {
 void settle_structure(Table& table, const char* name) {
   if (table.is_as_it_stands) load_numbers(table, name);
   if (!table.is_loaded() && !table.is_cut()) {
-    CutRows rows = cut_rows(table.data, table.data_line, table.fields.size(), table.findings);
+    settle_names(table);
+    CutRows rows = cut_rows(table.data, table.data_line, table.fields.size(), table.findings,
+                            table.roles().name);
     if (!rows.is_plain) table.is_as_it_stands = false;
     if (rows.cells.width != table.fields.size()) settle_width(table, rows.cells.width);
     table.set_cells(std::move(rows.cells));

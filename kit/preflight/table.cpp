@@ -118,6 +118,7 @@ void Table::remove_fields(std::vector<int> positions) {
 
 void Table::set_value(HeaderLine& line, std::string value) {
   line.raw = pool.add(std::string(line.keyword) + " \"" + value + "\"");
+  if (line.line != 0 && line.own_value.empty()) line.own_value = std::move(line.value);
   line.value = std::move(value);
   is_as_it_stands = false;
 }

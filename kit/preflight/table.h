@@ -17,10 +17,11 @@ namespace measkit {
 
 /// A line of the header. Views lie in the file's text or in the table's pool.
 struct HeaderLine {
-  std::string_view raw;      ///< as it stands, without its line break
-  std::string_view keyword;  ///< empty for comments and blank lines
-  std::string value;         ///< the items behind the keyword, joined by blanks
-  std::size_t line = 0;      ///< counted from 1; 0 when the kit made it
+  std::string_view raw;        ///< as it stands, without its line break
+  std::string_view keyword;    ///< empty for comments and blank lines
+  std::string value;           ///< the items behind the keyword, joined by blanks
+  std::size_t line = 0;        ///< counted from 1; 0 when the kit made it
+  std::string own_value = {};  ///< of the file, when the kit wrote another one
 };
 
 struct Field {
@@ -51,8 +52,9 @@ class Table {
   std::string identifier;  ///< of the first line; empty without one
   std::vector<HeaderLine> header;
   std::vector<Field> fields;
-  std::string_view data;      ///< the rows, without BEGIN_DATA and END_DATA
-  std::size_t data_line = 0;  ///< where `data` begins
+  std::string_view field_list;  ///< the line that names the fields; empty when several lines do
+  std::string_view data;        ///< the rows, without BEGIN_DATA and END_DATA
+  std::size_t data_line = 0;    ///< where `data` begins
   /// Cells of a row before the first that matters as a number.
   std::size_t text_cells = 0;
   /// A plain text made in advance, with the points of its fields moved by `shifts`.

@@ -185,7 +185,7 @@ class TransposedReader {
     }
   }
 
-  // x, y, z or l, m, s and nothing else, with or without "bar" and the observer's angle.
+  // x, y, z or l, m, s or r, g, b and nothing else, with or without "bar" and the observer's angle.
   bool are_matching_functions() const {
     std::string letters;
     for (const std::size_t sample : samples_) {
@@ -197,7 +197,7 @@ class TransposedReader {
       if (key.size() != 1) return false;
       letters += key;
     }
-    return letters == "xyz" || letters == "lms";
+    return letters == "xyz" || letters == "lms" || letters == "rgb";
   }
 
   static bool is_kept(double nm) { return nm >= kShortestWavelength && nm <= kLongestWavelength; }

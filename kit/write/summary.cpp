@@ -54,7 +54,8 @@ std::string wavelengths_text(std::string_view name, const std::vector<double>& w
   text += " " + formatted("%g", wavelengths.front()) + " to " +
           formatted("%g", wavelengths.back()) + " nm";
   if (wavelengths.size() > 1) {
-    text += " by " + formatted("%.4g", wavelengths[1] - wavelengths[0]) + " nm";
+    const double steps = static_cast<double>(wavelengths.size() - 1);
+    text += " by " + formatted("%.4g", (wavelengths.back() - wavelengths.front()) / steps) + " nm";
   }
   return text;
 }
@@ -208,8 +209,9 @@ std::string kind_text(const Chart& chart) {
 }
 
 std::string difference_text(const LabDifference& difference) {
-  return "Delta E*ab of the file's own Lab: median " + formatted("%.2f", difference.median) +
-         ", 95 % " + formatted("%.2f", difference.percentile_95) + ", largest " +
+  return std::string("Delta E*ab of the file's own ") + (difference.is_of_xyz ? "XYZ" : "Lab") +
+         ": median " + formatted("%.2f", difference.median) + ", 95 % " +
+         formatted("%.2f", difference.percentile_95) + ", largest " +
          formatted("%.2f", difference.largest);
 }
 

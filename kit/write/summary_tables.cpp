@@ -22,7 +22,7 @@ std::string name_cell(std::string_view text) { return shortened(text, kLongName)
 class Shown {
  public:
   Shown(std::size_t count, std::size_t most) : count_(count) {
-    if (count <= most) {
+    if (count <= most || count - 1 == most) {  // a gap takes a line, too
       first_ = count;
     } else {
       last_ = most / 3;

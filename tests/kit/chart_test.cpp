@@ -211,6 +211,15 @@ TEST(Chart, OwnLabAreComparedWithThoseOfTheSpectra) {
   EXPECT_TRUE(std::none_of(cut.findings.begin(), cut.findings.end(), [](const Finding& finding) {
     return finding.code == "own-lab-differs";
   }));
+
+  // XYZ for D65 and 10 degrees, twice as light as the spectra say.
+  const Chart of_xyz = chart_from("ILLUMINANT D65\nOBSERVER \"10\xC2\xB0\"\n",
+                                  "XYZ_X XYZ_Y XYZ_Z" + spectral_fields(),
+                                  "94.811 100 107.304" + flat_spectrum("0.5") + "\n");
+  ASSERT_TRUE(of_xyz.lab_difference.has_value());
+  EXPECT_TRUE(of_xyz.lab_difference->is_of_xyz);
+  EXPECT_NEAR(of_xyz.lab_difference->largest, 100.0 - kHalf, 0.02);
+  EXPECT_EQ(of_xyz.conditions.observer->words, "10\xC2\xB0");  // not as the kit writes it
 }
 
 TEST(Chart, ColumnsWithoutAQuestionAreTaken) {

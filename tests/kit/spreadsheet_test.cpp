@@ -129,6 +129,22 @@ TEST(Sheets, OfFineStepsAreAveraged) {
   EXPECT_NEAR(lab[0], 116.0 * std::cbrt(0.5) - 16.0, 0.01);  // an even grey of half the light
 }
 
+// Tables one below the other, and cells that go over lines.
+TEST(Sheets, HoldSeveralTables) {
+  const Preflighted file = measkit::preflight(
+      "Chart 1\nid,L,a,b\n\"1\r\nleft\",50,1,2\n2,40,3,4\n\nid,L,a,b\n3,30,5,6\n\n"
+      "id,400,410,420,430\n4,.1,.2,.3,.4\n\nid,X,Y,Z\nno rows\n",
+      "sheet.csv");
+  EXPECT_EQ(codes_of(file.findings), "breaks-in-cells");
+  ASSERT_EQ(file.tables.size(), 2U);
+  EXPECT_EQ(rows_of(file.tables[0]->text),
+            "SAMPLE_ID LAB_L LAB_A LAB_B|\"1  left\" 50 1 2|2 40 3 4|3 30 5 6");
+  EXPECT_EQ(rows_of(file.tables[1]->text),
+            "SAMPLE_ID SPECTRAL_NM400 SPECTRAL_NM410 SPECTRAL_NM420 SPECTRAL_NM430|4 .1 .2 .3 .4");
+  EXPECT_EQ(file.tables[1]->table.line_of(0), 11U);
+  EXPECT_TRUE(file.tables[1]->table.findings.has("lines-behind"));
+}
+
 struct Refused {
   std::string text;
   const char* code;
@@ -139,7 +155,7 @@ TEST(Sheets, WithoutMeaningAreRefusedInASentence) {
   const Refused cases[] = {
       {"", "empty-file", "empty"},
       {"%PDF-1.4\n", "not-text", "PDF"},
-      {std::string("a\0\1\2b", 5), "not-text", "binary"},
+      {std::string("a\0\1\2\xE9", 5), "not-text", "binary"},
       {"<?xml version=\"1.0\"?><a/>", "xml", "XML"},
       {"Sehr geehrte Frau M,\nich schreibe, um zu fragen.\n", "no-table", "2 lines"},
       {"item,price\nmilk,1.29\nbread,2\n", "names-missing", "item, price"},

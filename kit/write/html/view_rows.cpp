@@ -94,7 +94,7 @@ void fill_colour(View& view, const Chart& chart) {
   if (!chart.lab_difference) return;
   const LabDifference& difference = *chart.lab_difference;
   view.colour.push_back(
-      {"the file's own Lab",
+      {difference.is_of_xyz ? "the file's own XYZ" : "the file's own Lab",
        "differ by \u0394E*<sub>ab</sub> " + decimal(difference.median, 2) + " in the median, " +
            decimal(difference.percentile_95, 2) + " for 95 %, " + decimal(difference.largest, 2) +
            " at most (" + html_text(patch_label(chart, difference.largest_patch), kLongName) + ")",

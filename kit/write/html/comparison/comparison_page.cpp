@@ -53,7 +53,7 @@ std::string comparison_page_of(std::span<const ComparedSample> samples) {
       sections);
 }
 
-std::string comparison_page_of(std::span<const JudgedComparison> samples) {
+std::string page_of_judged(std::span<const JudgedComparison> samples) {
   std::vector<ComparedSample> compared;
   for (const JudgedComparison& judged : samples)
     compared.push_back({&judged.comparison, judged.verdicts});

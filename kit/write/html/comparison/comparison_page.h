@@ -20,7 +20,7 @@ struct ComparedSample {
 /// The page. All samples have the same reference and stand side by side, on the same scales. It
 /// shows the first eight.
 std::string comparison_page_of(std::span<const ComparedSample> samples);
-std::string comparison_page_of(std::span<const JudgedComparison> samples);
+std::string page_of_judged(std::span<const JudgedComparison> samples);
 
 }  // namespace measkit::html
 
