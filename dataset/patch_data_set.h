@@ -2,6 +2,8 @@
 #ifndef MEASDATA_DATASET_PATCH_DATA_SET_H
 #define MEASDATA_DATASET_PATCH_DATA_SET_H
 
+#include "colortypes/pair_distances.h"
+#include "colortypes/repeats.h"
 #include "colortypes/spectral/spectral_conversion.h"
 #include "colortypes/value_table.h"
 #include "dataset/text_column.h"
@@ -9,6 +11,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -91,13 +94,9 @@ struct PatchDataSet {
 
   /// True for a data set whose repeated measurements were merged.
   bool is_merged = false;
-  // How many measurements were merged, and how far they lie apart. All are left out, which stands
-  // for 0 throughout, where no patch repeats.
-  std::vector<std::int32_t> repeat_counts;
-  std::vector<double> spectral_distance_mean;
-  std::vector<double> spectral_distance_max;
-  std::vector<double> de_mean;  ///< Delta E*ab
-  std::vector<double> de_max;
+  ColorTypes::RepeatGroups repeats;  ///< the patches that were merged into each of these
+  /// Delta E*ab within them, as far as somebody asked for it; empty before.
+  std::vector<std::optional<ColorTypes::Distances>> repeat_distances;
 
   std::string messages;                          ///< diagnostics of the build
   std::vector<std::string> unclassified_fields;  ///< names of the fields that no role wants
