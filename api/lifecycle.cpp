@@ -31,6 +31,19 @@ void clear_after_failure(ParserState& state) {
   state.chart.all_patches.messages = std::move(messages);
 }
 
+// The build after a successful read.
+int build(ParserState& state, const MeasFileParser& reader, const char* name) noexcept {
+  const vantor::DataSet::DeviceFlags flags_before = state.chart.device_flags;
+  try {
+    return vantor::DataSet::build_chart(state.chart, reader, name) ? 1 : 0;
+  } catch (const std::exception&) {
+    state.chart.device_flags = flags_before;
+    state.chart.all_patches.messages = kOutOfMemory;
+    clear_after_failure(state);
+    return 0;
+  }
+}
+
 // `read` fills all_patches with a reader. The name may be a text that this handle returned.
 template <typename Read>
 int load(void* handle, const char* name, Read read) noexcept {
@@ -40,7 +53,7 @@ int load(void* handle, const char* name, Read read) noexcept {
     const std::string name_copy(name == nullptr ? "" : name);
     MeasFileParser reader(state.parse_mode + 1);
     if (read(state.chart.all_patches, reader, name_copy)) {
-      return parse(handle, &reader, name == nullptr ? nullptr : name_copy.c_str());
+      return build(state, reader, name == nullptr ? nullptr : name_copy.c_str());
     }
   } catch (const std::exception&) {  // no memory, or more than a container can hold
     state.chart.all_patches.messages = kOutOfMemory;
@@ -85,16 +98,7 @@ int parse_mem(void* handle, size_t length, const char* block, const char* name) 
 
 int parse(void* handle, MeasFileParser* reader, const char* name) noexcept {
   if (handle == nullptr || reader == nullptr) return 0;
-  ParserState& state = *state_of(handle);
-  const vantor::DataSet::DeviceFlags flags_before = state.chart.device_flags;
-  try {
-    return vantor::DataSet::build_chart(state.chart, *reader, name) ? 1 : 0;
-  } catch (const std::exception&) {
-    state.chart.device_flags = flags_before;
-    state.chart.all_patches.messages = kOutOfMemory;
-    clear_after_failure(state);
-    return 0;
-  }
+  return build(*state_of(handle), *reader, name);
 }
 
 void set_parse_mode(void* handle, int mode) noexcept {
