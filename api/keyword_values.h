@@ -5,16 +5,9 @@
 #ifndef MEASDATA_API_KEYWORD_VALUES_H
 #define MEASDATA_API_KEYWORD_VALUES_H
 
-#include "dataset/keyword_store.h"
-
-#include <span>
-
 namespace vantor::Api {
 
-/// All entries of that name, in order; none for a null handle or name.
-std::span<const DataSet::Keyword> find_keyword(void* handle, const char* name);
-
-/// The i-th value of a keyword; null when there is none.
+/// The i-th value of a keyword; null when there is none, and for a null handle or name.
 const char* keyword_value(void* handle, int i, const char* name);
 inline const char* keyword_value(void* handle, const char* name) {
   return keyword_value(handle, 0, name);

@@ -5,24 +5,16 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <span>
 
-using vantor::Api::find_keyword;
-using vantor::Api::is_position;
 using vantor::Api::keyword_value;
 using vantor::Api::state_of;
 using vantor::DataSet::Keyword;
 using vantor::DataSet::KeywordStore;
 
-std::span<const Keyword> vantor::Api::find_keyword(void* handle, const char* name) {
-  if (handle == nullptr || name == nullptr) return {};
-  return state_of(handle)->chart.keywords.find(name);
-}
-
 const char* vantor::Api::keyword_value(void* handle, int i, const char* name) {
-  const auto entries = find_keyword(handle, name);
-  return is_position(i, entries.size()) ? entries[static_cast<std::size_t>(i)].value.data()
-                                        : nullptr;
+  if (handle == nullptr || name == nullptr || i < 0) return nullptr;
+  const Keyword* keyword = state_of(handle)->chart.keywords.find(name, static_cast<std::size_t>(i));
+  return keyword == nullptr ? nullptr : keyword->value.data();
 }
 
 namespace {
@@ -30,7 +22,7 @@ namespace {
 // The entry at a position of the whole store; positions below 0 count as 0.
 const Keyword* keyword_at(void* handle, int i) {
   if (handle == nullptr) return nullptr;
-  const KeywordStore& store = state_of(handle)->chart.keywords;
+  KeywordStore& store = state_of(handle)->chart.keywords;
   const auto position = static_cast<std::size_t>(std::max(i, 0));
   return position < store.size() ? &store.at(position) : nullptr;
 }
@@ -38,11 +30,12 @@ const Keyword* keyword_at(void* handle, int i) {
 }  // namespace
 
 int has_keyword(void* handle, const char* name) noexcept {
-  return find_keyword(handle, name).empty() ? 0 : 1;
+  return keyword_value(handle, name) == nullptr ? 0 : 1;
 }
 
 int num_keyword_values(void* handle, const char* name) noexcept {
-  return static_cast<int>(find_keyword(handle, name).size());
+  if (handle == nullptr || name == nullptr) return 0;
+  return static_cast<int>(state_of(handle)->chart.keywords.count(name));
 }
 
 const char* get_value_of_keyword(void* handle, const char* name) noexcept {

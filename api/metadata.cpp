@@ -11,7 +11,6 @@
 #include <utility>
 
 using vantor::Api::Answer;
-using vantor::Api::find_keyword;
 using vantor::Api::keyword_value;
 using vantor::Api::state_of;
 
@@ -61,13 +60,13 @@ const char* value_or_answer(void* handle, const char* keyword, const char* text_
 }
 
 const char* found_in_weighting(void* handle, std::string_view key) {
-  for (const auto& entry : find_keyword(handle, kWeightingFunction)) {
-    const char* text = entry.value.data();
-    if (Answer found = vantor::Api::find_weighting(text, key)) {
-      return give(handle, std::move(found));
-    }
-  }
-  return nullptr;
+  if (handle == nullptr) return nullptr;
+  Answer found;
+  state_of(handle)->chart.keywords.find_value(kWeightingFunction, [&](std::string_view value) {
+    found = vantor::Api::find_weighting(value.data(), key);
+    return found.has_value();
+  });
+  return give(handle, std::move(found));
 }
 
 // Removes a degree sign at the end, in Latin-1 or in an old code page.
@@ -148,7 +147,7 @@ const char* device_measurement_source(void* handle) noexcept {
 
 // A file with weighting functions is colorimetric, whatever else it says.
 const char* density_status(void* handle) noexcept {
-  if (!find_keyword(handle, kWeightingFunction).empty()) return nullptr;
+  if (keyword_value(handle, kWeightingFunction) != nullptr) return nullptr;
   return value_or_answer(handle, "FILTER_STATUS", kMeasurementSource,
                          vantor::Api::find_density_standard);
 }

@@ -39,11 +39,6 @@ std::string with_header(std::size_t size, const Part& line) {
                 std::string(kFields) + "END_DATA_FORMAT\nBEGIN_DATA\n1 50 60 1 2\nEND_DATA\n");
 }
 
-std::string with_fields(std::size_t size, const Part& name) {
-  return filled(size, "CGATS.17\nBEGIN_DATA_FORMAT\nGRAY LAB_L LAB_A LAB_B", name,
-                "\nEND_DATA_FORMAT\nBEGIN_DATA\n");
-}
-
 std::string with_rows(std::size_t size, const std::string& fields, const Part& row) {
   return filled(size, "CGATS.17\nBEGIN_DATA_FORMAT\n" + fields + "\nEND_DATA_FORMAT\nBEGIN_DATA\n",
                 row, "END_DATA\n");
@@ -51,19 +46,15 @@ std::string with_rows(std::size_t size, const std::string& fields, const Part& r
 
 std::uint64_t scatter(std::uint64_t value) { return value * 0x9E3779B97F4A7C15U >> 20U; }
 
-// The whole list has as many cells as names.
-std::string with_row_for(const std::string& text, std::size_t names) {
-  std::string row;
-  for (std::size_t i = 0; i < names; ++i) row += "1 ";
-  return text + row + "\nEND_DATA\n";
-}
-
+// Names and one row of as many cells.
 std::string wide(std::size_t size, const Part& name) {
-  std::string text = with_fields(size * 4 / 5, name);
-  const auto first = text.find("GRAY");
-  const auto blanks =
-      std::count(text.begin() + static_cast<std::ptrdiff_t>(first), text.end(), ' ');
-  return with_row_for(text, static_cast<std::size_t>(blanks) + 1);
+  constexpr std::size_t kCell = 2;
+  std::size_t names = 4;
+  std::string text = "CGATS.17\nBEGIN_DATA_FORMAT\nGRAY LAB_L LAB_A LAB_B";
+  for (std::size_t i = 0; text.size() + kCell * names < size; ++i, ++names) text += name(i);
+  text += "\nEND_DATA_FORMAT\nBEGIN_DATA\n";
+  for (std::size_t i = 0; i < names; ++i) text += "1 ";  // kCell characters
+  return text + "\nEND_DATA\n";
 }
 
 struct Kind {

@@ -19,23 +19,9 @@ namespace vantor::DataSet {
 
 /// The header keywords of the file, in order.
 struct HeaderKeywords {
-  TextColumn names, values, comments;
+  TextColumn names, values;
 
   std::size_t size() const { return names.size(); }
-};
-
-/// Which field groups a file has, in the order in which their first fields come.
-enum class FieldKind : std::int32_t {
-  device = 0,
-  spectral = 1,
-  lab = 2,
-  lch = 3,
-  xyz = 4,
-  density = 5,
-  sample_id = 6,
-  sample_loc = 7,
-  sample_name = 8,
-  scw_index = 9,
 };
 
 /// Field indices of a group of three; -1 for a field that the file lacks.
@@ -75,7 +61,6 @@ struct PatchDataSet {
   FieldTriple lch_fields = {-1, -1, -1};
   std::vector<std::int32_t> density_fields;
   std::vector<std::int32_t> spectral_fields;
-  std::vector<FieldKind> field_kinds;
   std::string spectral_prefix = "SPECTRAL_";
 
   std::string file_identifier = "IS12642";
@@ -98,8 +83,7 @@ struct PatchDataSet {
   /// Delta E*ab within them, as far as somebody asked for it; empty before.
   std::vector<std::optional<ColorTypes::Distances>> repeat_distances;
 
-  std::string messages;                          ///< diagnostics of the build
-  std::vector<std::string> unclassified_fields;  ///< names of the fields that no role wants
+  std::string messages;  ///< diagnostics of the build
   HeaderKeywords header_keywords;
 
   /// Turns a spectrum of this data set into Lab; null when nothing at hand fits its grid. Owned by

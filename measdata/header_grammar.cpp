@@ -79,8 +79,8 @@ void HeaderGrammar::check_plain_table(std::string_view text) {
     split(line, rules, tokens_);
     counts[line_count] = tokens_.size();
   }
-  if (line_count < counts.size()) tables_.log.error({"must have at least two lines!\n"});
-  if (counts[0] != counts[1]) tables_.log.error({"lines must have same number of fields!\n"});
+  if (line_count < counts.size()) tables_.log.error("must have at least two lines!\n");
+  if (counts[0] != counts[1]) tables_.log.error("lines must have same number of fields!\n");
   tables_.number_of_fields = static_cast<std::int32_t>(counts[0]);
 }
 
@@ -90,14 +90,14 @@ bool HeaderGrammar::take_identifier(std::string_view first_line) {
   rules.quotes = Quotes::ignore;
   split(first_line, rules, tokens_);
   if (tokens_.size() != 1) {
-    tables_.log.warning({"Missing 7-character-ID in line 1\n"});
+    tables_.log.warning("Missing 7-character-ID in line 1\n");
     return false;
   }
   const std::string_view identifier = tokens_.front();
   if (identifier == "ISO28178" || identifier == "CGATS.17") {
     tables_.file_kind = FileKind::standard;
   } else if (identifier.size() != kIdentifierLength) {
-    tables_.log.warning({"ID in line 1 has more than 7 characters\n"});
+    tables_.log.warning("ID in line 1 has more than 7 characters\n");
     return false;
   }
   tables_.identifier = identifier;
@@ -132,16 +132,12 @@ void HeaderGrammar::read_line(std::string_view line) {
       break;
   }
   const std::string_view keyword = tokens_.front();
-  if (fault == Fault::excess) tables_.log.warning({"Excess items after '", keyword, "'!\n"});
-  if (fault == Fault::missing) tables_.log.warning({"Missing value for '", keyword, "'!\n"});
+  if (fault == Fault::excess) tables_.log.warning("Excess items after '%'!\n", {keyword});
+  if (fault == Fault::missing) tables_.log.warning("Missing value for '%'!\n", {keyword});
 }
 
 // Nearly every line of a file comes here, so those without quotes and comments are not cut.
 void HeaderGrammar::read_data_block(std::string_view text) {
-  // The declared number of rows, or as many as the text can hold when that is more than it can.
-  const std::size_t shortest_row = 2 * std::max<std::size_t>(tables_.fields.names().size(), 1);
-  const auto declared = static_cast<std::size_t>(std::max(tables_.number_of_sets, 0));
-  tables_.rows.reserve(std::min(declared, text.size() / shortest_row));
   DataLineReader lines(text, kBlankSeparated, comment_char_);
   for (DataLine line; state_ == State::data && lines.next(line); ++current_line_) {
     switch (kind_of(line)) {
@@ -192,7 +188,7 @@ HeaderGrammar::Fault HeaderGrammar::read_header_line() {
 }
 
 HeaderGrammar::Fault HeaderGrammar::read_count_line(std::int32_t& count) {
-  if (count != -1) tables_.log.warning({"Duplicate '", tokens_.front(), "'!\n"});
+  if (count != -1) tables_.log.warning("Duplicate '%'!\n", {tokens_.front()});
   if (item_count_ < 2) return Fault::missing;
   if (&count == &tables_.number_of_fields) {
     set_number_of_fields(tokens_[1]);
@@ -219,7 +215,7 @@ HeaderGrammar::Fault HeaderGrammar::read_keyword_line() {
   } else if (is_standard && keyword == "SPOTCOLOR_ID") {
     tables_.spot_color_ids.push_back(value_of_line());
   } else {
-    set_keyword(keyword, value_of_line(), comment_of_line());
+    set_keyword(keyword, value_of_line());
   }
   return item_count_ > 2 ? Fault::excess : Fault::none;
 }
@@ -227,7 +223,7 @@ HeaderGrammar::Fault HeaderGrammar::read_keyword_line() {
 // A line that is neither of the two expected is lost after the error.
 void HeaderGrammar::read_format_end() {
   const std::string_view keyword = tokens_.front();
-  if (keyword != "END_DATA_FORMAT") tables_.log.error({"END_DATA_FORMAT expected!\n"});
+  if (keyword != "END_DATA_FORMAT") tables_.log.error("END_DATA_FORMAT expected!\n");
   state_ = keyword == "BEGIN_DATA" ? State::data : State::header;
 }
 
@@ -235,28 +231,28 @@ void HeaderGrammar::check_end_of_file() {
   const std::size_t row_count = tables_.rows.size();
   switch (state_) {
     case State::header:
-      tables_.log.error({"EOF, but no DATA found!\n"});
+      tables_.log.error("EOF, but no DATA found!\n");
       break;
     case State::format_line:
-      tables_.log.error({"EOF, but no DATA_FORMAT found!\n"});
+      tables_.log.error("EOF, but no DATA_FORMAT found!\n");
       break;
     case State::format_end:
-      tables_.log.error({"EOF, but END_DATA_FORMAT expected!\n"});
+      tables_.log.error("EOF, but END_DATA_FORMAT expected!\n");
       break;
     case State::data:
       if (mode_ == ReaderMode::plain_table) {
         tables_.number_of_sets = static_cast<std::int32_t>(row_count);
       } else {
-        tables_.log.error({"EOF, but END_DATA expected!\n"});
+        tables_.log.error("EOF, but END_DATA expected!\n");
       }
       break;
     case State::done:
-      if (row_count == 0) tables_.log.note({"Empty DATA block!\n"});
+      if (row_count == 0) tables_.log.note("Empty DATA block!\n");
       break;
   }
   // Also when NUMBER_OF_SETS was never given.
   if (static_cast<std::int64_t>(row_count) != tables_.number_of_sets) {
-    tables_.log.warning({"DATA has wrong NUMBER_OF_SETS!\n"});
+    tables_.log.warning("DATA has wrong NUMBER_OF_SETS!\n");
   }
 }
 
@@ -265,43 +261,42 @@ void HeaderGrammar::check_required_keywords() {
   if (!tables_.log.no_warnings()) return;
   for (const std::string_view name : tables_.required_keywords) {
     if (!tables_.keywords.contains(name)) {
-      tables_.log.warning({"Required keyword '", name, "' missing!\n"});
+      tables_.log.warning("Required keyword '%' missing!\n", {name});
     }
   }
 }
 
-void HeaderGrammar::set_keyword(std::string_view name, std::string_view value,
-                                std::string_view comment) {
+void HeaderGrammar::set_keyword(std::string_view name, std::string_view value) {
   KeywordEntry* entry = tables_.keywords.find(name);
   if (entry == nullptr) {
     const bool is_known = contains(tables_.required_keywords, name) ||
                           contains(tables_.optional_keywords, name) ||
                           is_known_keyword(tables_.file_kind, name);
-    if (!is_known) tables_.log.warning({"Undefined keyword '", name, "'\n"});
-    tables_.keywords.append({name, value, comment});
+    if (!is_known) tables_.log.warning("Undefined keyword '%'\n", {name});
+    tables_.keywords.append({name, value});
     return;
   }
-  if (!entry->value.empty()) tables_.log.note({"Overwriting keyword '", name, "'\n"});
-  *entry = {entry->name, value, comment};
+  if (!entry->value.empty()) tables_.log.note("Overwriting keyword '%'\n", {name});
+  entry->value = value;
 }
 
 // Declaring a keyword again empties it.
 void HeaderGrammar::declare_keyword(std::string_view name) {
   KeywordEntry* entry = tables_.keywords.find(name);
   if (entry == nullptr) {
-    tables_.keywords.append({name, {}, {}});
+    tables_.keywords.append({name, {}});
     return;
   }
-  tables_.log.warning({"KEYWORD '", name, "' already known!\n"});
-  *entry = {entry->name, {}, {}};
+  tables_.log.warning("KEYWORD '%' already known!\n", {name});
+  entry->value = {};
 }
 
 // A name that is a keyword cannot become a field; one that is a known field already may.
 void HeaderGrammar::declare_field(std::string_view name) {
   if (tables_.keywords.contains(name)) {
-    tables_.log.warning({"KEYWORD '", name, "' already known!\n"});
-  } else {
-    tables_.declared_fields.insert(name);
+    tables_.log.warning("KEYWORD '%' already known!\n", {name});
+  } else if (!tables_.declared_fields.contains(name)) {
+    tables_.declared_fields.append(name);
   }
 }
 
@@ -321,13 +316,13 @@ bool HeaderGrammar::set_count(std::string_view text, std::string_view keyword, s
                               std::int32_t& count) {
   const std::optional<std::int32_t> declared = read_count(text);
   if (!declared) {
-    tables_.log.error({"Bad ", keyword, "\n"});
+    tables_.log.error("Bad %\n", {keyword});
     return false;
   }
   count = *declared;
   if (held == 0) return true;
-  tables_.log.grave({keyword, " comes too late!\n"});
-  if (held != static_cast<std::size_t>(count)) tables_.log.warning({"Wrong ", keyword, "\n"});
+  tables_.log.grave("% comes too late!\n", {keyword});
+  if (held != static_cast<std::size_t>(count)) tables_.log.warning("Wrong %\n", {keyword});
   return false;
 }
 
@@ -348,18 +343,6 @@ std::string_view HeaderGrammar::value_of_line() {
     value += tokens_[i];
   }
   return tables_.keep(std::move(value));
-}
-
-// The comment without its sign, its words joined by single blanks.
-std::string_view HeaderGrammar::comment_of_line() {
-  if (item_count_ == tokens_.size()) return {};
-  std::string comment(tokens_[item_count_].substr(1));
-  if (!comment.empty()) comment += ' ';
-  for (std::size_t i = item_count_ + 1; i < tokens_.size(); ++i) {
-    if (i > item_count_ + 1) comment += ' ';
-    comment += tokens_[i];
-  }
-  return tables_.keep(std::move(comment));
 }
 
 }  // namespace vantor::MeasData

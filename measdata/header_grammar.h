@@ -48,7 +48,7 @@ class HeaderGrammar {
   void check_end_of_file();
   void check_required_keywords();
 
-  void set_keyword(std::string_view name, std::string_view value, std::string_view comment);
+  void set_keyword(std::string_view name, std::string_view value);
   void declare_keyword(std::string_view name);
   void declare_field(std::string_view name);
   void set_number_of_fields(std::string_view text);
@@ -59,7 +59,6 @@ class HeaderGrammar {
   // The line at hand.
   void split_line(std::string_view line);
   std::string_view value_of_line();
-  std::string_view comment_of_line();
 
   ReaderMode mode_;
   char comment_char_;

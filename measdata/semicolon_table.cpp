@@ -5,7 +5,6 @@
 #include "measdata/tokenizer.h"
 
 #include <cstddef>
-#include <vector>
 
 namespace vantor::MeasData {
 namespace {
@@ -27,15 +26,19 @@ std::size_t count_cells(std::string_view line) {
   return count;
 }
 
+void read_names(std::string_view line, ReaderTables& tables) {
+  const std::size_t count = count_cells(line);
+  tables.fields.reserve(count);
+  tables.column_kinds.assign(count, ColumnKind::numeric);
+  Tokenizer tokenizer(line, kSemicolonTable);
+  for (std::string_view name; tokenizer.next(name);) tables.fields.append(name);
+}
+
 }  // namespace
 
 void read_semicolon_table(std::string_view text, char comment_char, ReaderTables& tables) {
-  std::vector<std::string_view> names;
-  split(find_identifier_line(text, comment_char), kSemicolonTable, names);
-  for (const std::string_view name : names) {
-    tables.fields.append(name);
-    tables.column_kinds.push_back(ColumnKind::numeric);
-  }
+  read_names(find_identifier_line(text, comment_char), tables);
+  const std::size_t width = tables.fields.names().size();
 
   LineReader first_line(text);
   std::string_view skipped;
@@ -44,7 +47,7 @@ void read_semicolon_table(std::string_view text, char comment_char, ReaderTables
   for (DataLine line; lines.next(line);) {
     if (line.text.empty() || opens_comment(line.text, comment_char)) continue;
     const std::size_t cells = line.is_plain ? line.items : count_cells(line.text);
-    if (cells >= names.size()) tables.rows.push_back(line.text);
+    if (cells >= width) tables.rows.push_back(line.text);
   }
 }
 
