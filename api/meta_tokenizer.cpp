@@ -19,10 +19,7 @@ std::string without_doubled_quotes(std::string_view word) {
 }  // namespace
 
 Words::Words(std::string_view text) {
-  std::size_t count = 0;
-  MeasData::Tokenizer counted(text, MeasData::kBlankSeparated);
-  for (std::string_view word; counted.next(word);) ++count;
-  words_.reserve(count);
+  words_.reserve(MeasData::count_tokens(text, MeasData::kBlankSeparated));
   MeasData::Tokenizer tokenizer(text, MeasData::kBlankSeparated);
   for (std::string_view word; tokenizer.next(word);) {
     if (tokenizer.is_quoted() && word.find(kDoubledQuote) != std::string_view::npos) {

@@ -3,7 +3,6 @@
 #include "dataset/column_classification.h"
 #include "dataset/device_channels.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -49,13 +48,6 @@ class RowCells {
   MeasData::CellCutter cutter_;
   std::span<const std::string_view> cells_;
 };
-
-std::int32_t count_decimals(const std::string& number) {
-  const std::size_t point = number.find('.');
-  if (point == std::string::npos) return 0;
-  const std::size_t end = number.find_first_not_of("0123456789", point + 1);
-  return static_cast<std::int32_t>(std::min(end, number.size()) - point - 1);
-}
 
 // A table on its way to be filled.
 struct OpenTable {
@@ -186,9 +178,6 @@ bool fill(PatchDataSet& data_set, const MeasFileParser& reader, const SpectralRe
   data_set.device_space = detect_device_channels(reader, data_set.device_fields);
   classify_single_fields(reader, data_set);
   data_set.num_patches = reader.row_count();
-  if (!data_set.device_fields.empty() && data_set.num_patches > 0) {
-    data_set.device_decimals = count_decimals(reader.value(0, data_set.device_fields.front()));
-  }
   classify_measurement_fields(reader, data_set);
   classify_density_fields(reader, data_set);
 

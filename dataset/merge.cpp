@@ -28,7 +28,6 @@ void copy_description(const PatchDataSet& all, PatchDataSet& unique) {
   unique.file_identifier = all.file_identifier;
   unique.device_space = all.device_space;
   unique.device_fields = all.device_fields;
-  unique.device_decimals = all.device_decimals;
   unique.sample_id_field = all.sample_id_field;
   unique.sample_name_field = all.sample_name_field;
   unique.sample_loc_field = all.sample_loc_field;

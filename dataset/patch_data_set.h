@@ -68,7 +68,6 @@ struct PatchDataSet {
   std::vector<std::string> computational_parameters;
   std::vector<std::string> process_color_ids;
   std::vector<std::string> spot_color_ids;
-  std::int32_t device_decimals = -1;  ///< decimal places of the first device value
   std::vector<std::string> density_names;
 
   bool has_xyz = false;

@@ -76,8 +76,7 @@ void HeaderGrammar::check_plain_table(std::string_view text) {
   std::array<std::size_t, 2> counts = {0, 0};
   std::size_t line_count = 0;
   for (; line_count < counts.size() && lines.next(line); ++line_count) {
-    split(line, rules, tokens_);
-    counts[line_count] = tokens_.size();
+    counts[line_count] = count_tokens(line, rules);
   }
   if (line_count < counts.size()) tables_.log.error("must have at least two lines!\n");
   if (counts[0] != counts[1]) tables_.log.error("lines must have same number of fields!\n");
@@ -88,12 +87,12 @@ void HeaderGrammar::check_plain_table(std::string_view text) {
 bool HeaderGrammar::take_identifier(std::string_view first_line) {
   TokenRules rules = rules_;
   rules.quotes = Quotes::ignore;
-  split(first_line, rules, tokens_);
-  if (tokens_.size() != 1) {
+  Tokenizer tokenizer(first_line, rules);
+  std::string_view identifier, second;
+  if (!tokenizer.next(identifier) || tokenizer.next(second)) {
     tables_.log.warning("Missing 7-character-ID in line 1\n");
     return false;
   }
-  const std::string_view identifier = tokens_.front();
   if (identifier == "ISO28178" || identifier == "CGATS.17") {
     tables_.file_kind = FileKind::standard;
   } else if (identifier.size() != kIdentifierLength) {
@@ -113,7 +112,7 @@ void HeaderGrammar::prepare_keywords() {
 }
 
 void HeaderGrammar::read_line(std::string_view line) {
-  split_line(line);
+  cut_line(line);
   if (item_count_ == 0) return;
   Fault fault = Fault::none;
   switch (state_) {
@@ -131,9 +130,8 @@ void HeaderGrammar::read_line(std::string_view line) {
     case State::done:
       break;
   }
-  const std::string_view keyword = tokens_.front();
-  if (fault == Fault::excess) tables_.log.warning("Excess items after '%'!\n", {keyword});
-  if (fault == Fault::missing) tables_.log.warning("Missing value for '%'!\n", {keyword});
+  if (fault == Fault::excess) tables_.log.warning("Excess items after '%'!\n", {keyword_});
+  if (fault == Fault::missing) tables_.log.warning("Missing value for '%'!\n", {keyword_});
 }
 
 // Nearly every line of a file comes here, so those without quotes and comments are not cut.
@@ -172,59 +170,56 @@ HeaderGrammar::DataLineKind HeaderGrammar::kind_of(const DataLine& line) const {
 }
 
 HeaderGrammar::Fault HeaderGrammar::read_header_line() {
-  const std::string_view keyword = tokens_.front();
   const Fault excess_over_one = item_count_ > 1 ? Fault::excess : Fault::none;
-  if (keyword == "BEGIN_DATA_FORMAT") {
+  if (keyword_ == "BEGIN_DATA_FORMAT") {
     state_ = State::format_line;
     return excess_over_one;
   }
-  if (keyword == "BEGIN_DATA") {
+  if (keyword_ == "BEGIN_DATA") {
     state_ = State::data;
     return excess_over_one;
   }
-  if (keyword == "NUMBER_OF_FIELDS") return read_count_line(tables_.number_of_fields);
-  if (keyword == "NUMBER_OF_SETS") return read_count_line(tables_.number_of_sets);
+  if (keyword_ == "NUMBER_OF_FIELDS") return read_count_line(tables_.number_of_fields);
+  if (keyword_ == "NUMBER_OF_SETS") return read_count_line(tables_.number_of_sets);
   return read_keyword_line();
 }
 
 HeaderGrammar::Fault HeaderGrammar::read_count_line(std::int32_t& count) {
-  if (count != -1) tables_.log.warning("Duplicate '%'!\n", {tokens_.front()});
+  if (count != -1) tables_.log.warning("Duplicate '%'!\n", {keyword_});
   if (item_count_ < 2) return Fault::missing;
   if (&count == &tables_.number_of_fields) {
-    set_number_of_fields(tokens_[1]);
+    set_number_of_fields(first_value_);
   } else {
-    set_number_of_sets(tokens_[1]);
+    set_number_of_sets(first_value_);
   }
   return item_count_ > 2 ? Fault::excess : Fault::none;
 }
 
 HeaderGrammar::Fault HeaderGrammar::read_keyword_line() {
   if (item_count_ < 2) return Fault::missing;
-  const std::string_view keyword = tokens_.front();
   const bool is_standard = tables_.file_kind == FileKind::standard;
-  if (keyword == "KEYWORD") {
-    declare_keyword(tokens_[1]);
-  } else if (is_standard && keyword == "DATA_FORMAT_IDENTIFIER") {
+  if (keyword_ == "KEYWORD") {
+    declare_keyword(first_value_);
+  } else if (is_standard && keyword_ == "DATA_FORMAT_IDENTIFIER") {
     declare_field(value_of_line());
-  } else if (is_standard && keyword == "WEIGHTING_FUNCTION") {
+  } else if (is_standard && keyword_ == "WEIGHTING_FUNCTION") {
     tables_.weighting_functions.push_back(value_of_line());
-  } else if (is_standard && keyword == "COMPUTATIONAL_PARAMETER") {
+  } else if (is_standard && keyword_ == "COMPUTATIONAL_PARAMETER") {
     tables_.computational_parameters.push_back(value_of_line());
-  } else if (is_standard && keyword == "PROCESSCOLOR_ID") {
+  } else if (is_standard && keyword_ == "PROCESSCOLOR_ID") {
     tables_.process_color_ids.push_back(value_of_line());
-  } else if (is_standard && keyword == "SPOTCOLOR_ID") {
+  } else if (is_standard && keyword_ == "SPOTCOLOR_ID") {
     tables_.spot_color_ids.push_back(value_of_line());
   } else {
-    set_keyword(keyword, value_of_line());
+    set_keyword(keyword_, value_of_line());
   }
   return item_count_ > 2 ? Fault::excess : Fault::none;
 }
 
 // A line that is neither of the two expected is lost after the error.
 void HeaderGrammar::read_format_end() {
-  const std::string_view keyword = tokens_.front();
-  if (keyword != "END_DATA_FORMAT") tables_.log.error("END_DATA_FORMAT expected!\n");
-  state_ = keyword == "BEGIN_DATA" ? State::data : State::header;
+  if (keyword_ != "END_DATA_FORMAT") tables_.log.error("END_DATA_FORMAT expected!\n");
+  state_ = keyword_ == "BEGIN_DATA" ? State::data : State::header;
 }
 
 void HeaderGrammar::check_end_of_file() {
@@ -326,21 +321,30 @@ bool HeaderGrammar::set_count(std::string_view text, std::string_view keyword, s
   return false;
 }
 
-void HeaderGrammar::split_line(std::string_view line) {
-  split(line, rules_, tokens_);
-  const auto comment = std::find_if(tokens_.begin(), tokens_.end(), [this](std::string_view token) {
-    return opens_comment(token, comment_char_);
-  });
-  item_count_ = static_cast<std::size_t>(comment - tokens_.begin());
+// A long line holds many items, which are not kept.
+void HeaderGrammar::cut_line(std::string_view line) {
+  line_ = line;
+  keyword_ = first_value_ = {};
+  item_count_ = 0;
+  Tokenizer items(line, rules_);
+  for (std::string_view item; items.next(item) && !opens_comment(item, comment_char_);) {
+    if (item_count_ == 0) keyword_ = item;
+    if (item_count_ == 1) first_value_ = item;
+    ++item_count_;
+  }
 }
 
 // The items behind the keyword, joined by single blanks.
 std::string_view HeaderGrammar::value_of_line() {
-  if (item_count_ == 2) return tokens_[1];
-  std::string value(tokens_[1]);
-  for (std::size_t i = 2; i < item_count_; ++i) {
-    value += ' ';
-    value += tokens_[i];
+  if (item_count_ == 2) return first_value_;
+  std::string value;
+  value.reserve(line_.size());
+  Tokenizer items(line_, rules_);
+  std::string_view item;
+  items.next(item);  // the keyword
+  for (std::size_t i = 1; i < item_count_ && items.next(item); ++i) {
+    if (i != 1) value += ' ';
+    value += item;
   }
   return tables_.keep(std::move(value));
 }

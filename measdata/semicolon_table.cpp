@@ -19,15 +19,8 @@ std::string_view find_identifier_line(std::string_view text, char comment_char) 
   return found;
 }
 
-std::size_t count_cells(std::string_view line) {
-  Tokenizer tokenizer(line, kSemicolonTable);
-  std::size_t count = 0;
-  for (std::string_view cell; tokenizer.next(cell);) ++count;
-  return count;
-}
-
 void read_names(std::string_view line, ReaderTables& tables) {
-  const std::size_t count = count_cells(line);
+  const std::size_t count = count_tokens(line, kSemicolonTable);
   tables.fields.reserve(count);
   tables.column_kinds.assign(count, ColumnKind::numeric);
   Tokenizer tokenizer(line, kSemicolonTable);
@@ -46,7 +39,7 @@ void read_semicolon_table(std::string_view text, char comment_char, ReaderTables
   DataLineReader lines(first_line.rest(), kSemicolonTable, comment_char);
   for (DataLine line; lines.next(line);) {
     if (line.text.empty() || opens_comment(line.text, comment_char)) continue;
-    const std::size_t cells = line.is_plain ? line.items : count_cells(line.text);
+    const std::size_t cells = line.is_plain ? line.items : count_tokens(line.text, kSemicolonTable);
     if (cells >= width) tables.rows.push_back(line.text);
   }
 }

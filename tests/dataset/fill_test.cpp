@@ -181,18 +181,4 @@ TEST(Fill, KeepsWhatTheFileSays) {
   EXPECT_EQ(values_of(data_set.lch_values), (Values{50, 1, 2}));
 }
 
-TEST(Fill, DecimalsOfTheFirstDeviceValue) {
-  const auto decimals = [](const std::string& cell) {
-    return filled("GRAY", cell + "\n").device_decimals;
-  };
-  EXPECT_EQ(decimals("12.500"), 3);
-  EXPECT_EQ(decimals("12"), 0);
-  EXPECT_EQ(decimals("12."), 0);
-  EXPECT_EQ(decimals("12,50"), 2);
-  EXPECT_EQ(decimals("1.2.3"), 1);
-  EXPECT_EQ(decimals("x.75e1"), 2);
-  EXPECT_EQ(filled("GRAY").device_decimals, -1);
-  EXPECT_EQ(filled("LAB_L", "1.5\n").device_decimals, -1);
-}
-
 }  // namespace
