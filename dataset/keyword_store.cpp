@@ -7,6 +7,12 @@
 namespace vantor::DataSet {
 namespace {
 
+struct ByName {
+  bool operator()(const Keyword& a, const Keyword& b) const { return a.name < b.name; }
+  bool operator()(const Keyword& a, std::string_view b) const { return a.name < b; }
+  bool operator()(std::string_view a, const Keyword& b) const { return a < b.name; }
+};
+
 // Makes room for more elements, exactly at first: most stores are filled once.
 template <typename Element>
 void make_room(std::vector<Element>& elements, std::size_t more) {
@@ -122,8 +128,9 @@ KeywordStore::Run KeywordStore::run(std::size_t i) const {
 }
 
 KeywordStore::Run KeywordStore::entries_of(std::string_view name, std::size_t run_index) const {
-  const auto found = std::ranges::equal_range(run(run_index), name, {}, &Keyword::name);
-  return {found.begin(), found.end()};
+  const Run entries = run(run_index);
+  const auto [first, last] = std::equal_range(entries.begin(), entries.end(), name, ByName());
+  return {first, last};
 }
 
 // Does with less memory when there is none.
@@ -131,7 +138,7 @@ void KeywordStore::merge_last_runs() {
   const auto middle = entries_.begin() + static_cast<std::ptrdiff_t>(starts_.back());
   starts_.pop_back();
   const auto first = entries_.begin() + static_cast<std::ptrdiff_t>(starts_.back());
-  std::ranges::inplace_merge(first, middle, entries_.end(), {}, &Keyword::name);
+  std::inplace_merge(first, middle, entries_.end(), ByName());
 }
 
 }  // namespace vantor::DataSet
