@@ -204,7 +204,7 @@ void check_repeats(void* handle) {
 
 void check_untouched(void* handle) {
   for (const int position : {INT_MIN, -1, num_patches(handle), INT_MAX}) {
-    std::array<double, kMostChannels> values;
+    std::array<double, kMostChannels> values = {};
     values.fill(test::kUnanswered);
     const auto untouched = values;
     for (const auto fill : {get_dev_from_patch, get_xyz_from_patch, get_lab_from_patch,
