@@ -45,9 +45,16 @@ if(WAY MATCHES "^pkg-config")
 elseif(WAY STREQUAL "plain")
   run(${CC} -I${PREFIX}/include ${outside}/main.c -o outside -L${lib_dir} -lmeasdata)
 else()
+  # A project around the library may compile as it likes: the library keeps to its own arithmetic,
+  # or does not compile.
+  set(flags "")
+  if(WAY STREQUAL "subdirectory")
+    set(flags "-ffast-math -funsafe-math-optimizations -ffinite-math-only -fno-exceptions")
+  endif()
   run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${outside} -B . -DWAY=${WAY} -DPROGRAM=${program}
       -DMEASDATA_SOURCE=${SOURCE} -DCMAKE_PREFIX_PATH=${PREFIX} -DCMAKE_C_COMPILER=${CC}
-      -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0)
+      -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0
+      -DCMAKE_CXX_FLAGS=${flags})
   run(${CMAKE_COMMAND} --build . --parallel 2)
 endif()
 
