@@ -51,7 +51,7 @@ std::optional<std::vector<Place>> places_in(const Texts& texts) {
 template <typename Value>
 void keep_distinct(std::vector<Value>& values) {
   std::ranges::sort(values);
-  values.erase(std::ranges::unique(values).begin(), values.end());
+  values.erase(std::unique(values.begin(), values.end()), values.end());
 }
 
 template <typename Value>

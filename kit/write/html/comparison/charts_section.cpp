@@ -17,8 +17,8 @@ std::string stated(const std::optional<Stated>& condition) {
 
 /// What a row tells of a chart; safe to stand in HTML, and empty when the file does not tell.
 struct Question {
-  const char* name;
-  std::string (*answer)(const Chart&);
+  const char* name = nullptr;
+  std::string (*answer)(const Chart&) = nullptr;
   bool is_always_shown = false;
 };
 constexpr Question kQuestions[] = {

@@ -21,9 +21,9 @@ constexpr std::size_t kMostVectors = 2000;  // of all samples
 
 struct VectorScales {
   ColourAxes axes;
-  double factor;     ///< by which differences are drawn longer
-  std::size_t most;  ///< vectors of a sample
-  double width;
+  double factor = 1.0;   ///< by which differences are drawn longer
+  std::size_t most = 0;  ///< vectors of a sample
+  double width = 0.0;
 };
 
 std::span<const std::uint32_t> shown_of(const SampleView& sample, std::size_t most) {
