@@ -395,12 +395,13 @@ TEST(Percent, BecomeFactorsDigitForDigit) {
             "3 0.12345678901234567 0.005 0.07 100\nEND_DATA\n");
 }
 
-// The first rows look like percent, but numbers that follow are too large.
+// The first rows look like percent, but the header says that they are not.
 TEST(Percent, AreNoGuess) {
-  const std::string text = file_of("", "nm400 nm550 nm700", "93 50 20\n400 5 100\n");
+  const std::string text =
+      file_of("SPECTRAL_NORM \"1\"\n", "nm400 nm550 nm700", "93 50 20\n40 5 100\n");
   const Preflighted file = measkit::preflight(text, nullptr);
   EXPECT_EQ(file.tables.at(0)->text, text);
-  EXPECT_EQ(get_spectrum_from_patch(file.tables.at(0)->loaded.handle(), 1)[0], 400.0);
+  EXPECT_EQ(get_spectrum_from_patch(file.tables.at(0)->loaded.handle(), 1)[0], 40.0);
 }
 
 }  // namespace
