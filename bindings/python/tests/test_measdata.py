@@ -4,6 +4,7 @@ With MEASDATA_TEST_WITHOUT_NUMPY set they run as if numpy were not installed.
 """
 
 import copy
+import ctypes.util
 import doctest
 import gc
 import importlib.util
@@ -29,6 +30,7 @@ HAS_NUMPY = "numpy" not in sys.modules and importlib.util.find_spec("numpy") is 
 
 import build_backend  # noqa: E402
 import measdata  # noqa: E402
+from measdata import _signatures  # noqa: E402
 
 
 def text_of(fields, rows, header=""):
@@ -48,8 +50,8 @@ def rows_of(table):
 class Declarations(unittest.TestCase):
     def test_every_function_is_declared_as_the_headers_have_it(self):
         for folder, name, signatures in (
-            ("api", "measdata", measdata._SIGNATURES),
-            ("kit", "measkit", measdata._KIT_SIGNATURES),
+            ("api", "measdata", _signatures.SIGNATURES),
+            ("kit", "measkit", _signatures.KIT_SIGNATURES),
         ):
             header = (PROJECT / folder / f"{name}.h").read_text()
             exports = (PROJECT / folder / "exports.txt").read_text().splitlines()
@@ -78,8 +80,8 @@ class Declarations(unittest.TestCase):
 
     @staticmethod
     def declared(signatures):
-        codes = {measdata._INT: "i", measdata._DOUBLE: "d", measdata._TEXT: "s", None: "v"}
-        codes[measdata.ctypes.c_size_t] = "n"
+        codes = {ctypes.c_int: "i", ctypes.c_double: "d", ctypes.c_char_p: "s", None: "v"}
+        codes[ctypes.c_size_t] = "n"
         return {
             name: (codes.get(result, "p"), "".join(codes.get(a, "p") for a in arguments))
             for result, arguments, names in signatures
@@ -359,7 +361,7 @@ class Interpreter(unittest.TestCase):
         self.assertEqual((ended.returncode, ended.stderr), (0, ""))
 
     def test_a_missing_library_is_told(self):
-        for wrong in ("/no/such/library.so", measdata.ctypes.util.find_library("c") or "libc.so.6"):
+        for wrong in ("/no/such/library.so", ctypes.util.find_library("c") or "libc.so.6"):
             for name in ("measdata", "measkit"):
                 ended = run_python("import measdata", **{f"{name.upper()}_LIBRARY": wrong})
                 self.assertIn(f"OSError: the {name} library cannot be loaded", ended.stderr)
