@@ -6,9 +6,11 @@ import ctypes
 from typing import Literal
 
 from ._channels import Channel
+from ._comparisons import Comparison, Formula, Match, options_of
 from ._documents import Document, Facts, Finding
 from ._libraries import decoded, kit, library, text_of
 from ._native import DataSet, Native, NativeChart, Owner, messages_of
+from ._native_comparison import NativeComparison
 from ._patches import MergedPatch, MergedPatches, Patches, merged_at
 from ._tables import Table, table_of
 from ._values import Densities, Instrument, Keywords, Sample
@@ -31,7 +33,7 @@ class Chart(NativeChart):
 
     def close(self) -> None:
         """Closes the chart. Later uses of it raise ValueError. The native data is released when all
-        charts of the file are closed or no longer referenced."""
+        charts of the file, and comparisons of them, are closed or no longer referenced."""
         self._native = None
         self._tables = None
 
@@ -162,7 +164,9 @@ class Chart(NativeChart):
 
     @property
     def sample(self) -> Sample:
-        return Sample(*(text_of(self._ask(getattr(library, "sample_" + f))) for f in Sample._fields))
+        return Sample(
+            *(text_of(self._ask(getattr(library, "sample_" + f))) for f in Sample._fields)
+        )
 
     @property
     def illuminant(self) -> str | None:
@@ -214,6 +218,33 @@ class Chart(NativeChart):
     def to_html(self) -> str:
         """The whole file with all its charts as an HTML page without scripts."""
         return self._needed_document().made(kit.mk_html)
+
+    def compare(
+        self,
+        sample: Chart,
+        match: Match | None = None,
+        formula: Formula = "de00",
+        median: bool = False,
+        cmc: tuple[float, float] = (2, 1),
+    ) -> Comparison:
+        """Compares a sample with this chart, the reference, colour by colour.
+
+        `match` tells which patches belong together: those with the same device values ("device"),
+        "id", "name" or "location", or in the same "order". None takes the first of these that both
+        charts have and that fits. Repeats are averaged by their mean or `median`. All formulas are
+        computed; `formula` is that of the worst colours and the page. `cmc` has the weights l and c
+        of CMC(l:c).
+
+        Raises ComparisonError if the charts cannot be compared, and ValueError for unknown options
+        and for charts that were loaded with a mode.
+        """
+        if not isinstance(sample, Chart):
+            raise TypeError("the sample must be a chart")
+        options = options_of(match, formula, median, cmc)
+        reference_at = (self._needed_document(), self._position)
+        sample_at = (sample._needed_document(), sample._position)
+        native = NativeComparison(reference_at, sample_at, options)
+        return Comparison((self, sample), native, formula)
 
     def __repr__(self) -> str:
         native = self._native

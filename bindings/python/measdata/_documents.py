@@ -5,7 +5,7 @@ from __future__ import annotations
 import ctypes
 import math
 from array import array
-from collections.abc import Callable, Iterator
+from collections.abc import Iterator
 from dataclasses import dataclass
 from enum import Enum
 from typing import Any, NamedTuple
@@ -85,12 +85,26 @@ def parsed_before(key: str, text: str) -> Any:
 class Document(Owner):
     """A document of the kit. It owns the handles of all its charts."""
 
-    __slots__ = ("_facts", "count")
+    __slots__ = ("_facts", "_is_dropped", "count", "users")
 
     def __init__(self, pointer: int | None) -> None:
+        self._is_dropped = False
+        self.users = 0  # comparisons, which must be released first
         super().__init__(pointer, kit.mk_close)
         self.count: int = kit.mk_num_charts(self.pointer)
         self._facts: dict[int, Facts] = {}
+
+    def __del__(self) -> None:
+        # The garbage collector may drop a document before the comparisons that refer to it.
+        self._is_dropped = True
+        if self.users == 0:
+            super().__del__()
+
+    def dismiss(self) -> None:
+        """Tells that a comparison no longer uses the document."""
+        self.users -= 1
+        if self._is_dropped:
+            self.__del__()
 
     def handle(self, chart: int) -> ctypes.c_void_p:
         return ctypes.c_void_p(kit.mk_chart_handle(self.pointer, chart))
