@@ -97,7 +97,7 @@ class Document(Owner):
     def __del__(self) -> None:
         # The garbage collector may drop a document before the comparisons that refer to it.
         self._is_dropped = True
-        if self.users == 0:
+        if getattr(self, "users", 0) == 0:
             super().__del__()
 
     def dismiss(self) -> None:

@@ -7,7 +7,7 @@ from array import array
 from collections.abc import Callable, Sequence
 from typing import Any, NamedTuple
 
-from ._libraries import decoded, kit, library
+from ._libraries import decoded, library
 from ._signatures import DOUBLE
 from ._tables import Table, address_of, table_of, zeros
 
