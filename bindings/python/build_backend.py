@@ -1,4 +1,4 @@
-"""Packs measdata.py for pip (PEP 517 and 660); needs the standard library alone."""
+"""Packs the package measdata for pip (PEP 517 and 660); needs the standard library alone."""
 
 from __future__ import annotations
 
@@ -11,8 +11,12 @@ import zipfile
 from pathlib import Path
 
 _HERE = Path(__file__).resolve().parent
-_SOURCE = (_HERE / "measdata.py").read_text(encoding="utf-8")
-_VERSION = re.findall(r'^__version__ = "(.+)"$', _SOURCE, re.MULTILINE)[0]
+_FILES = {
+    f"measdata/{path.name}": path.read_text(encoding="utf-8")
+    for path in sorted((_HERE / "measdata").iterdir())
+    if path.suffix == ".py" or path.name == "py.typed"
+}
+_VERSION = re.findall(r'^__version__ = "(.+)"$', _FILES["measdata/__init__.py"], re.MULTILINE)[0]
 _NAME = f"measdata-{_VERSION}"
 _METADATA = f"""\
 Metadata-Version: 2.1
@@ -53,8 +57,7 @@ def _write_wheel(directory: str, files: dict[str, str]) -> str:
 def build_wheel(
     wheel_directory: str, config_settings: object = None, metadata_directory: object = None
 ) -> str:
-    # Only in a package can type checkers be told that it is typed.
-    return _write_wheel(wheel_directory, {"measdata/__init__.py": _SOURCE, "measdata/py.typed": ""})
+    return _write_wheel(wheel_directory, _FILES)
 
 
 def build_editable(
@@ -66,7 +69,7 @@ def build_editable(
 def build_sdist(sdist_directory: str, config_settings: object = None) -> str:
     sdist = f"{_NAME}.tar.gz"
     with tarfile.open(Path(sdist_directory) / sdist, "w:gz", format=tarfile.PAX_FORMAT) as archive:
-        for name in ("README.md", "build_backend.py", "measdata.py", "pyproject.toml"):
+        for name in ("README.md", "build_backend.py", "pyproject.toml", *_FILES):
             archive.add(_HERE / name, f"{_NAME}/{name}")
         about = tarfile.TarInfo(f"{_NAME}/PKG-INFO")
         data = _METADATA.encode("utf-8")
