@@ -7,24 +7,24 @@
 namespace vantor::Api {
 namespace {
 
-bool is_angle(const std::string& word) { return word == "2" || word == "10"; }
-bool is_degree(const std::string& word) { return word == "degree" || word == "degree,"; }
+bool is_angle(std::string_view word) { return word == "2" || word == "10"; }
+bool is_degree(std::string_view word) { return word == "degree" || word == "degree,"; }
 
 // True for "2 degree" and the like, of which words[i] is the second word.
 bool ends_observer(const Words& words, std::size_t i) {
   return is_angle(words[i - 1]) && is_degree(words[i]);
 }
 
-std::string without_comma(std::string word) {
-  if (word.ends_with(',')) word.pop_back();
-  return word;
+std::string without_comma(std::string_view word) {
+  if (word.ends_with(',')) word.remove_suffix(1);
+  return std::string(word);
 }
 
 bool has_comma(std::string_view text) { return text.find(',') != std::string_view::npos; }
 
 // words[first] to words[last], joined by blanks.
 std::string join(const Words& words, std::size_t first, std::size_t last) {
-  std::string text = words[first];
+  std::string text(words[first]);
   for (std::size_t i = first + 1; i <= last; ++i) text.append(" ").append(words[i]);
   return text;
 }
@@ -52,7 +52,7 @@ Answer find_model_before_observer(const Words& words) {
 }  // namespace
 
 Answer find_geometry(std::string_view text) {
-  const Words words = split_words(text);
+  const Words words(text);
   for (std::size_t i = 0; i + 1 < words.size(); ++i) {
     if (words[i] == "geometry" && words[i + 1].ends_with(',')) return without_comma(words[i + 1]);
   }
@@ -65,24 +65,24 @@ bool denies_polarization(std::string_view text) {
 }
 
 Answer find_backing(std::string_view text) {
-  const Words words = split_words(text);
+  const Words words(text);
   for (std::size_t i = 1; i < words.size(); ++i) {
-    if (words[i] == "backing" || words[i] == "backing,") return words[i - 1];
+    if (words[i] == "backing" || words[i] == "backing,") return std::string(words[i - 1]);
   }
   return std::nullopt;
 }
 
 Answer find_manufacturer(std::string_view text) {
-  const Words words = split_words(text);
-  if (!has_comma(text)) return words.size() >= 2 ? Answer(words[0]) : std::nullopt;
+  const Words words(text);
+  if (!has_comma(text)) return words.size() >= 2 ? Answer(std::string(words[0])) : std::nullopt;
   for (std::size_t i = 4; i < words.size(); ++i) {
-    if (ends_observer(words, i) && !words[0].ends_with(',')) return words[0];
+    if (ends_observer(words, i) && !words[0].ends_with(',')) return std::string(words[0]);
   }
   return std::nullopt;
 }
 
 Answer find_model(std::string_view text) {
-  const Words words = split_words(text);
+  const Words words(text);
   if (!has_comma(text)) return find_model_before_semicolon(words);
   if (words.size() != 3) return find_model_before_observer(words);
   if (is_angle(words[2]) && words[0].ends_with(',')) return without_comma(words[0]);
@@ -90,7 +90,7 @@ Answer find_model(std::string_view text) {
 }
 
 Answer find_serial_number(std::string_view text) {
-  const Words words = split_words(text);
+  const Words words(text);
   for (std::size_t i = 0; i + 2 < words.size(); ++i) {
     if ((words[i] == "Serial" || words[i] == "serial") && words[i + 1] == "number") {
       return without_comma(words[i + 2]);
@@ -100,7 +100,7 @@ Answer find_serial_number(std::string_view text) {
 }
 
 Answer find_illuminant(std::string_view text) {
-  const Words words = split_words(text);
+  const Words words(text);
   if (words.size() < 3) return std::nullopt;
   if (words.size() == 3 && words[0].ends_with(',') && words[1].ends_with(',')) {
     return without_comma(words[1]);
@@ -112,38 +112,39 @@ Answer find_illuminant(std::string_view text) {
 }
 
 Answer find_observer(std::string_view text) {
-  const Words words = split_words(text);
-  if (words.size() == 3 && words[0].ends_with(',') && is_angle(words[2])) return words[2];
+  const Words words(text);
+  if (words.size() == 3 && words[0].ends_with(',') && is_angle(words[2]))
+    return std::string(words[2]);
   for (std::size_t i = 1; i < words.size(); ++i) {
-    if (is_degree(words[i])) return words[i - 1];
+    if (is_degree(words[i])) return std::string(words[i - 1]);
   }
   return std::nullopt;
 }
 
 Answer find_setting(std::string_view text, std::string_view key) {
-  for (const std::string& word : split_words(text)) {
-    if (word.starts_with(key)) return word.substr(key.size());
+  for (const std::string_view word : Words(text)) {
+    if (word.starts_with(key)) return std::string(word.substr(key.size()));
   }
   return std::nullopt;
 }
 
 Answer find_density_standard(std::string_view text) {
-  const Words words = split_words(text);
+  const Words words(text);
   for (std::size_t i = 0; i < words.size(); ++i) {
     for (const std::string_view key : {"DensityStd=", "Density="}) {
       if (!words[i].starts_with(key)) continue;
-      const std::string standard = words[i].substr(key.size());
+      const std::string standard(words[i].substr(key.size()));
       const bool takes_next = standard == "Status" && i + 1 < words.size();
-      return takes_next ? "Status " + words[i + 1] : standard;
+      return takes_next ? "Status " + std::string(words[i + 1]) : standard;
     }
   }
   return std::nullopt;
 }
 
 Answer find_weighting(std::string_view text, std::string_view key) {
-  const Words words = split_words(text);
+  const Words words(text);
   if (words.size() < 2 || !words[0].starts_with(key)) return std::nullopt;
-  return words[1];
+  return std::string(words[1]);
 }
 
 }  // namespace vantor::Api

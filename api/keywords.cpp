@@ -1,29 +1,28 @@
 // The keywords of the files that a handle was loaded with.
+#include "api/keyword_values.h"
 #include "api/measdata.h"
 #include "api/parser_state.h"
 
 #include <algorithm>
 #include <cstddef>
-#include <span>
-#include <string_view>
 
-using vantor::Api::is_position;
+using vantor::Api::keyword_value;
 using vantor::Api::state_of;
 using vantor::DataSet::Keyword;
 using vantor::DataSet::KeywordStore;
 
-namespace {
-
-// All entries of that name, in order; none for a null handle or name.
-std::span<const Keyword> find_keyword(void* handle, const char* name) {
-  if (handle == nullptr || name == nullptr) return {};
-  return state_of(handle)->chart.keywords.find(name);
+const char* vantor::Api::keyword_value(void* handle, int i, const char* name) {
+  if (handle == nullptr || name == nullptr || i < 0) return nullptr;
+  const Keyword* keyword = state_of(handle)->chart.keywords.find(name, static_cast<std::size_t>(i));
+  return keyword == nullptr ? nullptr : keyword->value.data();
 }
+
+namespace {
 
 // The entry at a position of the whole store; positions below 0 count as 0.
 const Keyword* keyword_at(void* handle, int i) {
   if (handle == nullptr) return nullptr;
-  const KeywordStore& store = state_of(handle)->chart.keywords;
+  KeywordStore& store = state_of(handle)->chart.keywords;
   const auto position = static_cast<std::size_t>(std::max(i, 0));
   return position < store.size() ? &store.at(position) : nullptr;
 }
@@ -31,21 +30,20 @@ const Keyword* keyword_at(void* handle, int i) {
 }  // namespace
 
 int has_keyword(void* handle, const char* name) noexcept {
-  return find_keyword(handle, name).empty() ? 0 : 1;
+  return keyword_value(handle, name) == nullptr ? 0 : 1;
 }
 
 int num_keyword_values(void* handle, const char* name) noexcept {
-  return static_cast<int>(find_keyword(handle, name).size());
+  if (handle == nullptr || name == nullptr) return 0;
+  return static_cast<int>(state_of(handle)->chart.keywords.count(name));
 }
 
 const char* get_value_of_keyword(void* handle, const char* name) noexcept {
-  return get_ith_value_of_keyword(handle, 0, name);
+  return keyword_value(handle, name);
 }
 
 const char* get_ith_value_of_keyword(void* handle, int i, const char* name) noexcept {
-  const auto entries = find_keyword(handle, name);
-  return is_position(i, entries.size()) ? entries[static_cast<std::size_t>(i)].value.data()
-                                        : nullptr;
+  return keyword_value(handle, i, name);
 }
 
 int num_keywords(void* handle) noexcept {
@@ -62,4 +60,4 @@ const char* get_value(void* handle, int i) noexcept {
   return keyword == nullptr ? nullptr : keyword->value.data();
 }
 
-const char* copyright(void* handle) noexcept { return get_value_of_keyword(handle, "COPYRIGHT"); }
+const char* copyright(void* handle) noexcept { return keyword_value(handle, "COPYRIGHT"); }

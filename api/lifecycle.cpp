@@ -8,9 +8,11 @@
 #include "measdata/meas_file_parser.h"
 
 #include <exception>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 using vantor::Api::ParserState;
 using vantor::Api::state_of;
@@ -18,6 +20,8 @@ using vantor::DataSet::PatchDataSet;
 using vantor::MeasData::MeasFileParser;
 
 namespace {
+
+using Names = std::vector<std::string>;
 
 // Short enough for every standard library to keep it without an allocation.
 constexpr const char* kOutOfMemory = "Out of memory\n";
@@ -31,6 +35,19 @@ void clear_after_failure(ParserState& state) {
   state.chart.all_patches.messages = std::move(messages);
 }
 
+// The build after a successful read.
+int build(ParserState& state, const Names& field_names, const char* name) noexcept {
+  const vantor::DataSet::DeviceFlags flags_before = state.chart.device_flags;
+  try {
+    return vantor::DataSet::build_chart(state.chart, field_names, name) ? 1 : 0;
+  } catch (const std::exception&) {
+    state.chart.device_flags = flags_before;
+    state.chart.all_patches.messages = kOutOfMemory;
+    clear_after_failure(state);
+    return 0;
+  }
+}
+
 // `read` fills all_patches with a reader. The name may be a text that this handle returned.
 template <typename Read>
 int load(void* handle, const char* name, Read read) noexcept {
@@ -38,9 +55,12 @@ int load(void* handle, const char* name, Read read) noexcept {
   ParserState& state = *state_of(handle);
   try {
     const std::string name_copy(name == nullptr ? "" : name);
-    MeasFileParser reader(state.parse_mode + 1);
-    if (read(state.chart.all_patches, reader, name_copy)) {
-      return parse(handle, &reader, name == nullptr ? nullptr : name_copy.c_str());
+    // Its tables are gone before the build, which has tables of its own.
+    auto reader = std::make_unique<MeasFileParser>(state.parse_mode + 1);
+    if (read(state.chart.all_patches, *reader, name_copy)) {
+      const Names names = vantor::DataSet::device_field_names(state.chart.all_patches, *reader);
+      reader.reset();
+      return build(state, names, name == nullptr ? nullptr : name_copy.c_str());
     }
   } catch (const std::exception&) {  // no memory, or more than a container can hold
     state.chart.all_patches.messages = kOutOfMemory;
@@ -86,11 +106,10 @@ int parse_mem(void* handle, size_t length, const char* block, const char* name) 
 int parse(void* handle, MeasFileParser* reader, const char* name) noexcept {
   if (handle == nullptr || reader == nullptr) return 0;
   ParserState& state = *state_of(handle);
-  const vantor::DataSet::DeviceFlags flags_before = state.chart.device_flags;
   try {
-    return vantor::DataSet::build_chart(state.chart, *reader, name) ? 1 : 0;
+    return build(state, vantor::DataSet::device_field_names(state.chart.all_patches, *reader),
+                 name);
   } catch (const std::exception&) {
-    state.chart.device_flags = flags_before;
     state.chart.all_patches.messages = kOutOfMemory;
     clear_after_failure(state);
     return 0;

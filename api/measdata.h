@@ -267,8 +267,12 @@ MEASDATA_API void get_lab_from_index(void* handle, int index, double* out) MEASD
 MEASDATA_API const double* get_spectrum_from_index(void* handle, int index) MEASDATA_NOEXCEPT;
 
 /** Fills `out` with the statistics of a merged patch. The Lab values of its rows follow the rules
- *  of get_lab_from_patch(). Leaves `out` untouched when has_color_data() or has_device_data() is 0
- *  or the index does not exist. */
+ *  of get_lab_from_patch(). Leaves `out` untouched when has_color_data() or has_device_data() is 0,
+ *  the index does not exist or memory is exhausted.
+ *
+ *  The first call for an index compares all pairs of rows with different Lab values, so its time
+ *  grows with the square of their number: 20,000 such rows take about half a second. Later calls
+ *  for the same index return the result at once. */
 MEASDATA_API void get_de_stats_from_index(void* handle, int index, DeStats* out) MEASDATA_NOEXCEPT;
 
 /** Returns the index of the paper white, which is the merged patch with 0 in every channel.

@@ -2,22 +2,31 @@
 
 #include "measdata/tokenizer.h"
 
-#include <cstddef>
-
 namespace vantor::Api {
+namespace {
 
-Words split_words(std::string_view text) {
-  Words words;
-  MeasData::Tokenizer tokenizer(text, MeasData::kBlankSeparated);
-  for (std::string_view token; tokenizer.next(token);) {
-    std::string& word = words.emplace_back();
-    for (std::size_t i = 0; i < token.size(); ++i) {
-      word += token[i];
-      const bool is_doubled = token[i] == '"' && i + 1 < token.size() && token[i + 1] == '"';
-      if (tokenizer.is_quoted() && is_doubled) ++i;
-    }
+constexpr std::string_view kDoubledQuote = "\"\"";
+
+std::string without_doubled_quotes(std::string_view word) {
+  std::string text;
+  for (std::size_t i = 0; i < word.size(); ++i) {
+    text += word[i];
+    if (word.substr(i).starts_with(kDoubledQuote)) ++i;
   }
-  return words;
+  return text;
+}
+
+}  // namespace
+
+Words::Words(std::string_view text) {
+  words_.reserve(MeasData::count_tokens(text, MeasData::kBlankSeparated));
+  MeasData::Tokenizer tokenizer(text, MeasData::kBlankSeparated);
+  for (std::string_view word; tokenizer.next(word);) {
+    if (tokenizer.is_quoted() && word.find(kDoubledQuote) != std::string_view::npos) {
+      word = unescaped_.emplace_back(without_doubled_quotes(word));
+    }
+    words_.push_back(word);
+  }
 }
 
 }  // namespace vantor::Api

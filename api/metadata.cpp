@@ -1,6 +1,7 @@
 // What the file tells about instrument, measurement and sample: from the keyword that is meant for
 // it or, where that is absent, from the free text of others.
 #include "api/instrument_text.h"
+#include "api/keyword_values.h"
 #include "api/measdata.h"
 #include "api/parser_state.h"
 
@@ -10,6 +11,7 @@
 #include <utility>
 
 using vantor::Api::Answer;
+using vantor::Api::keyword_value;
 using vantor::Api::state_of;
 
 namespace {
@@ -40,7 +42,7 @@ const char* answer(Tell tell) noexcept {
 // value up to its first zero byte, as every caller of the C interface does.
 template <typename Find>
 const char* found_in(void* handle, const char* keyword, Find find) {
-  const char* text = get_value_of_keyword(handle, keyword);
+  const char* text = keyword_value(handle, keyword);
   return text == nullptr ? nullptr : give(handle, find(text));
 }
 
@@ -53,19 +55,18 @@ const char* answer_from(void* handle, const char* keyword, Find find) noexcept {
 template <typename Find>
 const char* value_or_answer(void* handle, const char* keyword, const char* text_keyword,
                             Find find) noexcept {
-  const char* value = get_value_of_keyword(handle, keyword);
+  const char* value = keyword_value(handle, keyword);
   return value != nullptr ? value : answer_from(handle, text_keyword, find);
 }
 
 const char* found_in_weighting(void* handle, std::string_view key) {
-  const int count = num_keyword_values(handle, kWeightingFunction);
-  for (int i = 0; i < count; ++i) {
-    const char* text = get_ith_value_of_keyword(handle, i, kWeightingFunction);
-    if (Answer found = vantor::Api::find_weighting(text, key)) {
-      return give(handle, std::move(found));
-    }
-  }
-  return nullptr;
+  if (handle == nullptr) return nullptr;
+  Answer found;
+  state_of(handle)->chart.keywords.find_value(kWeightingFunction, [&](std::string_view value) {
+    found = vantor::Api::find_weighting(value.data(), key);
+    return found.has_value();
+  });
+  return give(handle, std::move(found));
 }
 
 // Removes a degree sign at the end, in Latin-1 or in an old code page.
@@ -86,8 +87,8 @@ Answer find_observer_setting(std::string_view text) {
 
 const char* tell_illuminant(void* handle) {
   if (const char* text = found_in_weighting(handle, "ILLUMINANT")) return text;
-  if (const char* text = get_value_of_keyword(handle, "ILLUMINANT")) return text;
-  if (const char* text = get_value_of_keyword(handle, "ILLUMINATION_NAME")) return text;
+  if (const char* text = keyword_value(handle, "ILLUMINANT")) return text;
+  if (const char* text = keyword_value(handle, "ILLUMINATION_NAME")) return text;
   const char* setting = found_in(handle, kMeasurementSource, [](std::string_view text) {
     return vantor::Api::find_setting(text, "Illumination=");
   });
@@ -134,19 +135,19 @@ const char* device_filter(void* handle) noexcept {
 }
 
 const char* device_polarization(void* handle) noexcept {
-  const char* value = get_value_of_keyword(handle, "POLARIZATION");
+  const char* value = keyword_value(handle, "POLARIZATION");
   if (value != nullptr) return value;
-  const char* text = get_value_of_keyword(handle, kInstrumentation);
+  const char* text = keyword_value(handle, kInstrumentation);
   return text != nullptr && vantor::Api::denies_polarization(text) ? "no" : nullptr;
 }
 
 const char* device_measurement_source(void* handle) noexcept {
-  return get_value_of_keyword(handle, kMeasurementSource);
+  return keyword_value(handle, kMeasurementSource);
 }
 
 // A file with weighting functions is colorimetric, whatever else it says.
 const char* density_status(void* handle) noexcept {
-  if (has_keyword(handle, kWeightingFunction) == 1) return nullptr;
+  if (keyword_value(handle, kWeightingFunction) != nullptr) return nullptr;
   return value_or_answer(handle, "FILTER_STATUS", kMeasurementSource,
                          vantor::Api::find_density_standard);
 }
@@ -163,30 +164,24 @@ const char* sample_backing(void* handle) noexcept {
   return value_or_answer(handle, "SAMPLE_BACKING", kInstrumentation, vantor::Api::find_backing);
 }
 
-const char* sample_colorant(void* handle) noexcept {
-  return get_value_of_keyword(handle, "COLORANT");
-}
+const char* sample_colorant(void* handle) noexcept { return keyword_value(handle, "COLORANT"); }
 
 const char* sample_manufacturer(void* handle) noexcept {
-  return get_value_of_keyword(handle, "MANUFACTURER");
+  return keyword_value(handle, "MANUFACTURER");
 }
 
-const char* sample_material(void* handle) noexcept {
-  return get_value_of_keyword(handle, "MATERIAL");
-}
+const char* sample_material(void* handle) noexcept { return keyword_value(handle, "MATERIAL"); }
 
 const char* sample_print_conditions(void* handle) noexcept {
-  return get_value_of_keyword(handle, "PRINT_CONDITIONS");
+  return keyword_value(handle, "PRINT_CONDITIONS");
 }
 
 const char* sample_production_date(void* handle) noexcept {
-  return get_value_of_keyword(handle, "PROD_DATE");
+  return keyword_value(handle, "PROD_DATE");
 }
 
-const char* sample_serial_number(void* handle) noexcept {
-  return get_value_of_keyword(handle, "SERIAL");
-}
+const char* sample_serial_number(void* handle) noexcept { return keyword_value(handle, "SERIAL"); }
 
 const char* sample_target_type(void* handle) noexcept {
-  return get_value_of_keyword(handle, "TARGET_TYPE");
+  return keyword_value(handle, "TARGET_TYPE");
 }

@@ -1,15 +1,16 @@
 // The values of one merged patch.
 #include "api/measdata.h"
 #include "api/parser_state.h"
+#include "dataset/merge.h"
 #include "dataset/patch_lab.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <exception>
 
 using vantor::Api::is_position;
 using vantor::Api::state_of;
 using vantor::DataSet::Chart;
-using vantor::DataSet::PatchDataSet;
 
 namespace {
 
@@ -56,12 +57,14 @@ const double* get_spectrum_from_index(void* handle, int index) noexcept {
 }
 
 void get_de_stats_from_index(void* handle, int index, DeStats* out) noexcept {
-  const Chart* chart = chart_with(handle, index);
-  if (chart == nullptr || out == nullptr || !chart->all_patches.has_color_data()) return;
-  const PatchDataSet& unique = chart->unique_patches;
-  if (!unique.is_merged) return;
-  *out = {0, 0.0, 0.0};
-  if (unique.repeat_counts.empty()) return;  // no patch repeats
-  const auto entry = static_cast<std::size_t>(index);
-  *out = {unique.repeat_counts[entry], unique.de_mean[entry], unique.de_max[entry]};
+  if (chart_with(handle, index) == nullptr || out == nullptr) return;
+  Chart& chart = state_of(handle)->chart;
+  if (!chart.all_patches.has_color_data() || !chart.unique_patches.is_merged) return;
+  try {
+    const vantor::DataSet::RepeatStatistics statistics = vantor::DataSet::repeat_statistics(
+        chart.all_patches, chart.unique_patches, static_cast<std::size_t>(index));
+    *out = {statistics.count, statistics.delta_e.mean, statistics.delta_e.max};
+  } catch (const std::exception&) {  // no memory
+    return;
+  }
 }

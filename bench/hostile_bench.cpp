@@ -39,11 +39,6 @@ std::string with_header(std::size_t size, const Part& line) {
                 std::string(kFields) + "END_DATA_FORMAT\nBEGIN_DATA\n1 50 60 1 2\nEND_DATA\n");
 }
 
-std::string with_fields(std::size_t size, const Part& name) {
-  return filled(size, "CGATS.17\nBEGIN_DATA_FORMAT\nGRAY LAB_L LAB_A LAB_B", name,
-                "\nEND_DATA_FORMAT\nBEGIN_DATA\n");
-}
-
 std::string with_rows(std::size_t size, const std::string& fields, const Part& row) {
   return filled(size, "CGATS.17\nBEGIN_DATA_FORMAT\n" + fields + "\nEND_DATA_FORMAT\nBEGIN_DATA\n",
                 row, "END_DATA\n");
@@ -51,19 +46,15 @@ std::string with_rows(std::size_t size, const std::string& fields, const Part& r
 
 std::uint64_t scatter(std::uint64_t value) { return value * 0x9E3779B97F4A7C15U >> 20U; }
 
-// The whole list has as many cells as names.
-std::string with_row_for(const std::string& text, std::size_t names) {
-  std::string row;
-  for (std::size_t i = 0; i < names; ++i) row += "1 ";
-  return text + row + "\nEND_DATA\n";
-}
-
+// Names and one row of as many cells.
 std::string wide(std::size_t size, const Part& name) {
-  std::string text = with_fields(size * 4 / 5, name);
-  const auto first = text.find("GRAY");
-  const auto blanks =
-      std::count(text.begin() + static_cast<std::ptrdiff_t>(first), text.end(), ' ');
-  return with_row_for(text, static_cast<std::size_t>(blanks) + 1);
+  constexpr std::size_t kCell = 2;
+  std::size_t names = 4;
+  std::string text = "CGATS.17\nBEGIN_DATA_FORMAT\nGRAY LAB_L LAB_A LAB_B";
+  for (std::size_t i = 0; text.size() + kCell * names < size; ++i, ++names) text += name(i);
+  text += "\nEND_DATA_FORMAT\nBEGIN_DATA\n";
+  for (std::size_t i = 0; i < names; ++i) text += "1 ";  // kCell characters
+  return text + "\nEND_DATA\n";
 }
 
 struct Kind {
@@ -73,10 +64,15 @@ struct Kind {
 };
 
 std::vector<Kind> kinds() {
-  const auto channels = [](std::size_t i) {
-    std::string row;
-    for (std::size_t c = 0; c < 15; ++c) row += number(scatter(i * 15 + c) % 1000) + " ";
-    return row + "\n";
+  // Rows of 15 channels, each the value of its number.
+  const auto channels = [](std::size_t size, const Part& value) {
+    std::string fields;
+    for (int c = 1; c <= 15; ++c) fields += "15CLR_" + std::to_string(c) + " ";
+    return with_rows(size, fields, [&value](std::size_t i) {
+      std::string row;
+      for (std::size_t c = 0; c < 15; ++c) row += value(i * 15 + c) + " ";
+      return row + "\n";
+    });
   };
   return {
       {"one endless line of tokens",
@@ -104,6 +100,22 @@ std::vector<Kind> kinds() {
        }},
       {"one keyword again and again",
        [](std::size_t size) { return with_header(size, [](std::size_t) { return "KEY v\n"; }); }},
+      {"short keywords",
+       [](std::size_t size) {
+         return with_header(size, [](std::size_t i) {
+           std::string name;
+           for (; i != 0 || name.empty(); i /= 60) name += static_cast<char>('A' + i % 60);
+           return name + " v\n";
+         });
+       }},
+      {"a long INSTRUMENTATION",
+       [](std::size_t size) {
+         return with_header(size, [size](std::size_t i) {
+           std::string line(i == 0 ? "INSTRUMENTATION \"" : "");
+           for (int k = 0; k < 1000; ++k) line += "a ";
+           return (i + 1) * line.size() + 1000 < size ? line : line + "\"\n";
+         });
+       }},
       {"DATA_FORMAT_IDENTIFIER lines",
        [](std::size_t size) {
          return with_header(
@@ -123,6 +135,16 @@ std::vector<Kind> kinds() {
       {"different fields",
        [](std::size_t size) {
          return wide(size, [](std::size_t i) { return " F" + number(i) + "X"; });
+       }},
+      {"different fields, at random",
+       [](std::size_t size) {
+         return wide(size, [](std::size_t i) { return " " + number(scatter(i)) + "X"; });
+       }},
+      {"fields of one letter",
+       [](std::size_t size) {
+         return wide(size, [](std::size_t i) {
+           return std::string(" ") + static_cast<char>('a' + scatter(i) % 26);
+         });
        }},
       {"one field again and again",
        [](std::size_t size) { return wide(size, [](std::size_t) { return " DUP"; }); }},
@@ -170,15 +192,30 @@ std::vector<Kind> kinds() {
        [](std::size_t size) {
          return with_rows(size, "GRAY", [](std::size_t) { return "nan\n"; });
        }},
+      {"rows of one digit",
+       [](std::size_t size) {
+         return with_rows(size, "GRAY",
+                          [](std::size_t i) { return number(scatter(i) % 10) + "\n"; });
+       }},
       {"one patch again and again, without colour",
        [](std::size_t size) {
          return with_rows(size, "GRAY", [](std::size_t) { return "50\n"; });
        }},
+      {"one patch again and again, with Lab",
+       [](std::size_t size) {
+         return with_rows(size, "GRAY LAB_L LAB_A LAB_B", [](std::size_t i) {
+           return "50 " + number(scatter(i) % 1000) + " 1 2\n";
+         });
+       }},
       {"15 channels",
        [channels](std::size_t size) {
-         std::string fields;
-         for (int c = 1; c <= 15; ++c) fields += "15CLR_" + std::to_string(c) + " ";
-         return with_rows(size, fields, channels);
+         return channels(size, [](std::size_t i) { return number(scatter(i) % 1000); });
+       }},
+      {"15 channels without a number",
+       [channels](std::size_t size) { return channels(size, [](std::size_t) { return "nan"; }); }},
+      {"15 channels below 0",
+       [channels](std::size_t size) {
+         return channels(size, [](std::size_t i) { return "-" + number(scatter(i) % 1000); });
        }},
       {"semicolons alone",
        [](std::size_t size) {
@@ -195,7 +232,9 @@ std::vector<Kind> kinds() {
   };
 }
 
-void load_and_ask(const std::string& text, int mode) {
+enum class Statistics { leave, ask };
+
+void load_and_ask(const std::string& text, int mode, Statistics statistics = Statistics::leave) {
   void* handle = init_parser();
   set_parse_mode(handle, mode);
   parse_mem(handle, text.size(), text.data(), "bench");
@@ -204,26 +243,48 @@ void load_and_ask(const std::string& text, int mode) {
   for (int channel = 0; channel < num_device_channels(handle); ++channel) {
     get_device_channel_name(handle, channel);
   }
+  DeStats stats = {};
+  if (statistics == Statistics::ask) get_de_stats_from_index(handle, 0, &stats);
   cleanup_parser(&handle);
 }
 
 // Processor time, the least of three runs.
-double milliseconds(const std::string& text, int mode) {
+double milliseconds(const std::string& text, int mode, Statistics statistics = Statistics::leave) {
   double best = 1e9;
   for (int round = 0; round < 3; ++round) {
     const std::clock_t start = std::clock();
-    load_and_ask(text, mode);
+    load_and_ask(text, mode, statistics);
     best = std::min(best, static_cast<double>(std::clock() - start) * 1e3 / CLOCKS_PER_SEC);
   }
   return best;
 }
 
+// Keywords stay from load to load, so later loads find more of them.
+void print_loads_of_one_handle() {
+  const std::string text = with_header(500, [](std::size_t i) { return "K" + number(i) + " v\n"; });
+  std::vector<std::vector<std::string>> table = {{"loads of one handle", "time", "a load"}};
+  for (const int loads : {7500, 15000, 30000}) {
+    void* handle = init_parser();
+    const std::clock_t start = std::clock();
+    for (int i = 0; i < loads; ++i) parse_mem(handle, text.size(), text.data(), "bench");
+    const double time = static_cast<double>(std::clock() - start) * 1e3 / CLOCKS_PER_SEC;
+    cleanup_parser(&handle);
+    table.push_back(
+        {std::to_string(loads), format("%.0f ms", time), format("%.1f us", time / loads * 1e3)});
+  }
+  std::printf("\n");
+  bench::print_table(table);
+}
+
 }  // namespace
 
-int main() {
+// All kinds, or those whose names contain the argument.
+int main(int argc, char** argv) {
+  const std::string wanted = argc > 1 ? argv[1] : "";
   std::vector<std::vector<std::string>> table = {
       {"input", "1 MB", "4 MB", "16 MB", "16 MB / 4 MB", "peak memory, bytes per byte"}};
   for (const Kind& kind : kinds()) {
+    if (std::string(kind.name).find(wanted) == std::string::npos) continue;
     const double size = static_cast<double>(kMegabytes.back() * kMegabyte);
     // First of all: a child begins with what this process holds.
     const double peak = bench::peak_bytes(
@@ -238,10 +299,13 @@ int main() {
   }
   bench::print_table(table);
 
-  // The statistics compare all pairs: the one cost that grows with the square.
+  if (!wanted.empty()) return 0;
+  // The statistics compare all pairs: the one question whose time grows with the square.
   constexpr double kPairs = 0.5 * kRepeats * (kRepeats - 1);
-  const double time = milliseconds(bench::single_patch_chart(kRepeats), 0);
-  std::printf("\n%d measurements of one patch, 36 bands: %.0f ms, %.0f million pairs per second.\n",
-              kRepeats, time, kPairs / time / 1e3);
+  const std::string repeats = bench::single_patch_chart(kRepeats);
+  const double time = milliseconds(repeats, 0, Statistics::ask) - milliseconds(repeats, 0);
+  std::printf("\n%d measurements of one patch: %.0f ms, %.0f million pairs per second.\n", kRepeats,
+              time, kPairs / time / 1e3);
+  print_loads_of_one_handle();
   return 0;
 }

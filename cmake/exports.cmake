@@ -1,4 +1,5 @@
-# Lets a shared library export the names in a list and nothing else.
+# Lets a shared library export the names in a list and nothing else, and call its own functions even
+# where a program or another library holds functions of the same names.
 #
 # Instantiations of the standard library's templates are visible whatever the compiler is told; only
 # the linker can leave them out.
@@ -28,6 +29,8 @@ function(measdata_export_only library list)
     CONTENT "{\nglobal:\n@c_names@@cpp_names@local:\n  *;\n};\n"
     @ONLY
   )
-  target_link_options(${library} PRIVATE LINKER:--version-script=${script})
+  target_link_options(
+    ${library} PRIVATE LINKER:--version-script=${script} LINKER:-Bsymbolic-functions
+  )
   set_property(TARGET ${library} APPEND PROPERTY LINK_DEPENDS ${script})
 endfunction()

@@ -3,8 +3,12 @@
 #include "colortypes/value_hash.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <compare>
+#include <cstdint>
 #include <iterator>
+#include <limits>
 #include <span>
 
 namespace vantor::ColorTypes {
@@ -70,6 +74,20 @@ bool isInWedge(std::span<const double> row, std::size_t channel, ZeroSteps zeros
   return zeros == ZeroSteps::keep || row[channel] != 0.0;
 }
 
+// An integer that is smaller where a value is, and 0 for -0.0; smallest for what is no number.
+std::int64_t sortKey(double value) {
+  if (std::isnan(value)) return std::numeric_limits<std::int64_t>::min();
+  const auto bits = std::bit_cast<std::int64_t>(value);
+  return bits >= 0 ? bits : std::numeric_limits<std::int64_t>::min() - bits;
+}
+
+// A row of a wedge with what it is sorted by: the rows themselves lie far apart.
+struct Step {
+  std::int64_t key;
+  std::int32_t row;
+  auto operator<=>(const Step&) const = default;
+};
+
 }  // namespace
 
 DistinctValues collectDistinctValues(const ValueTable& device_values, std::size_t channel) {
@@ -107,18 +125,15 @@ std::vector<std::int32_t> findPaperWhite(const ValueTable& device_values,
 std::vector<std::int32_t> collectWedge(const ValueTable& device_values,
                                        std::span<const std::int32_t> rows, std::size_t channel,
                                        ZeroSteps zeros) {
-  std::vector<std::int32_t> wedge;
-  std::ranges::copy_if(rows, std::back_inserter(wedge), [&](std::int32_t row) {
-    return isInWedge(device_values.row(static_cast<std::size_t>(row)), channel, zeros);
-  });
-  const auto value_of = [&device_values, channel](std::int32_t row) {
-    return device_values.row(static_cast<std::size_t>(row))[channel];
-  };
-  std::stable_sort(wedge.begin(), wedge.end(), [&value_of](std::int32_t a, std::int32_t b) {
-    const double left = value_of(a);
-    const double right = value_of(b);
-    return left < right || (std::isnan(left) && !std::isnan(right));
-  });
+  std::vector<Step> steps;
+  for (const std::int32_t row : rows) {
+    const std::span<const double> values = device_values.row(static_cast<std::size_t>(row));
+    if (isInWedge(values, channel, zeros)) steps.push_back({sortKey(values[channel]), row});
+  }
+  // Many rows without a value belong to the wedges of all channels, and mostly stand in order.
+  if (!std::ranges::is_sorted(steps)) std::ranges::sort(steps);
+  std::vector<std::int32_t> wedge(steps.size());
+  std::ranges::transform(steps, wedge.begin(), &Step::row);
   return wedge;
 }
 

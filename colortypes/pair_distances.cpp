@@ -2,6 +2,7 @@
 
 #include "colortypes/difference.h"
 #include "colortypes/lanes.h"
+#include "colortypes/repeats.h"
 
 #include <algorithm>
 #include <array>
@@ -25,6 +26,8 @@ using Rows = std::span<const std::uint32_t>;
 constexpr std::size_t kTile = 4;
 // So many tiles at a time, whose distances stay in the nearest cache.
 constexpr std::size_t kBatch = 32;
+// Among fewer rows the search for equal ones takes longer than it saves.
+constexpr std::size_t kFewestToSort = 32;
 
 // The rows of each tile value by value: the first value of its four rows, the second, ...
 std::vector<double> tilesOf(const ValueTable& table, Rows rows) {
@@ -105,8 +108,9 @@ Compare chooseCompare() { return compareAnywhere; }
 
 class Totals {
  public:
-  void take(double distance) {
-    single_sum_ += distance;
+  // The distance of so many pairs.
+  void take(double distance, double pairs) {
+    single_sum_ += distance * pairs;
     single_max_ = distance > single_max_ ? distance : single_max_;
   }
   // A multiple of two lanes of them. Four sums, so that fewer additions wait for the one before.
@@ -126,6 +130,17 @@ class Totals {
     sums_ = {sum1, sum2};
     maxima_ = {max1, max2};
   }
+  // Those of the rows of one tile and of `count` others, all of which come so often.
+  void take(const double* distances, std::size_t count, const double* row_counts,
+            const double* other_counts) {
+    for (std::size_t other = 0; other < count; ++other, other_counts += kTile) {
+      for (std::size_t row = 0; row < kTile; ++row) {
+        for (std::size_t i = 0; i < kTile; ++i) {
+          take(*distances++, row_counts[row] * other_counts[i]);
+        }
+      }
+    }
+  }
   double sum() const {
     const Lanes both = sums_[0] + sums_[1];
     return single_sum_ + (both[0] + both[1]);
@@ -142,20 +157,71 @@ class Totals {
   std::array<Lanes, 2> maxima_ = {Lanes{kNoDistance, kNoDistance}, Lanes{kNoDistance, kNoDistance}};
 };
 
+// Different rows, and how often each of them comes; no counts when each comes once.
+struct DifferentRows {
+  std::vector<std::uint32_t> rows;
+  std::vector<double> counts;
+
+  double count(std::size_t i) const { return counts.empty() ? 1.0 : counts[i]; }
+};
+
+DifferentRows differentRowsOf(const ValueTable& table, Rows rows) {
+  DifferentRows different;
+  different.rows.assign(rows.begin(), rows.end());
+  if (rows.size() < kFewestToSort) return different;
+  ValueTable sorted;
+  double* next = sorted.reset(table.width(), rows.size());
+  for (const std::uint32_t row : rows) next = std::ranges::copy(table.row(row), next).out;
+  const RepeatGroups groups(sorted);
+  if (!groups.hasRepeats()) return different;
+  different.rows.clear();
+  for (std::size_t entry = 0; entry < groups.size(); ++entry) {
+    different.rows.push_back(rows[groups.members(entry).front()]);
+    different.counts.push_back(static_cast<double>(groups.members(entry).size()));
+  }
+  return different;
+}
+
 // All pairs of rows in different tiles.
-void comparePairsOfTiles(const ValueTable& table, Rows rows, Totals& totals) {
+void comparePairsOfTiles(const ValueTable& table, const DifferentRows& different, Totals& totals) {
   std::array<double, kBatch * kTile * kTile> distances;  // NOLINT: filled before it is read
+  const std::size_t tile_count = different.rows.size() / kTile;
+  const Rows rows = Rows(different.rows).first(tile_count * kTile);
   const std::vector<double> tiles = tilesOf(table, rows);
   const std::size_t tile_size = kTile * table.width();
   const Compare compare_tiles = chooseCompare();
-  for (std::size_t tile = 1; tile < rows.size() / kTile; ++tile) {
+  for (std::size_t tile = 1; tile < tile_count; ++tile) {
     const auto row = [&](std::size_t i) { return table.row(rows[tile * kTile + i]).data(); };
     const TileRows tile_rows = {row(0), row(1), row(2), row(3)};
     for (std::size_t first = 0; first < tile; first += kBatch) {
       const std::size_t count = std::min(kBatch, tile - first);
       compare_tiles(tile_rows, tiles.data() + first * tile_size, count, table.width(),
                     distances.data());
-      totals.take(distances.data(), count * kTile * kTile);
+      if (different.counts.empty()) {
+        totals.take(distances.data(), count * kTile * kTile);
+      } else {
+        totals.take(distances.data(), count, different.counts.data() + tile * kTile,
+                    different.counts.data() + first * kTile);
+      }
+    }
+  }
+}
+
+// Pairs of rows in the same tile, and those of the rows that fill no tile with all before them.
+void compareOtherPairs(const ValueTable& table, const DifferentRows& different, Totals& totals) {
+  const std::vector<std::uint32_t>& rows = different.rows;
+  const std::size_t in_tiles = rows.size() - rows.size() % kTile;
+  for (std::size_t k = 0; k < rows.size(); ++k) {
+    const double count = different.count(k);
+    // Not always 0: infinite values have no difference.
+    if (count > 1.0) {
+      totals.take(vectorDistance(table.row(rows[k]), table.row(rows[k])),
+                  0.5 * count * (count - 1.0));
+    }
+    const std::size_t first = k < in_tiles ? k - k % kTile : 0;
+    for (std::size_t j = first; j < k; ++j) {
+      totals.take(vectorDistance(table.row(rows[k]), table.row(rows[j])),
+                  count * different.count(j));
     }
   }
 }
@@ -163,25 +229,17 @@ void comparePairsOfTiles(const ValueTable& table, Rows rows, Totals& totals) {
 }  // namespace
 
 Distances pairwiseDistances(const ValueTable& table, Rows rows) {
-  Totals totals;
-  const std::size_t in_tiles = rows.size() - rows.size() % kTile;
-  if (in_tiles > kTile && table.width() != 0) {
-    comparePairsOfTiles(table, rows.first(in_tiles), totals);
-  }
-  // Within the tiles, and the rows that fill no tile with all before them.
-  for (std::size_t k = 1; k < rows.size(); ++k) {
-    const std::size_t first = k < in_tiles ? k - k % kTile : 0;
-    for (std::size_t j = first; j < k; ++j) {
-      totals.take(vectorDistance(table.row(rows[k]), table.row(rows[j])));
-    }
-  }
-
   Distances distances;
-  if (rows.size() > 1) {
-    const auto count = static_cast<double>(rows.size());
-    distances.mean = totals.sum() / (0.5 * count * (count - 1.0));
-    distances.max = totals.max();
+  if (rows.size() < 2) return distances;
+  Totals totals;
+  const DifferentRows different = differentRowsOf(table, rows);
+  if (different.rows.size() > kTile && table.width() != 0) {
+    comparePairsOfTiles(table, different, totals);
   }
+  compareOtherPairs(table, different, totals);
+  const auto count = static_cast<double>(rows.size());
+  distances.mean = totals.sum() / (0.5 * count * (count - 1.0));
+  distances.max = totals.max();
   return distances;
 }
 

@@ -19,7 +19,8 @@ struct Distances {
 };
 
 /// Mean and maximum of the distances (vectorDistance) between all pairs of the given rows of a
-/// table. The time grows with the number of pairs.
+/// table. The time grows with the square of the number of different rows: equal rows are compared
+/// with the others once, and their distances count as often as there are such rows.
 Distances pairwiseDistances(const ValueTable& table, std::span<const std::uint32_t> rows);
 
 }  // namespace vantor::ColorTypes

@@ -21,7 +21,7 @@ bool areEqual(std::span<const double> a, std::span<const double> b) {
 // another, row and entry have the same number and nothing is written down.
 class EntryFinder {
  public:
-  explicit EntryFinder(const ValueTable& rows) : rows_(rows) { table_.reserve(rows.rows()); }
+  explicit EntryFinder(const ValueTable& rows) : rows_(rows) {}
 
   void findAll() {
     const RowHash hash(rows_.width());
@@ -29,6 +29,7 @@ class EntryFinder {
     std::array<std::uint64_t, 32> hashes{};
     for (std::size_t first = 0; first < rows_.rows(); first += hashes.size()) {
       const std::size_t count = std::min(hashes.size(), rows_.rows() - first);
+      if (first == kFirstRows && 2 * entry_count_ > kFirstRows) table_.reserve(rows_.rows());
       for (std::size_t i = 0; i < count; ++i) {
         hashes[i] = hash(rows_.row(first + i));
         table_.prefetch(hashes[i]);
@@ -42,6 +43,9 @@ class EntryFinder {
   const std::vector<std::uint32_t>& entryOfRow() const { return entry_of_row_; }
 
  private:
+  // When most of them differ, room is made for all rows at once.
+  static constexpr std::size_t kFirstRows = 1024;
+
   void find(std::size_t row, std::uint64_t hash) {
     const std::span<const double> values = rows_.row(row);
     auto entry = static_cast<std::uint32_t>(entry_count_);

@@ -18,6 +18,8 @@ class RepeatGroups {
   /// Rows that hold a not-a-number equal none, so each is an entry of its own. Takes time linear in
   /// the number of rows.
   explicit RepeatGroups(const ValueTable& rows);
+  /// Of no rows.
+  RepeatGroups() = default;
 
   std::size_t size() const { return size_; }
   /// When there are none, every row is an entry of its own, and members() is not to be asked.

@@ -77,32 +77,29 @@ void count_distinct_values(Chart& chart) {
 void fill_keyword_store(Chart& chart) {
   const PatchDataSet& patches = chart.all_patches;
   const HeaderKeywords& header = patches.header_keywords;
-  std::vector<Keyword> keywords;
-  keywords.reserve(header.size() + patches.weighting_functions.size() +
-                   patches.computational_parameters.size());
-  for (std::size_t i = 0; i < header.size(); ++i) {
-    keywords.push_back({header.names.at(i), header.values.at(i)});
-  }
-  for (const std::string& value : patches.weighting_functions) {
-    keywords.push_back({"WEIGHTING_FUNCTION", value});
-  }
-  // With an S that the keyword of the file lacks: callers look it up under this name.
-  for (const std::string& value : patches.computational_parameters) {
-    keywords.push_back({"COMPUTATIONAL_PARAMETERS", value});
-  }
-  chart.keywords.add(keywords);
+  const std::vector<std::string>& weightings = patches.weighting_functions;
+  const std::vector<std::string>& parameters = patches.computational_parameters;
+  chart.keywords.add(header.size() + weightings.size() + parameters.size(), [&](std::size_t i) {
+    if (i < header.size()) return Keyword{header.names.at(i), header.values.at(i)};
+    i -= header.size();
+    if (i < weightings.size()) return Keyword{"WEIGHTING_FUNCTION", weightings[i]};
+    // With an S that the keyword of the file lacks: callers look it up under this name.
+    return Keyword{"COMPUTATIONAL_PARAMETERS", parameters[i - weightings.size()]};
+  });
 }
 
 }  // namespace
 
-bool build_chart(Chart& chart, const MeasFileParser& reader, const char* name) {
+Names device_field_names(const PatchDataSet& patches, const MeasFileParser& reader) {
+  Names names;
+  for (const std::int32_t field : patches.device_fields) names.push_back(reader.field_name(field));
+  return names;
+}
+
+bool build_chart(Chart& chart, const Names& field_names, const char* name) {
   configure_conversion(chart);
   merge_repeats(chart.all_patches, chart.unique_patches);
   size_channel_lists(chart);
-  Names field_names;
-  for (const std::int32_t field : chart.all_patches.device_fields) {
-    field_names.push_back(reader.field_name(field));
-  }
   chart.device_flags = device_flags(field_names);
   analyse_merged_patches(chart);
   count_distinct_values(chart);

@@ -1,16 +1,17 @@
 #include "dataset/channel_names.h"
 
+#include "base/position_table.h"
 #include "measdata/name_hash.h"
 #include "measdata/tokenizer.h"
 
 #include <cerrno>
 #include <cstddef>
 #include <cstdlib>
+#include <optional>
 
 namespace vantor::DataSet {
 namespace {
 
-using KeywordValues = MeasData::NameMap<std::string_view>;
 using Tokens = std::vector<std::string_view>;
 
 // The inks that the keywords LGOMCCHANNEL01, LGOMCCHANNEL02, ... declare.
@@ -25,17 +26,34 @@ constexpr std::size_t kNameToken = 2;
 constexpr std::size_t kFirstToneToken = 5;
 constexpr std::size_t kToneComponents = 3;
 
-// The first value of each keyword that may name a channel.
-KeywordValues index_of(const HeaderKeywords& keywords) {
-  KeywordValues values;
-  for (std::size_t i = 0; i < keywords.size(); ++i) {
-    const std::string_view name = keywords.names.at(i);
-    if (name.starts_with(kColorant) || name.starts_with(kInkName)) {
-      values.emplace(name, keywords.values.at(i));
+// Finds the keywords that may name a channel.
+class ChannelKeywords {
+  auto is_named(std::string_view name) const {
+    return [this, name](auto position) { return keywords_.names.at(position) == name; };
+  }
+
+ public:
+  explicit ChannelKeywords(const HeaderKeywords& keywords) : keywords_(keywords) {
+    for (std::size_t i = 0; i < keywords.size(); ++i) {
+      const std::string_view name = keywords.names.at(i);
+      if (name.starts_with(kColorant) || name.starts_with(kInkName)) {
+        positions_.find_or_add(hash_(name), i, is_named(name));
+      }
     }
   }
-  return values;
-}
+
+  /// The first value of a keyword.
+  std::optional<std::string_view> find(std::string_view name) const {
+    const auto position = positions_.find(hash_(name), is_named(name));
+    if (position == Base::PositionTable::kNone) return std::nullopt;
+    return keywords_.values.at(position);
+  }
+
+ private:
+  const HeaderKeywords& keywords_;
+  MeasData::NameHash hash_;
+  Base::PositionTable positions_;
+};
 
 // A name in apostrophes may run over several tokens; it keeps the apostrophes.
 std::string name_from(const Tokens& tokens) {
@@ -82,17 +100,18 @@ std::string colorant_key(std::size_t number) {
   return std::string(kColorant) + (number < 10 ? "0" : "") + std::to_string(number);
 }
 
-ColorantList read_colorants(const KeywordValues& keywords) {
+// All colorants are checked, and as many names kept as there are channels.
+ColorantList read_colorants(const ChannelKeywords& keywords, std::size_t channels) {
   ColorantList list;
   Tokens tokens;
   for (std::size_t number = 1;; ++number) {
-    const auto keyword = keywords.find(colorant_key(number));
-    if (keyword == keywords.end()) return list;
-    MeasData::split(keyword->second, MeasData::kBlankSeparated, tokens);
+    const auto value = keywords.find(colorant_key(number));
+    if (!value) return list;
+    MeasData::split(*value, MeasData::kBlankSeparated, tokens);
     if (tokens.size() < 3 || tokens[0] != "InkName" || tokens[1] != "=") continue;
     list.failure = check_full_tone(tokens);
     if (!list.failure.empty()) return list;
-    list.colorant_names.push_back(name_from(tokens));
+    if (list.colorant_names.size() < channels) list.colorant_names.push_back(name_from(tokens));
   }
 }
 
@@ -126,20 +145,20 @@ std::string_view without_apostrophes(std::string_view name) {
 
 ChannelNames build_channel_names(const std::vector<std::string>& field_names,
                                  const HeaderKeywords& header_keywords, const char* name) {
-  const KeywordValues keywords = index_of(header_keywords);
-  const ColorantList colorants = read_colorants(keywords);
+  const std::size_t channels = field_names.size();
+  const ChannelKeywords keywords(header_keywords);
+  const ColorantList colorants = read_colorants(keywords, channels);
   ChannelNames result;
   result.failure = colorants.failure;
   if (!result.failure.empty()) return result;
-  const std::size_t channels = field_names.size();
   for (std::size_t channel = 0; channel < channels; ++channel) {
     std::string_view channel_name;
     if (channels == 1 && name != nullptr) channel_name = base_name(name);
-    const auto keyword = keywords.find(std::string(kInkName) + std::to_string(channel + 1));
+    const auto ink_name = keywords.find(std::string(kInkName) + std::to_string(channel + 1));
     if (channel < colorants.colorant_names.size()) {
       channel_name = colorants.colorant_names[channel];
-    } else if (keyword != keywords.end()) {
-      channel_name = keyword->second;
+    } else if (ink_name) {
+      channel_name = *ink_name;
     } else if (const std::string_view known = default_name(field_names[channel], channels);
                !known.empty()) {
       channel_name = known;

@@ -2,9 +2,7 @@
 
 #include "dataset/column_classification.h"
 #include "dataset/device_channels.h"
-#include "dataset/field_kinds.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -18,7 +16,9 @@ using MeasData::MeasFileParser;
 // The cells of one row at a time.
 class RowCells {
  public:
-  explicit RowCells(const MeasFileParser& reader) : reader_(reader) {}
+  explicit RowCells(const MeasFileParser& reader) : reader_(reader) {
+    cutter_.reserve(static_cast<std::size_t>(reader.field_count()));
+  }
 
   void move_to(int row) { cells_ = reader_.cells_of_row(row, cutter_); }
 
@@ -48,13 +48,6 @@ class RowCells {
   MeasData::CellCutter cutter_;
   std::span<const std::string_view> cells_;
 };
-
-std::int32_t count_decimals(const std::string& number) {
-  const std::size_t point = number.find('.');
-  if (point == std::string::npos) return 0;
-  const std::size_t end = number.find_first_not_of("0123456789", point + 1);
-  return static_cast<std::int32_t>(std::min(end, number.size()) - point - 1);
-}
 
 // A table on its way to be filled.
 struct OpenTable {
@@ -144,13 +137,11 @@ void copy_texts(const std::vector<std::string_view>& views, std::vector<std::str
 
 void copy_header(const MeasFileParser& reader, PatchDataSet& data_set) {
   HeaderKeywords& keywords = data_set.header_keywords;
-  for (TextColumn* column : {&keywords.names, &keywords.values, &keywords.comments}) {
-    column->reserve(reader.keywords().size());
-  }
-  for (const MeasData::KeywordEntry& entry : reader.keywords()) {
-    keywords.names.append(entry.name);
-    keywords.values.append(entry.value);
-    keywords.comments.append(entry.comment);
+  keywords.names.reserve(reader.keywords().size());
+  keywords.values.reserve(reader.keywords().size());
+  for (std::size_t i = 0; i < reader.keywords().size(); ++i) {
+    keywords.names.append(reader.keywords()[i].name);
+    keywords.values.append(reader.keywords()[i].value);
   }
   copy_texts(reader.weighting_functions(), data_set.weighting_functions);
   copy_texts(reader.computational_parameters(), data_set.computational_parameters);
@@ -158,15 +149,18 @@ void copy_header(const MeasFileParser& reader, PatchDataSet& data_set) {
   copy_texts(reader.spot_color_ids(), data_set.spot_color_ids);
 }
 
+bool take_failure(PatchDataSet& data_set, MeasFileParser& reader) {
+  reader.release_rows();
+  data_set.messages = reader.messages();
+  return false;
+}
+
 }  // namespace
 
 bool read_file(PatchDataSet& data_set, const char* path, MeasFileParser& reader,
                const SpectralRequest& range, const SpectralRequest& grid) {
   data_set.reset();
-  if (!reader.load_file(path)) {
-    data_set.messages += reader.messages();
-    return false;
-  }
+  if (!reader.load_file(path)) return take_failure(data_set, reader);
   data_set.file_name = path;
   return fill(data_set, reader, range, grid);
 }
@@ -174,10 +168,7 @@ bool read_file(PatchDataSet& data_set, const char* path, MeasFileParser& reader,
 bool read_memory(PatchDataSet& data_set, std::string_view text, MeasFileParser& reader,
                  const SpectralRequest& range, const SpectralRequest& grid) {
   data_set.reset();
-  if (!reader.load_view(text)) {
-    data_set.messages += reader.messages();
-    return false;
-  }
+  if (!reader.load_view(text)) return take_failure(data_set, reader);
   return fill(data_set, reader, range, grid);
 }
 
@@ -187,9 +178,6 @@ bool fill(PatchDataSet& data_set, const MeasFileParser& reader, const SpectralRe
   data_set.device_space = detect_device_channels(reader, data_set.device_fields);
   classify_single_fields(reader, data_set);
   data_set.num_patches = reader.row_count();
-  if (!data_set.device_fields.empty() && data_set.num_patches > 0) {
-    data_set.device_decimals = count_decimals(reader.value(0, data_set.device_fields.front()));
-  }
   classify_measurement_fields(reader, data_set);
   classify_density_fields(reader, data_set);
 
@@ -199,7 +187,6 @@ bool fill(PatchDataSet& data_set, const MeasFileParser& reader, const SpectralRe
   }
   fill_patches(reader, measured, data_set);
   if (measured.adjust) adopt_grid(data_set);
-  list_field_kinds(reader, data_set);
   copy_header(reader, data_set);
   return true;
 }

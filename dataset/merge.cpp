@@ -1,14 +1,16 @@
 #include "dataset/merge.h"
 
-#include "colortypes/pair_distances.h"
 #include "colortypes/repeats.h"
 #include "dataset/device_channels.h"
 #include "dataset/patch_lab.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 #include <span>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace vantor::DataSet {
 namespace {
@@ -26,7 +28,6 @@ void copy_description(const PatchDataSet& all, PatchDataSet& unique) {
   unique.file_identifier = all.file_identifier;
   unique.device_space = all.device_space;
   unique.device_fields = all.device_fields;
-  unique.device_decimals = all.device_decimals;
   unique.sample_id_field = all.sample_id_field;
   unique.sample_name_field = all.sample_name_field;
   unique.sample_loc_field = all.sample_loc_field;
@@ -86,39 +87,18 @@ void copy_all_patches(const PatchDataSet& all, PatchDataSet& unique) {
   unique.spectra = all.spectra;
 }
 
-// Lab of every patch that repeats, from its spectrum where that can be converted; the other rows
-// are never looked at. Nothing where there is nothing to make Lab of.
-ValueTable lab_of_repeats(const PatchDataSet& all, const RepeatGroups& groups) {
-  ValueTable table;
-  if (!all.has_color_data() || !has_patch_lab(all)) return table;
-  double* const rows = table.reset(3, static_cast<std::size_t>(all.num_patches));
-  for (std::size_t entry = 0; entry < groups.size(); ++entry) {
-    if (groups.members(entry).size() == 1) continue;
-    for (const std::uint32_t member : groups.members(entry)) {
-      write_patch_lab(all, member, rows + 3 * std::size_t{member});
-    }
+// Delta E*ab between the Lab of all members; no distance where there is nothing to make Lab of.
+Distances lab_distances(const PatchDataSet& all, Members members) {
+  if (!has_patch_lab(all)) return {};
+  ValueTable lab;
+  double* rows = lab.reset(3, members.size());
+  for (const std::uint32_t member : members) {
+    write_patch_lab(all, member, rows);
+    rows += 3;
   }
-  return table;
-}
-
-void append_statistics(std::size_t repeat_count, const Distances& spectral, const Distances& lab,
-                       PatchDataSet& unique) {
-  unique.repeat_counts.push_back(static_cast<std::int32_t>(repeat_count));
-  unique.spectral_distance_mean.push_back(spectral.mean);
-  unique.spectral_distance_max.push_back(spectral.max);
-  unique.de_mean.push_back(lab.mean);
-  unique.de_max.push_back(lab.max);
-}
-
-void append_statistics_of(const PatchDataSet& all, const ValueTable& lab, Members members,
-                          PatchDataSet& unique) {
-  Distances spectral_distances = {0.0, all.has_spectral ? ColorTypes::kNoDistance : 0.0};
-  Distances lab_distances;
-  if (members.size() > 1) {
-    if (all.has_spectral) spectral_distances = pairwiseDistances(all.spectra, members);
-    if (!lab.empty()) lab_distances = pairwiseDistances(lab, members);
-  }
-  append_statistics(members.size(), spectral_distances, lab_distances, unique);
+  std::vector<std::uint32_t> positions(members.size());
+  std::iota(positions.begin(), positions.end(), 0U);
+  return pairwiseDistances(lab, positions);
 }
 
 }  // namespace
@@ -139,7 +119,7 @@ void merge_repeats(PatchDataSet& all_patches, PatchDataSet& unique_patches) {
     unique_patches = all_patches;
     return;
   }
-  const RepeatGroups groups(all_patches.device_values);
+  RepeatGroups groups(all_patches.device_values);
   copy_description(all_patches, unique_patches);
   unique_patches.is_merged = true;
   unique_patches.num_patches = static_cast<std::int32_t>(groups.size());
@@ -150,11 +130,21 @@ void merge_repeats(PatchDataSet& all_patches, PatchDataSet& unique_patches) {
   take_device_values(all_patches.device_values, groups, unique_patches.device_values);
   merge_rows(all_patches.lab_values, groups, unique_patches.lab_values);
   merge_rows(all_patches.spectra, groups, unique_patches.spectra);
-  const ValueTable lab = lab_of_repeats(all_patches, groups);
   for (std::size_t entry = 0; entry < groups.size(); ++entry) {
     append_entry(all_patches, groups.members(entry).front(), unique_patches);
-    append_statistics_of(all_patches, lab, groups.members(entry), unique_patches);
   }
+  unique_patches.repeats = std::move(groups);
+}
+
+RepeatStatistics repeat_statistics(const PatchDataSet& all_patches, PatchDataSet& unique_patches,
+                                   std::size_t entry) {
+  if (!unique_patches.repeats.hasRepeats()) return {0, {0.0, 0.0}};
+  const Members members = unique_patches.repeats.members(entry);
+  if (members.size() == 1) return {1, {}};
+  auto& kept = unique_patches.repeat_distances;
+  kept.resize(unique_patches.repeats.size());
+  if (!kept[entry]) kept[entry] = lab_distances(all_patches, members);
+  return {static_cast<std::int32_t>(members.size()), *kept[entry]};
 }
 
 }  // namespace vantor::DataSet

@@ -2,6 +2,8 @@
 #ifndef MEASDATA_DATASET_PATCH_DATA_SET_H
 #define MEASDATA_DATASET_PATCH_DATA_SET_H
 
+#include "colortypes/pair_distances.h"
+#include "colortypes/repeats.h"
 #include "colortypes/spectral/spectral_conversion.h"
 #include "colortypes/value_table.h"
 #include "dataset/text_column.h"
@@ -9,6 +11,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,23 +19,9 @@ namespace vantor::DataSet {
 
 /// The header keywords of the file, in order.
 struct HeaderKeywords {
-  TextColumn names, values, comments;
+  TextColumn names, values;
 
   std::size_t size() const { return names.size(); }
-};
-
-/// Which field groups a file has, in the order in which their first fields come.
-enum class FieldKind : std::int32_t {
-  device = 0,
-  spectral = 1,
-  lab = 2,
-  lch = 3,
-  xyz = 4,
-  density = 5,
-  sample_id = 6,
-  sample_loc = 7,
-  sample_name = 8,
-  scw_index = 9,
 };
 
 /// Field indices of a group of three; -1 for a field that the file lacks.
@@ -72,7 +61,6 @@ struct PatchDataSet {
   FieldTriple lch_fields = {-1, -1, -1};
   std::vector<std::int32_t> density_fields;
   std::vector<std::int32_t> spectral_fields;
-  std::vector<FieldKind> field_kinds;
   std::string spectral_prefix = "SPECTRAL_";
 
   std::string file_identifier = "IS12642";
@@ -80,7 +68,6 @@ struct PatchDataSet {
   std::vector<std::string> computational_parameters;
   std::vector<std::string> process_color_ids;
   std::vector<std::string> spot_color_ids;
-  std::int32_t device_decimals = -1;  ///< decimal places of the first device value
   std::vector<std::string> density_names;
 
   bool has_xyz = false;
@@ -91,16 +78,11 @@ struct PatchDataSet {
 
   /// True for a data set whose repeated measurements were merged.
   bool is_merged = false;
-  // How many measurements were merged, and how far they lie apart. All are left out, which stands
-  // for 0 throughout, where no patch repeats.
-  std::vector<std::int32_t> repeat_counts;
-  std::vector<double> spectral_distance_mean;
-  std::vector<double> spectral_distance_max;
-  std::vector<double> de_mean;  ///< Delta E*ab
-  std::vector<double> de_max;
+  ColorTypes::RepeatGroups repeats;  ///< the patches that were merged into each of these
+  /// Delta E*ab within them, as far as somebody asked for it; empty before.
+  std::vector<std::optional<ColorTypes::Distances>> repeat_distances;
 
-  std::string messages;                          ///< diagnostics of the build
-  std::vector<std::string> unclassified_fields;  ///< names of the fields that no role wants
+  std::string messages;  ///< diagnostics of the build
   HeaderKeywords header_keywords;
 
   /// Turns a spectrum of this data set into Lab; null when nothing at hand fits its grid. Owned by

@@ -1,9 +1,10 @@
-// Loads one to three texts on one handle and asks everything after each.
+// Loads one to three texts on one handle, asks everything after each, and checks what is promised.
 //
 // The first byte chooses, one bit each, how: see Choice. '@' sets none of them. The texts that
 // follow are divided by the byte 0x1E.
 #include "api/measdata.h"
 #include "api/parse.h"
+#include "fuzz/invariants.h"
 #include "measdata/reader_mode.h"
 #include "tests/support/answers.h"
 
@@ -56,11 +57,15 @@ std::unique_ptr<char[]> copy_of(std::string_view text) {
   return copy;
 }
 
-void load(void* handle, std::string_view text, unsigned choice) {
+const TemporaryFile& temporary_file() {
   static const TemporaryFile file;
+  return file;
+}
+
+void load(void* handle, std::string_view text, unsigned choice) {
   const std::unique_ptr<char[]> copy = copy_of(text);
   if ((choice & from_file) != 0) {
-    parse_file(handle, file.holding(text));
+    parse_file(handle, temporary_file().holding(text));
   } else {
     parse_mem(handle, text.size(), copy.get(), "name.txt");
   }
@@ -89,7 +94,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     load(handle, texts.substr(0, end), choice);
     const bool is_last = end == texts.size() || loads == 2;
     if (is_last || (choice & quiet_in_between) == 0) test::answers(handle);
-    if (is_last) break;
+    if (is_last) {
+      const char* path = temporary_file().holding(texts.substr(0, end));
+      const std::unique_ptr<char[]> copy = copy_of(texts.substr(0, end));
+      fuzz::check_load({{copy.get(), end}, mode, path}, path, handle);
+      fuzz::check_answers(handle, std::find(data, data + size, 0) != data + size);
+      break;
+    }
     if ((choice & changing_mode) != 0) mode = 1 - mode;
     texts.remove_prefix(end + 1);
   }

@@ -16,6 +16,8 @@ namespace vantor::MeasData {
 /// the separators of 64 bytes at once. Keeps its memory from row to row.
 class CellCutter {
  public:
+  /// Makes room for lines of so many cells.
+  void reserve(std::size_t count) { cells_.resize(count + kBlockSize); }
   /// The cells of `line`, which lies in `text`, up to a comment; valid until the next call. The
   /// comment character counts only where empty cells do not: semicolon tables have no comments
   /// behind cells.

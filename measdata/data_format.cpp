@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <string>
 
 namespace vantor::MeasData {
 namespace {
@@ -23,16 +22,19 @@ ColumnKind kind_of(std::string_view name) {
 }  // namespace
 
 void DataFormatReader::read_identifier_line(std::string_view line) {
-  split_items(line, kBlankSeparated, comment_char_, items_);
-  check_field_count(items_.size());
+  // Counted before they are kept: a long line holds many.
+  const std::size_t count = count_items(line, kBlankSeparated, comment_char_);
+  check_field_count(count);
   if (tables_.fields.size() != 0) {
-    tables_.log.note({"Multiple DATA_FORMATs! Overriding old one.\n"});
+    tables_.log.note("Multiple DATA_FORMATs! Overriding old one.\n");
   }
   tables_.fields.clear();
-  tables_.expected_fields = std::max(tables_.expected_fields, items_.size());
+  tables_.expected_fields = std::max(tables_.expected_fields, count);
+  tables_.fields.reserve(count);
 
   std::string_view spectral_prefix;
-  for (const std::string_view name : items_) {
+  Tokenizer items(line, kBlankSeparated);
+  for (std::string_view name; items.next(name) && !opens_comment(name, comment_char_);) {
     check_identifier(name, spectral_prefix);
     tables_.fields.append(name);
     tables_.column_kinds.push_back(kind_of(name));
@@ -41,20 +43,20 @@ void DataFormatReader::read_identifier_line(std::string_view line) {
 
 void DataFormatReader::check_field_count(std::size_t count) {
   if (tables_.expected_fields == 0) {
-    tables_.log.warning({"Missing NUMBER_OF_FIELDS before DATA_FORMAT!\n"});
+    tables_.log.warning("Missing NUMBER_OF_FIELDS before DATA_FORMAT!\n");
   } else if (tables_.expected_fields != count) {
-    tables_.log.grave({"DATA_FORMAT has wrong NUMBER_OF_FIELDS!\n"});
+    tables_.log.grave("DATA_FORMAT has wrong NUMBER_OF_FIELDS!\n");
   }
 }
 
 // The first identifier of a spectral run is unknown; it sets the prefix that excuses the others.
 void DataFormatReader::check_identifier(std::string_view name, std::string_view& spectral_prefix) {
   if (!is_accepted(name) && (spectral_prefix.empty() || !name.starts_with(spectral_prefix))) {
-    tables_.log.warning({"Unknown data format identifier '", name, "'!\n"});
+    tables_.log.warning("Unknown data format identifier '%'!\n", {name});
     if (spectral_prefix.empty()) spectral_prefix = spectral_prefix_of(name);
   }
   if (tables_.fields.contains(name)) {
-    tables_.log.note({"Duplicate data format identifier '", name, "'!\n"});
+    tables_.log.note("Duplicate data format identifier '%'!\n", {name});
   }
 }
 
@@ -68,8 +70,8 @@ bool DataFormatReader::is_accepted(std::string_view name) const {
 }
 
 void DataFormatReader::read_data_line(std::string_view line, std::size_t line_index) {
-  split_items(line, kBlankSeparated, comment_char_, items_);
-  if (!items_.empty()) append_row(line, items_.size(), line_index);
+  const std::size_t width = count_items(line, kBlankSeparated, comment_char_);
+  if (width != 0) append_row(line, width, line_index);
 }
 
 void DataFormatReader::append_row(std::string_view line, std::size_t width,
@@ -77,9 +79,8 @@ void DataFormatReader::append_row(std::string_view line, std::size_t width,
   const std::size_t required = tables_.fields.names().size();
   if (width != required && width != last_bad_row_width_) {
     last_bad_row_width_ = width;
-    tables_.log.error({"In DATA block : line ", std::to_string(line_index), " has ",
-                       std::to_string(width), " fields, but ", std::to_string(required),
-                       " are required!\n"});
+    tables_.log.error("In DATA block : line % has % fields, but % are required!\n",
+                      {line_index, width, required});
   }
   tables_.rows.push_back(line);
 }

@@ -5,9 +5,7 @@
 #include "measdata/reader_tables.h"
 
 #include <cstddef>
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace vantor::MeasData {
 
@@ -32,7 +30,6 @@ class DataFormatReader {
 
   ReaderTables& tables_;
   char comment_char_;
-  std::vector<std::string_view> items_;  // of the line at hand, kept for its room
   // A wrong width of a row is told when it is another than the wrong width told before.
   std::size_t last_bad_row_width_ = 0;  // no row is so short
 };

@@ -21,6 +21,7 @@ class FieldList {
     const auto position = first_.find(hash_(name), IsNamed{names_, name});
     return position == Base::PositionTable::kNone ? -1 : static_cast<int>(position);
   }
+  void reserve(std::size_t count) { names_.reserve(count); }
   void append(std::string_view name) {
     first_.find_or_add(hash_(name), names_.size(), IsNamed{names_, name});
     names_.push_back(name);

@@ -76,11 +76,10 @@ void HeaderGrammar::check_plain_table(std::string_view text) {
   std::array<std::size_t, 2> counts = {0, 0};
   std::size_t line_count = 0;
   for (; line_count < counts.size() && lines.next(line); ++line_count) {
-    split(line, rules, tokens_);
-    counts[line_count] = tokens_.size();
+    counts[line_count] = count_tokens(line, rules);
   }
-  if (line_count < counts.size()) tables_.log.error({"must have at least two lines!\n"});
-  if (counts[0] != counts[1]) tables_.log.error({"lines must have same number of fields!\n"});
+  if (line_count < counts.size()) tables_.log.error("must have at least two lines!\n");
+  if (counts[0] != counts[1]) tables_.log.error("lines must have same number of fields!\n");
   tables_.number_of_fields = static_cast<std::int32_t>(counts[0]);
 }
 
@@ -88,16 +87,16 @@ void HeaderGrammar::check_plain_table(std::string_view text) {
 bool HeaderGrammar::take_identifier(std::string_view first_line) {
   TokenRules rules = rules_;
   rules.quotes = Quotes::ignore;
-  split(first_line, rules, tokens_);
-  if (tokens_.size() != 1) {
-    tables_.log.warning({"Missing 7-character-ID in line 1\n"});
+  Tokenizer tokenizer(first_line, rules);
+  std::string_view identifier, second;
+  if (!tokenizer.next(identifier) || tokenizer.next(second)) {
+    tables_.log.warning("Missing 7-character-ID in line 1\n");
     return false;
   }
-  const std::string_view identifier = tokens_.front();
   if (identifier == "ISO28178" || identifier == "CGATS.17") {
     tables_.file_kind = FileKind::standard;
   } else if (identifier.size() != kIdentifierLength) {
-    tables_.log.warning({"ID in line 1 has more than 7 characters\n"});
+    tables_.log.warning("ID in line 1 has more than 7 characters\n");
     return false;
   }
   tables_.identifier = identifier;
@@ -113,7 +112,7 @@ void HeaderGrammar::prepare_keywords() {
 }
 
 void HeaderGrammar::read_line(std::string_view line) {
-  split_line(line);
+  cut_line(line);
   if (item_count_ == 0) return;
   Fault fault = Fault::none;
   switch (state_) {
@@ -131,17 +130,12 @@ void HeaderGrammar::read_line(std::string_view line) {
     case State::done:
       break;
   }
-  const std::string_view keyword = tokens_.front();
-  if (fault == Fault::excess) tables_.log.warning({"Excess items after '", keyword, "'!\n"});
-  if (fault == Fault::missing) tables_.log.warning({"Missing value for '", keyword, "'!\n"});
+  if (fault == Fault::excess) tables_.log.warning("Excess items after '%'!\n", {keyword_});
+  if (fault == Fault::missing) tables_.log.warning("Missing value for '%'!\n", {keyword_});
 }
 
 // Nearly every line of a file comes here, so those without quotes and comments are not cut.
 void HeaderGrammar::read_data_block(std::string_view text) {
-  // The declared number of rows, or as many as the text can hold when that is more than it can.
-  const std::size_t shortest_row = 2 * std::max<std::size_t>(tables_.fields.names().size(), 1);
-  const auto declared = static_cast<std::size_t>(std::max(tables_.number_of_sets, 0));
-  tables_.rows.reserve(std::min(declared, text.size() / shortest_row));
   DataLineReader lines(text, kBlankSeparated, comment_char_);
   for (DataLine line; state_ == State::data && lines.next(line); ++current_line_) {
     switch (kind_of(line)) {
@@ -176,87 +170,84 @@ HeaderGrammar::DataLineKind HeaderGrammar::kind_of(const DataLine& line) const {
 }
 
 HeaderGrammar::Fault HeaderGrammar::read_header_line() {
-  const std::string_view keyword = tokens_.front();
   const Fault excess_over_one = item_count_ > 1 ? Fault::excess : Fault::none;
-  if (keyword == "BEGIN_DATA_FORMAT") {
+  if (keyword_ == "BEGIN_DATA_FORMAT") {
     state_ = State::format_line;
     return excess_over_one;
   }
-  if (keyword == "BEGIN_DATA") {
+  if (keyword_ == "BEGIN_DATA") {
     state_ = State::data;
     return excess_over_one;
   }
-  if (keyword == "NUMBER_OF_FIELDS") return read_count_line(tables_.number_of_fields);
-  if (keyword == "NUMBER_OF_SETS") return read_count_line(tables_.number_of_sets);
+  if (keyword_ == "NUMBER_OF_FIELDS") return read_count_line(tables_.number_of_fields);
+  if (keyword_ == "NUMBER_OF_SETS") return read_count_line(tables_.number_of_sets);
   return read_keyword_line();
 }
 
 HeaderGrammar::Fault HeaderGrammar::read_count_line(std::int32_t& count) {
-  if (count != -1) tables_.log.warning({"Duplicate '", tokens_.front(), "'!\n"});
+  if (count != -1) tables_.log.warning("Duplicate '%'!\n", {keyword_});
   if (item_count_ < 2) return Fault::missing;
   if (&count == &tables_.number_of_fields) {
-    set_number_of_fields(tokens_[1]);
+    set_number_of_fields(first_value_);
   } else {
-    set_number_of_sets(tokens_[1]);
+    set_number_of_sets(first_value_);
   }
   return item_count_ > 2 ? Fault::excess : Fault::none;
 }
 
 HeaderGrammar::Fault HeaderGrammar::read_keyword_line() {
   if (item_count_ < 2) return Fault::missing;
-  const std::string_view keyword = tokens_.front();
   const bool is_standard = tables_.file_kind == FileKind::standard;
-  if (keyword == "KEYWORD") {
-    declare_keyword(tokens_[1]);
-  } else if (is_standard && keyword == "DATA_FORMAT_IDENTIFIER") {
+  if (keyword_ == "KEYWORD") {
+    declare_keyword(first_value_);
+  } else if (is_standard && keyword_ == "DATA_FORMAT_IDENTIFIER") {
     declare_field(value_of_line());
-  } else if (is_standard && keyword == "WEIGHTING_FUNCTION") {
+  } else if (is_standard && keyword_ == "WEIGHTING_FUNCTION") {
     tables_.weighting_functions.push_back(value_of_line());
-  } else if (is_standard && keyword == "COMPUTATIONAL_PARAMETER") {
+  } else if (is_standard && keyword_ == "COMPUTATIONAL_PARAMETER") {
     tables_.computational_parameters.push_back(value_of_line());
-  } else if (is_standard && keyword == "PROCESSCOLOR_ID") {
+  } else if (is_standard && keyword_ == "PROCESSCOLOR_ID") {
     tables_.process_color_ids.push_back(value_of_line());
-  } else if (is_standard && keyword == "SPOTCOLOR_ID") {
+  } else if (is_standard && keyword_ == "SPOTCOLOR_ID") {
     tables_.spot_color_ids.push_back(value_of_line());
   } else {
-    set_keyword(keyword, value_of_line(), comment_of_line());
+    set_keyword(keyword_, value_of_line());
   }
   return item_count_ > 2 ? Fault::excess : Fault::none;
 }
 
 // A line that is neither of the two expected is lost after the error.
 void HeaderGrammar::read_format_end() {
-  const std::string_view keyword = tokens_.front();
-  if (keyword != "END_DATA_FORMAT") tables_.log.error({"END_DATA_FORMAT expected!\n"});
-  state_ = keyword == "BEGIN_DATA" ? State::data : State::header;
+  if (keyword_ != "END_DATA_FORMAT") tables_.log.error("END_DATA_FORMAT expected!\n");
+  state_ = keyword_ == "BEGIN_DATA" ? State::data : State::header;
 }
 
 void HeaderGrammar::check_end_of_file() {
   const std::size_t row_count = tables_.rows.size();
   switch (state_) {
     case State::header:
-      tables_.log.error({"EOF, but no DATA found!\n"});
+      tables_.log.error("EOF, but no DATA found!\n");
       break;
     case State::format_line:
-      tables_.log.error({"EOF, but no DATA_FORMAT found!\n"});
+      tables_.log.error("EOF, but no DATA_FORMAT found!\n");
       break;
     case State::format_end:
-      tables_.log.error({"EOF, but END_DATA_FORMAT expected!\n"});
+      tables_.log.error("EOF, but END_DATA_FORMAT expected!\n");
       break;
     case State::data:
       if (mode_ == ReaderMode::plain_table) {
         tables_.number_of_sets = static_cast<std::int32_t>(row_count);
       } else {
-        tables_.log.error({"EOF, but END_DATA expected!\n"});
+        tables_.log.error("EOF, but END_DATA expected!\n");
       }
       break;
     case State::done:
-      if (row_count == 0) tables_.log.note({"Empty DATA block!\n"});
+      if (row_count == 0) tables_.log.note("Empty DATA block!\n");
       break;
   }
   // Also when NUMBER_OF_SETS was never given.
   if (static_cast<std::int64_t>(row_count) != tables_.number_of_sets) {
-    tables_.log.warning({"DATA has wrong NUMBER_OF_SETS!\n"});
+    tables_.log.warning("DATA has wrong NUMBER_OF_SETS!\n");
   }
 }
 
@@ -265,43 +256,42 @@ void HeaderGrammar::check_required_keywords() {
   if (!tables_.log.no_warnings()) return;
   for (const std::string_view name : tables_.required_keywords) {
     if (!tables_.keywords.contains(name)) {
-      tables_.log.warning({"Required keyword '", name, "' missing!\n"});
+      tables_.log.warning("Required keyword '%' missing!\n", {name});
     }
   }
 }
 
-void HeaderGrammar::set_keyword(std::string_view name, std::string_view value,
-                                std::string_view comment) {
+void HeaderGrammar::set_keyword(std::string_view name, std::string_view value) {
   KeywordEntry* entry = tables_.keywords.find(name);
   if (entry == nullptr) {
     const bool is_known = contains(tables_.required_keywords, name) ||
                           contains(tables_.optional_keywords, name) ||
                           is_known_keyword(tables_.file_kind, name);
-    if (!is_known) tables_.log.warning({"Undefined keyword '", name, "'\n"});
-    tables_.keywords.append({name, value, comment});
+    if (!is_known) tables_.log.warning("Undefined keyword '%'\n", {name});
+    tables_.keywords.append({name, value});
     return;
   }
-  if (!entry->value.empty()) tables_.log.note({"Overwriting keyword '", name, "'\n"});
-  *entry = {entry->name, value, comment};
+  if (!entry->value.empty()) tables_.log.note("Overwriting keyword '%'\n", {name});
+  entry->value = value;
 }
 
 // Declaring a keyword again empties it.
 void HeaderGrammar::declare_keyword(std::string_view name) {
   KeywordEntry* entry = tables_.keywords.find(name);
   if (entry == nullptr) {
-    tables_.keywords.append({name, {}, {}});
+    tables_.keywords.append({name, {}});
     return;
   }
-  tables_.log.warning({"KEYWORD '", name, "' already known!\n"});
-  *entry = {entry->name, {}, {}};
+  tables_.log.warning("KEYWORD '%' already known!\n", {name});
+  entry->value = {};
 }
 
 // A name that is a keyword cannot become a field; one that is a known field already may.
 void HeaderGrammar::declare_field(std::string_view name) {
   if (tables_.keywords.contains(name)) {
-    tables_.log.warning({"KEYWORD '", name, "' already known!\n"});
-  } else {
-    tables_.declared_fields.insert(name);
+    tables_.log.warning("KEYWORD '%' already known!\n", {name});
+  } else if (!tables_.declared_fields.contains(name)) {
+    tables_.declared_fields.append(name);
   }
 }
 
@@ -321,45 +311,42 @@ bool HeaderGrammar::set_count(std::string_view text, std::string_view keyword, s
                               std::int32_t& count) {
   const std::optional<std::int32_t> declared = read_count(text);
   if (!declared) {
-    tables_.log.error({"Bad ", keyword, "\n"});
+    tables_.log.error("Bad %\n", {keyword});
     return false;
   }
   count = *declared;
   if (held == 0) return true;
-  tables_.log.grave({keyword, " comes too late!\n"});
-  if (held != static_cast<std::size_t>(count)) tables_.log.warning({"Wrong ", keyword, "\n"});
+  tables_.log.grave("% comes too late!\n", {keyword});
+  if (held != static_cast<std::size_t>(count)) tables_.log.warning("Wrong %\n", {keyword});
   return false;
 }
 
-void HeaderGrammar::split_line(std::string_view line) {
-  split(line, rules_, tokens_);
-  const auto comment = std::find_if(tokens_.begin(), tokens_.end(), [this](std::string_view token) {
-    return opens_comment(token, comment_char_);
-  });
-  item_count_ = static_cast<std::size_t>(comment - tokens_.begin());
+// A long line holds many items, which are not kept.
+void HeaderGrammar::cut_line(std::string_view line) {
+  line_ = line;
+  keyword_ = first_value_ = {};
+  item_count_ = 0;
+  Tokenizer items(line, rules_);
+  for (std::string_view item; items.next(item) && !opens_comment(item, comment_char_);) {
+    if (item_count_ == 0) keyword_ = item;
+    if (item_count_ == 1) first_value_ = item;
+    ++item_count_;
+  }
 }
 
 // The items behind the keyword, joined by single blanks.
 std::string_view HeaderGrammar::value_of_line() {
-  if (item_count_ == 2) return tokens_[1];
-  std::string value(tokens_[1]);
-  for (std::size_t i = 2; i < item_count_; ++i) {
-    value += ' ';
-    value += tokens_[i];
+  if (item_count_ == 2) return first_value_;
+  std::string value;
+  value.reserve(line_.size());
+  Tokenizer items(line_, rules_);
+  std::string_view item;
+  items.next(item);  // the keyword
+  for (std::size_t i = 1; i < item_count_ && items.next(item); ++i) {
+    if (i != 1) value += ' ';
+    value += item;
   }
   return tables_.keep(std::move(value));
-}
-
-// The comment without its sign, its words joined by single blanks.
-std::string_view HeaderGrammar::comment_of_line() {
-  if (item_count_ == tokens_.size()) return {};
-  std::string comment(tokens_[item_count_].substr(1));
-  if (!comment.empty()) comment += ' ';
-  for (std::size_t i = item_count_ + 1; i < tokens_.size(); ++i) {
-    if (i > item_count_ + 1) comment += ' ';
-    comment += tokens_[i];
-  }
-  return tables_.keep(std::move(comment));
 }
 
 }  // namespace vantor::MeasData

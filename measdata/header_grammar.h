@@ -48,7 +48,7 @@ class HeaderGrammar {
   void check_end_of_file();
   void check_required_keywords();
 
-  void set_keyword(std::string_view name, std::string_view value, std::string_view comment);
+  void set_keyword(std::string_view name, std::string_view value);
   void declare_keyword(std::string_view name);
   void declare_field(std::string_view name);
   void set_number_of_fields(std::string_view text);
@@ -57,9 +57,8 @@ class HeaderGrammar {
                  std::int32_t& count);
 
   // The line at hand.
-  void split_line(std::string_view line);
+  void cut_line(std::string_view line);
   std::string_view value_of_line();
-  std::string_view comment_of_line();
 
   ReaderMode mode_;
   char comment_char_;
@@ -67,9 +66,11 @@ class HeaderGrammar {
   ReaderTables& tables_;
   DataFormatReader data_format_;
   State state_ = State::header;
-  std::size_t current_line_ = 0;          // counts from 0
-  std::vector<std::string_view> tokens_;  // of the line at hand, comment included
-  std::size_t item_count_ = 0;            // tokens before the comment
+  std::size_t current_line_ = 0;  // counts from 0
+  // The line at hand, its first two items, and how many stand before a comment.
+  std::string_view line_;
+  std::string_view keyword_, first_value_;
+  std::size_t item_count_ = 0;
 };
 
 }  // namespace vantor::MeasData

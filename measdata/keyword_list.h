@@ -2,6 +2,7 @@
 #ifndef MEASDATA_MEASDATA_KEYWORD_LIST_H
 #define MEASDATA_MEASDATA_KEYWORD_LIST_H
 
+#include "base/growing_list.h"
 #include "base/position_table.h"
 #include "measdata/name_hash.h"
 
@@ -13,14 +14,13 @@ namespace vantor::MeasData {
 struct KeywordEntry {
   std::string_view name;
   std::string_view value;
-  std::string_view comment;
 };
 
 /// Entries in order of first appearance; no name stands twice. Found by hash, since a file may hold
 /// any number of them.
 class KeywordList {
  public:
-  const std::vector<KeywordEntry>& entries() const { return entries_; }
+  const Base::GrowingList<KeywordEntry>& entries() const { return entries_; }
   bool contains(std::string_view name) const { return position_of(name) != kNone; }
   /// The entry of that name, null when there is none.
   KeywordEntry* find(std::string_view name);
@@ -32,7 +32,7 @@ class KeywordList {
 
   Base::PositionTable::Position position_of(std::string_view name) const;
 
-  std::vector<KeywordEntry> entries_;
+  Base::GrowingList<KeywordEntry> entries_;
   NameHash hash_;
   Base::PositionTable positions_;
 };

@@ -31,13 +31,13 @@ bool MeasFileParser::load_file(const char* path) {
   if (!is_mode_known()) return false;
   switch (file_.read(path)) {
     case FileStatus::not_opened:
-      return fail({"Failed to open file '", path, "'\n"});
+      return fail("Failed to open file '%'\n", {path});
     case FileStatus::not_read:
-      return fail({"Failed to read file '", path, "'\n"});
+      return fail("Failed to read file '%'\n", {path});
     case FileStatus::ok:
       break;
   }
-  if (file_.text().empty()) return fail({"Empty file '", path, "'\n"});
+  if (file_.text().empty()) return fail("Empty file '%'\n", {path});
   return parse(file_.text());
 }
 
@@ -50,7 +50,7 @@ bool MeasFileParser::load_memory(std::string_view text) {
 bool MeasFileParser::load_view(std::string_view text) {
   forget();
   if (!is_mode_known()) return false;
-  if (text.empty()) return fail({"File is empty\n"});
+  if (text.empty()) return fail("File is empty\n", {});
   return parse(text);
 }
 
@@ -62,18 +62,18 @@ void MeasFileParser::forget() {
   tables_ = ReaderTables();
   text_ = {};
   read_with_ = settings_;
-  const bool is_silent =
-      settings_.mode == ReaderMode::lenient_silent || settings_.mode == ReaderMode::plain_table;
-  tables_.log.reset(is_silent ? Warnings::drop : Warnings::write);
 }
 
-bool MeasFileParser::fail(MessageLog::Pieces message) {
-  tables_.log.error(message);
+bool MeasFileParser::fail(const char* format, MessageLog::Arguments arguments) {
+  tables_.log.error(format, arguments);
   return false;
 }
 
 bool MeasFileParser::parse(std::string_view text) {
   text_ = text;
+  const bool is_silent =
+      settings_.mode == ReaderMode::lenient_silent || settings_.mode == ReaderMode::plain_table;
+  tables_.log.reset(is_silent ? Warnings::drop : Warnings::write, text);
   numbers_ = NumberReader();  // the locale may have changed since the last load
   if (is_semicolon_table()) {
     read_semicolon_table(text, read_with_.comment_char, tables_);

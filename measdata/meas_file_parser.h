@@ -25,6 +25,8 @@ class MeasFileParser final : public DataTableInterface {
  public:
   /// `mode` as in ReaderMode; every load in another mode fails without a message.
   explicit MeasFileParser(int mode);
+  /// Lets go of the rows, whose memory may be needed for their messages.
+  void release_rows() { tables_.rows = {}; }
   /// Chooses the mode of the next load. The plain table (4) keeps the separators of the mode
   /// before.
   void set_mode(int mode);
@@ -66,9 +68,9 @@ class MeasFileParser final : public DataTableInterface {
   const std::vector<std::string_view>& field_names() const { return tables_.fields.names(); }
   /// True for the standard's field identifiers and those that the file declares.
   bool is_known_field(std::string_view name) const;
-  const std::vector<KeywordEntry>& keywords() const { return tables_.keywords.entries(); }
+  const Base::GrowingList<KeywordEntry>& keywords() const { return tables_.keywords.entries(); }
   std::string_view identifier() const { return tables_.identifier; }
-  const std::string& messages() const { return tables_.log.text(); }
+  std::string messages() const { return tables_.log.text(); }
   std::int32_t number_of_fields() const { return tables_.number_of_fields; }
   std::int32_t number_of_sets() const { return tables_.number_of_sets; }
   const std::vector<std::string_view>& weighting_functions() const {
@@ -87,7 +89,7 @@ class MeasFileParser final : public DataTableInterface {
  private:
   bool is_mode_known() const;
   void forget();
-  bool fail(MessageLog::Pieces message);
+  bool fail(const char* format, MessageLog::Arguments arguments);
   bool parse(std::string_view text);
 
   ReaderSettings settings_;   // of the next load

@@ -1,34 +1,128 @@
 #include "measdata/message_log.h"
 
+#include <algorithm>
+#include <functional>
+
 namespace vantor::MeasData {
+namespace {
 
-void MessageLog::reset(Warnings warnings) {
-  text_.clear();
+// What a record holds of an argument, in the lowest bits of its first number.
+enum Kind : unsigned {
+  number = 0,      // the rest is the number
+  text_in_source,  // the rest is the length; the position follows
+  text_in_record,  // the rest is the length; the bytes follow
+};
+constexpr unsigned kKindBits = 2;
+constexpr unsigned kKindMask = (1U << kKindBits) - 1;
+
+constexpr char kPlaceholder = '%';
+
+bool is_inside(std::string_view source, std::string_view text) {
+  const std::less<> is_before;
+  return !text.empty() && !is_before(text.data(), source.data()) &&
+         is_before(text.data(), source.data() + source.size());
+}
+
+// Seven bits a byte, the lowest first; the top bit says that more follow.
+std::uint64_t take_number(const unsigned char*& next) {
+  std::uint64_t value = 0;
+  for (unsigned shift = 0;; shift += 7) {
+    const unsigned char byte = *next++;
+    value |= static_cast<std::uint64_t>(byte & 0x7FU) << shift;
+    if (byte < 0x80U) return value;
+  }
+}
+
+}  // namespace
+
+void MessageLog::reset(Warnings warnings, std::string_view source) {
+  *this = MessageLog();
   warnings_ = warnings;
-  no_errors_ = true;
-  no_warnings_ = true;
+  source_ = source;
 }
 
-void MessageLog::error(Pieces pieces) {
-  append(pieces);
+void MessageLog::error(const char* format, Arguments arguments) {
+  append(format, arguments);
   no_errors_ = false;
 }
 
-void MessageLog::warning(Pieces pieces) {
-  if (warnings_ == Warnings::write) append(pieces);
+void MessageLog::warning(const char* format, Arguments arguments) {
+  if (warnings_ == Warnings::write) append(format, arguments);
   no_warnings_ = false;
 }
 
-void MessageLog::note(Pieces pieces) { append(pieces); }
+void MessageLog::note(const char* format, Arguments arguments) { append(format, arguments); }
 
-void MessageLog::grave(Pieces pieces) {
-  append(pieces);
+void MessageLog::grave(const char* format, Arguments arguments) {
+  append(format, arguments);
   no_errors_ = false;
   no_warnings_ = false;
 }
 
-void MessageLog::append(Pieces pieces) {
-  for (const std::string_view piece : pieces) text_ += piece;
+void MessageLog::append(const char* format, Arguments arguments) {
+  const auto known = std::ranges::find(formats_, format);
+  append_number(static_cast<std::uint64_t>(known - formats_.begin()));
+  if (known == formats_.end()) formats_.push_back(format);
+  for (const Argument& argument : arguments) append_argument(argument);
+}
+
+void MessageLog::append_argument(const Argument& argument) {
+  const std::string_view text = argument.text;
+  const std::uint64_t length = std::uint64_t{text.size()} << kKindBits;
+  if (argument.is_number) {
+    append_number(std::uint64_t{argument.number} << kKindBits | Kind::number);
+  } else if (is_inside(source_, text)) {
+    append_number(length | Kind::text_in_source);
+    append_number(static_cast<std::uint64_t>(text.data() - source_.data()));
+  } else {
+    append_number(length | Kind::text_in_record);
+    records_.insert(records_.end(), text.begin(), text.end());
+  }
+}
+
+void MessageLog::append_number(std::uint64_t number) {
+  for (; number >= 0x80U; number >>= 7U) {
+    records_.push_back(static_cast<unsigned char>(number | 0x80U));
+  }
+  records_.push_back(static_cast<unsigned char>(number));
+}
+
+// Calls `take` with the pieces of the text, in order.
+template <typename Take>
+void MessageLog::for_each_piece(Take take) const {
+  const unsigned char* next = records_.data();
+  const unsigned char* const end = next + records_.size();
+  while (next != end) {
+    std::string_view rest = formats_[static_cast<std::size_t>(take_number(next))];
+    for (std::size_t at = rest.find(kPlaceholder); at != std::string_view::npos;
+         at = rest.find(kPlaceholder)) {
+      take(rest.substr(0, at));
+      rest.remove_prefix(at + 1);
+      const std::uint64_t first = take_number(next);
+      const auto value = static_cast<std::size_t>(first >> kKindBits);
+      switch (first & kKindMask) {
+        case Kind::number:
+          take(std::to_string(value));
+          break;
+        case Kind::text_in_source:
+          take(source_.substr(static_cast<std::size_t>(take_number(next)), value));
+          break;
+        default:
+          take(std::string_view(reinterpret_cast<const char*>(next), value));
+          next += value;
+      }
+    }
+    take(rest);
+  }
+}
+
+std::string MessageLog::text() const {
+  std::size_t size = 0;
+  for_each_piece([&size](std::string_view piece) { size += piece.size(); });
+  std::string text;
+  text.reserve(size);
+  for_each_piece([&text](std::string_view piece) { text += piece; });
+  return text;
 }
 
 }  // namespace vantor::MeasData

@@ -7,8 +7,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 
 namespace vantor::MeasData {
 
@@ -21,11 +19,6 @@ class NameHash {
  private:
   std::uint64_t seed_ = Base::hash_seed();
 };
-
-/// Tables of names, which are views into the text of a file.
-template <typename Value>
-using NameMap = std::unordered_map<std::string_view, Value, NameHash>;
-using NameSet = std::unordered_set<std::string_view, NameHash>;
 
 }  // namespace vantor::MeasData
 

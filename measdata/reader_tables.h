@@ -2,6 +2,7 @@
 #ifndef MEASDATA_MEASDATA_READER_TABLES_H
 #define MEASDATA_MEASDATA_READER_TABLES_H
 
+#include "base/growing_list.h"
 #include "measdata/field_list.h"
 #include "measdata/keyword_list.h"
 #include "measdata/known_names.h"
@@ -31,7 +32,7 @@ struct ReaderTables {
   /// those of the first govern the columns.
   std::vector<ColumnKind> column_kinds;
   /// The raw lines of the data block; cells are cut when they are asked for.
-  std::vector<std::string_view> rows;
+  Base::GrowingList<std::string_view> rows;
   KeywordList keywords;
   std::string_view identifier;
   FileKind file_kind = FileKind::other;
@@ -40,7 +41,7 @@ struct ReaderTables {
   /// Keywords that are known besides those of is_known_keyword.
   std::vector<std::string_view> optional_keywords;
   /// Field identifiers that DATA_FORMAT_IDENTIFIER lines add to the known ones.
-  NameSet declared_fields;
+  FieldList declared_fields;
   std::vector<std::string_view> weighting_functions;
   std::vector<std::string_view> computational_parameters;
   std::vector<std::string_view> process_color_ids;

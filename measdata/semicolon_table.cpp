@@ -5,7 +5,6 @@
 #include "measdata/tokenizer.h"
 
 #include <cstddef>
-#include <vector>
 
 namespace vantor::MeasData {
 namespace {
@@ -20,22 +19,19 @@ std::string_view find_identifier_line(std::string_view text, char comment_char) 
   return found;
 }
 
-std::size_t count_cells(std::string_view line) {
+void read_names(std::string_view line, ReaderTables& tables) {
+  const std::size_t count = count_tokens(line, kSemicolonTable);
+  tables.fields.reserve(count);
+  tables.column_kinds.assign(count, ColumnKind::numeric);
   Tokenizer tokenizer(line, kSemicolonTable);
-  std::size_t count = 0;
-  for (std::string_view cell; tokenizer.next(cell);) ++count;
-  return count;
+  for (std::string_view name; tokenizer.next(name);) tables.fields.append(name);
 }
 
 }  // namespace
 
 void read_semicolon_table(std::string_view text, char comment_char, ReaderTables& tables) {
-  std::vector<std::string_view> names;
-  split(find_identifier_line(text, comment_char), kSemicolonTable, names);
-  for (const std::string_view name : names) {
-    tables.fields.append(name);
-    tables.column_kinds.push_back(ColumnKind::numeric);
-  }
+  read_names(find_identifier_line(text, comment_char), tables);
+  const std::size_t width = tables.fields.names().size();
 
   LineReader first_line(text);
   std::string_view skipped;
@@ -43,8 +39,8 @@ void read_semicolon_table(std::string_view text, char comment_char, ReaderTables
   DataLineReader lines(first_line.rest(), kSemicolonTable, comment_char);
   for (DataLine line; lines.next(line);) {
     if (line.text.empty() || opens_comment(line.text, comment_char)) continue;
-    const std::size_t cells = line.is_plain ? line.items : count_cells(line.text);
-    if (cells >= names.size()) tables.rows.push_back(line.text);
+    const std::size_t cells = line.is_plain ? line.items : count_tokens(line.text, kSemicolonTable);
+    if (cells >= width) tables.rows.push_back(line.text);
   }
 }
 

@@ -35,4 +35,20 @@ void split_items(std::string_view line, const TokenRules& rules, char comment_ch
   }
 }
 
+std::size_t count_tokens(std::string_view line, const TokenRules& rules) {
+  std::size_t count = 0;
+  Tokenizer tokenizer(line, rules);
+  for (std::string_view token; tokenizer.next(token);) ++count;
+  return count;
+}
+
+std::size_t count_items(std::string_view line, const TokenRules& rules, char comment_char) {
+  std::size_t count = 0;
+  Tokenizer tokenizer(line, rules);
+  for (std::string_view token; tokenizer.next(token) && !opens_comment(token, comment_char);) {
+    ++count;
+  }
+  return count;
+}
+
 }  // namespace vantor::MeasData

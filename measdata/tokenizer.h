@@ -72,6 +72,11 @@ void split(std::string_view line, const TokenRules& rules, std::vector<std::stri
 void split_items(std::string_view line, const TokenRules& rules, char comment_char,
                  std::vector<std::string_view>& items);
 
+std::size_t count_tokens(std::string_view line, const TokenRules& rules);
+
+/// How many tokens stand before the first that begins with the comment character.
+std::size_t count_items(std::string_view line, const TokenRules& rules, char comment_char);
+
 /// True for a token that opens a comment.
 inline bool opens_comment(std::string_view token, char comment_char) {
   return !token.empty() && token.front() == comment_char;

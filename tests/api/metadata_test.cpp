@@ -105,12 +105,15 @@ TEST(Metadata, FromTheMeasurementSource) {
 }
 
 TEST(Metadata, WordsOfFreeText) {
-  using vantor::Api::split_words;
-  using vantor::Api::Words;
-  EXPECT_EQ(split_words(" a\tb  c "), (Words{"a", "b", "c"}));
-  EXPECT_EQ(split_words(R"("a ""b""" d)"), (Words{R"(a "b")", "d"}));
-  EXPECT_EQ(split_words(R"("a"b""c "open ""d)"), (Words{"a", R"(b""c)", R"(open "d)"}));
-  EXPECT_EQ(split_words(""), Words{});
+  using Texts = std::vector<std::string>;
+  const auto words_of = [](const char* text) {
+    const vantor::Api::Words words(text);
+    return Texts(words.begin(), words.end());
+  };
+  EXPECT_EQ(words_of(" a\tb  c "), (Texts{"a", "b", "c"}));
+  EXPECT_EQ(words_of(R"("a ""b""" d)"), (Texts{R"(a "b")", "d"}));
+  EXPECT_EQ(words_of(R"("a"b""c "open ""d)"), (Texts{"a", R"(b""c)", R"(open "d)"}));
+  EXPECT_EQ(words_of(""), Texts{});
 }
 
 TEST(Metadata, WhichSourceGoesFirst) {

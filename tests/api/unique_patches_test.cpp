@@ -97,6 +97,25 @@ TEST(UniquePatches, SpectraAreAveragedAndJudgedByTheirLab) {
   EXPECT_EQ(stats(Loaded(file({550, 1, 1}, "", "")), 0), (Values{2, 0, -DBL_MAX}));
 }
 
+// Pairs in tens of thousands of millions, which a load must not compare and nobody asks one by one.
+TEST(UniquePatches, EqualRepeatsAreComparedOnce) {
+  constexpr int kRows = 300000;
+  std::string rows;
+  for (int i = 0; i < kRows / 2; ++i) rows += "7 50 0 0\n7 50 3 4\n";
+  const Loaded chart(test::file_of("GRAY LAB_L LAB_A LAB_B", rows + "9 1 1 1\n"));
+  for (int times = 0; times < 2; ++times) {
+    const Values of_all = stats(chart, 0);
+    EXPECT_EQ(of_all[0], kRows);
+    EXPECT_NEAR(of_all[1], 5.0 * kRows / 2 / (kRows - 1), 1e-11);
+    EXPECT_EQ(of_all[2], 5);
+    EXPECT_EQ(stats(chart, 1), (Values{1, 0, -DBL_MAX}));
+  }
+  // Another file forgets what was kept.
+  const std::string other = test::file_of("GRAY LAB_L LAB_A LAB_B", "7 50 0 0\n7 50 6 8\n");
+  EXPECT_EQ(parse_mem(chart, other.size(), other.data(), ""), 1);
+  EXPECT_EQ(stats(chart, 0), (Values{2, 10, 10}));
+}
+
 TEST(UniquePatches, WithoutDeviceValuesNothingIsMerged) {
   const Loaded chart(test::file_of("SAMPLE_NAME LAB_L LAB_A LAB_B XYZ_X XYZ_Y XYZ_Z",
                                    "a 50 1 2 3 4 5\na 50 1 2 3 4 5\n"));

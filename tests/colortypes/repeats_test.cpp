@@ -53,28 +53,41 @@ TEST(Repeats, RowsAreEqualAsDoubles) {
 }
 
 // Against the definition, pair by pair: counts that fill tiles of four and batches of 32 tiles, and
-// counts that do not.
+// counts that do not; rows that all differ, that come several times, that are all equal, and one
+// that is infinite.
 TEST(Repeats, DistancesOfManyPairs) {
+  const auto check = [](std::size_t count, std::size_t width, std::size_t different, double last) {
+    Rows rows(count, std::vector<double>(width));
+    for (std::size_t i = 0; i < count * width; ++i) {
+      const std::size_t value = i / width % different * width + i % width;
+      rows[i / width][i % width] = static_cast<double>(value * value * 7919 % 1000) / 1000.0;
+    }
+    rows[different - 1][0] += last;
+    double sum = 0.0;
+    double max = 0.0;
+    for (std::size_t k = 1; k < count; ++k) {
+      for (std::size_t j = 0; j < k; ++j) {
+        const double distance = vectorDistance(rows[k], rows[j]);
+        sum += distance;
+        max = std::max(max, distance);
+      }
+    }
+    std::vector<std::uint32_t> all(count);
+    std::iota(all.begin(), all.end(), 0U);
+    const Distances distances = pairwiseDistances(table_of(rows), all);
+    const double mean = sum / static_cast<double>(count * (count - 1) / 2);
+    // Infinite and undefined means are told alike.
+    EXPECT_TRUE(std::abs(distances.mean - mean) <= 1e-12 * mean ||
+                std::to_string(std::abs(distances.mean)) == std::to_string(std::abs(mean)))
+        << distances.mean << " instead of " << mean << ", " << count << " " << width;
+    EXPECT_TRUE(distances.max == max || std::abs(distances.max - max) < 1e-14) << count;
+  };
   for (std::size_t count = 2; count < 150; count += count < 20 ? 1 : 60) {
     for (const std::size_t width : {1U, 3U, 36U}) {
-      Rows rows(count, std::vector<double>(width));
-      for (std::size_t i = 0; i < count * width; ++i) {
-        rows[i / width][i % width] = static_cast<double>(i * i * 7919 % 1000) / 1000.0;
-      }
-      double sum = 0.0;
-      double max = 0.0;
-      for (std::size_t k = 1; k < count; ++k) {
-        for (std::size_t j = 0; j < k; ++j) {
-          const double distance = vectorDistance(rows[k], rows[j]);
-          sum += distance;
-          max = std::max(max, distance);
-        }
-      }
-      std::vector<std::uint32_t> all(count);
-      std::iota(all.begin(), all.end(), 0U);
-      const Distances distances = pairwiseDistances(table_of(rows), all);
-      EXPECT_NEAR(distances.mean, sum / static_cast<double>(count * (count - 1) / 2), 1e-12);
-      EXPECT_NEAR(distances.max, max, 1e-14) << count << " " << width;
+      check(count, width, count, 0.0);
+      check(count, width, (count + 1) / 2, 0.0);
+      check(count, width, 1, 0.0);
+      check(count, width, (count + 4) / 5, std::numeric_limits<double>::infinity());
     }
   }
 }

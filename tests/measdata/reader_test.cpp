@@ -38,7 +38,7 @@ std::string told(const std::string& text, int mode = kLenient) {
   return load(reader, text);
 }
 
-// identifier; fields; counts; cells of all rows; keywords as name=value#comment
+// identifier; fields; counts; cells of all rows; keywords as name=value
 std::string tables_of(const MeasFileParser& reader) {
   std::string text(reader.identifier());
   text += ';';
@@ -53,9 +53,9 @@ std::string tables_of(const MeasFileParser& reader) {
     text += '/';
   }
   text += ';';
-  for (const auto& entry : reader.keywords()) {
+  for (std::size_t i = 0; i < reader.keywords().size(); ++i) {
+    const auto& entry = reader.keywords()[i];
     text.append(" ").append(entry.name).append("=").append(entry.value);
-    if (!entry.comment.empty()) text.append("#").append(entry.comment);
   }
   return text;
 }
@@ -138,9 +138,7 @@ TEST(Reader, KeywordLines) {
       {"SERIAL a  b \"c\"|", " SERIAL=a b c", "Excess items after 'SERIAL'!|"},
       {"SERIAL|", "", "Missing value for 'SERIAL'!|"},
       {"SERIAL # 5|", "", "Missing value for 'SERIAL'!|"},
-      {"SERIAL x # note  here|", " SERIAL=x#note here", ""},
-      {"SERIAL x #note|", " SERIAL=x#note ", ""},
-      {"SERIAL x #a b \"c d\"|", " SERIAL=x#a b c d", ""},
+      {"SERIAL x # note  here|", " SERIAL=x", ""},
       {"# SERIAL x||\t|", "", ""},
       {"SERIAL 1 #c|SERIAL 2|", " SERIAL=2", "Overwriting keyword 'SERIAL'|"},
       {"OWN 1|", " OWN=1", "Undefined keyword 'OWN'|"},

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -134,6 +135,27 @@ INSTANTIATE_TEST_SUITE_P(Kinds, OutOfMemory, testing::ValuesIn(test::sample_text
                            for (char& c : name) c = c == ' ' ? '_' : c;
                            return name;
                          });
+
+TEST(OutOfMemory, StatisticsAreRightOrUntouched) {
+  const SampleText sample = test::sample_texts()[5];
+  const Source repeats(sample);
+  long n = 1;
+  for (bool has_struck = true; has_struck; ++n) {
+    const test::Handle handle;
+    ASSERT_EQ(repeats.load(handle, false), 1);
+    DeStats stats = {-7, -7.0, -7.0};
+    {
+      const MemoryShortage shortage(n, Shortage::once);
+      get_de_stats_from_index(handle, 0, &stats);
+      has_struck = shortage.has_struck();
+    }
+    EXPECT_EQ(stats.repeat_count, has_struck ? -7 : 3) << n;
+    EXPECT_EQ(stats.de_max, has_struck ? -7.0 : std::sqrt(26.0)) << n;
+    get_de_stats_from_index(handle, 0, &stats);
+    EXPECT_EQ(stats.repeat_count, 3);
+  }
+  EXPECT_GT(n, 2);
+}
 
 TEST(OutOfMemory, AHandleThatCannotBeMadeIsNull) {
   const long live = test::live_blocks();
