@@ -81,11 +81,19 @@ def table(seed, rows=60):
     return "\r\n".join([head, *body]) + "\r\n"
 
 
+# Greek and Japanese: no code page has both.
+OTHER_SCRIPTS = ["\u03c7\u03ac\u03c1\u03c4\u03b7\u03c2.txt", "\u6e2c\u5b9a.txt"]
+
+
 def generated():
     grids = [(380, 10, 36), (400, 10, 31), (360, 10, 48), (380, 20, 18), (340, 20, 25), (385, 5, 70),
              (400, 3, 100), (460, 10, 23), (550, 10, 1)]
     for start, step, bands in grids:
         yield f"grid-{start}-{step}-{bands}.txt", spectral(start * step, start, step, bands).encode()
+    for seed, name in enumerate(OTHER_SCRIPTS):
+        yield name, colours(seed).encode()
+        # The only channel is named after the file.
+        yield f"gray-{name}", chart(["GRAY", "LAB_L"], [["0", "95"], ["100", "12.5"]]).encode()
     for seed in range(6):
         yield f"colours-{seed}.txt", colours(seed).encode()
         yield f"odd-{seed}.txt", odd_numbers(seed).encode()

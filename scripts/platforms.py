@@ -52,7 +52,9 @@ PLATFORMS = {
         Platform("lto-clang-14", ["clang++-14", "ld.lld"]),
         Platform("checked", ["c++"]),
     ],
+    "windows": [Platform("windows", ["x86_64-w64-mingw32-g++-posix", "wine"], ["wine"])],
 }
+REFERENCE = Platform("release", [])
 
 
 def output_of(command, **options):
@@ -63,9 +65,10 @@ def output_of(command, **options):
     return result.stdout
 
 
-def build(preset):
+def build(preset, targets=("dump_answers",)):
     output_of(["cmake", "--preset", preset], cwd=ROOT)
-    printed = output_of(["cmake", "--build", BUILD / preset, "--parallel", "2"], cwd=ROOT)
+    printed = output_of(["cmake", "--build", BUILD / preset, "--parallel", "2", "--target", *targets],
+                        cwd=ROOT)
     if "warning:" in printed:
         sys.exit(f"{preset}: warnings\n{printed}")
 
@@ -80,6 +83,60 @@ def answers_of(platform):
 
 def missing_of(platform):
     return [tool for tool in platform.tools if shutil.which(tool) is None]
+
+
+# Each writes to the standard output or to a file with a name in another script.
+TOOL_CALLS = [
+    ["measinfo", "--all", *comparison_charts.OTHER_SCRIPTS],
+    ["measinfo", "--json", "gray-" + comparison_charts.OTHER_SCRIPTS[0]],
+    ["measinfo", "--plain", comparison_charts.OTHER_SCRIPTS[1]],
+    ["measreport", "-o", "\u5831\u544a.html", *comparison_charts.OTHER_SCRIPTS],
+]
+
+
+def tool_outputs(platform):
+    """What the tools print and write for charts with names in other scripts."""
+    outputs = []
+    for name, *arguments in TOOL_CALLS:
+        command = [*platform.runner, BUILD / platform.preset / "tools" / name, *arguments]
+        result = subprocess.run(command, cwd=CHARTS, stdout=subprocess.PIPE)
+        if result.returncode != 0:
+            sys.exit(f"{platform.preset}: {name} {' '.join(arguments)}: exit status {result.returncode}")
+        outputs.append(result.stdout)
+        if "-o" in arguments:
+            report = CHARTS / arguments[arguments.index("-o") + 1]
+            outputs.append(report.read_bytes())
+            report.unlink()
+    return outputs
+
+
+def use_wine():
+    """Sets where Wine keeps its files and finds the libraries of the compiler."""
+    folders = [BUILD / "windows"]
+    for library in ("libstdc++-6.dll", "libgcc_s_seh-1.dll", "libwinpthread-1.dll"):
+        path = output_of(["x86_64-w64-mingw32-g++-posix", f"-print-file-name={library}"])
+        folders.append(pathlib.Path(path.strip()).resolve().parent)
+    os.environ.update(WINEPREFIX=str(WORK / "wine"), WINEDEBUG="-all", LC_ALL="C.UTF-8",
+                      WINEDLLOVERRIDES="mscoree,mshtml=", WINEPATH=";".join(f"Z:{f}" for f in folders))
+    (WORK / "wine").mkdir(parents=True, exist_ok=True)
+
+
+def compare_windows(platform, expected):
+    """The answers of the library, and the outputs of the tools, under Wine."""
+    if platform.tools[0] in missing_of(platform):
+        print(f"windows: skipped, not installed: {' '.join(missing_of(platform))}")
+        return
+    build("windows", ["all", "dump_answers"])
+    if missing_of(platform):
+        print("windows: built, but not run; not installed: wine")
+        return
+    use_wine()
+    lines, ulp = compare_answers.compare(answers_of(platform), expected)
+    build(REFERENCE.preset, ["measinfo", "measreport"])
+    for call, output, here in zip(TOOL_CALLS + ["report"], tool_outputs(platform), tool_outputs(REFERENCE)):
+        if output != here:
+            sys.exit(f"windows: {call} prints something else than here")
+    print(f"windows: {lines} answers as here, computed colours within {ulp} ulp; tools print the same")
 
 
 def compare(platform, expected):
@@ -108,8 +165,8 @@ def compile_for_macos():
 
 def main(kind, names):
     comparison_charts.write(CHARTS)
-    build("answers")
-    expected = answers_of(Platform("answers", []))
+    build(REFERENCE.preset)
+    expected = answers_of(REFERENCE)
     known = PLATFORMS[kind]
     unknown = set(names) - {platform.preset for platform in known} - {"macos"}
     if unknown:
@@ -117,7 +174,7 @@ def main(kind, names):
                  f"{' '.join(platform.preset for platform in known)}")
     for platform in known:
         if not names or platform.preset in names:
-            compare(platform, expected)
+            (compare_windows if kind == "windows" else compare)(platform, expected)
     if kind == "cross" and (not names or "macos" in names):
         compile_for_macos()
 
