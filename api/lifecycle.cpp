@@ -1,4 +1,5 @@
 // Handles, loading, messages and version.
+#include "api/cancellation.h"
 #include "api/measdata.h"
 #include "api/own_memory.h"
 #include "api/parse.h"
@@ -23,9 +24,6 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-// Short enough for every standard library to keep it without an allocation.
-constexpr const char* kOutOfMemory = "Out of memory\n";
-
 // Leaves no patches, and the messages that explain the failure.
 void clear_after_failure(ParserState& state) {
   std::string messages = std::move(state.chart.all_patches.messages);
@@ -35,6 +33,12 @@ void clear_after_failure(ParserState& state) {
   state.chart.all_patches.messages = std::move(messages);
 }
 
+void clear_without_memory(ParserState& state) {
+  state.chart.all_patches.messages.clear();
+  clear_after_failure(state);
+  state.chart.all_patches.is_out_of_memory = true;
+}
+
 // The build after a successful read.
 int build(ParserState& state, const Names& field_names, const char* name) noexcept {
   const vantor::DataSet::DeviceFlags flags_before = state.chart.device_flags;
@@ -42,8 +46,7 @@ int build(ParserState& state, const Names& field_names, const char* name) noexce
     return vantor::DataSet::build_chart(state.chart, field_names, name) ? 1 : 0;
   } catch (const std::exception&) {
     state.chart.device_flags = flags_before;
-    state.chart.all_patches.messages = kOutOfMemory;
-    clear_after_failure(state);
+    clear_without_memory(state);
     return 0;
   }
 }
@@ -52,6 +55,7 @@ int build(ParserState& state, const Names& field_names, const char* name) noexce
 template <typename Read>
 int load(void* handle, const char* name, Read read) noexcept {
   if (handle == nullptr) return 0;
+  const vantor::Api::NoCancellation no_cancellation;
   ParserState& state = *state_of(handle);
   try {
     const std::string name_copy(name == nullptr ? "" : name);
@@ -62,10 +66,10 @@ int load(void* handle, const char* name, Read read) noexcept {
       reader.reset();
       return build(state, names, name == nullptr ? nullptr : name_copy.c_str());
     }
+    clear_after_failure(state);
   } catch (const std::exception&) {  // no memory, or more than a container can hold
-    state.chart.all_patches.messages = kOutOfMemory;
+    clear_without_memory(state);
   }
-  clear_after_failure(state);
   return 0;
 }
 
@@ -105,13 +109,13 @@ int parse_mem(void* handle, size_t length, const char* block, const char* name) 
 
 int parse(void* handle, MeasFileParser* reader, const char* name) noexcept {
   if (handle == nullptr || reader == nullptr) return 0;
+  const vantor::Api::NoCancellation no_cancellation;
   ParserState& state = *state_of(handle);
   try {
     return build(state, vantor::DataSet::device_field_names(state.chart.all_patches, *reader),
                  name);
   } catch (const std::exception&) {
-    state.chart.all_patches.messages = kOutOfMemory;
-    clear_after_failure(state);
+    clear_without_memory(state);
     return 0;
   }
 }
@@ -125,7 +129,9 @@ int get_parse_mode(void* handle) noexcept {
 }
 
 const char* parse_messages(void* handle) noexcept {
-  return handle == nullptr ? nullptr : state_of(handle)->chart.all_patches.messages.c_str();
+  if (handle == nullptr) return nullptr;
+  const PatchDataSet& patches = state_of(handle)->chart.all_patches;
+  return patches.is_out_of_memory ? "Out of memory\n" : patches.messages.c_str();
 }
 
 void* pass_unique_data(void* handle) noexcept {

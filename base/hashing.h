@@ -2,7 +2,6 @@
 #ifndef MEASDATA_BASE_HASHING_H
 #define MEASDATA_BASE_HASHING_H
 
-#include <chrono>
 #include <cstdint>
 
 namespace vantor::Base {
@@ -16,12 +15,14 @@ constexpr std::uint64_t mix(std::uint64_t hash) {
   return hash ^ (hash >> 32U);
 }
 
-/// A start for hashes, made of the time and a place in memory, so that nobody can write a file
-/// whose names or values all meet in one place of a table.
-inline std::uint64_t hash_seed() {
-  const auto time = std::chrono::steady_clock::now().time_since_epoch().count();
-  return mix(static_cast<std::uint64_t>(time) ^ mix(reinterpret_cast<std::uintptr_t>(&time)));
-}
+/// A start for the hashes of one table. It has to withstand somebody who writes a file, or many
+/// files for the same process, so that all names or values meet in one place of a table, which
+/// would make a load quadratic. He knows the source code, but neither the 64 random bits of the
+/// process nor the place and time of the table, and no answer of the library depends on them.
+///
+/// It does not withstand somebody who can measure single searches from within the process: the
+/// hashes mix well but are no cryptography.
+std::uint64_t hash_seed();
 
 }  // namespace vantor::Base
 

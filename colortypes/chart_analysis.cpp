@@ -50,7 +50,7 @@ class ValueCounter {
   // The slot of the value, or the free one where it belongs.
   Slot& find(std::vector<Slot>& slots, double value) const {
     const std::size_t mask = slots.size() - 1;
-    std::size_t slot = hashValue(value, seed_) & mask;
+    std::size_t slot = static_cast<std::size_t>(hashValue(value, seed_)) & mask;
     while (slots[slot].count != 0 && slots[slot].value != value) slot = (slot + 1) & mask;
     return slots[slot];
   }

@@ -2,6 +2,8 @@
 #ifndef MEASDATA_COLORTYPES_CUBE_ROOT_H
 #define MEASDATA_COLORTYPES_CUBE_ROOT_H
 
+#include "base/arithmetic.h"
+
 #include <bit>
 #include <cmath>
 #include <cstdint>

@@ -83,6 +83,8 @@ struct PatchDataSet {
   std::vector<std::optional<ColorTypes::Distances>> repeat_distances;
 
   std::string messages;  ///< diagnostics of the build
+  /// Told in place of the messages: a text of its own could need memory that is not there.
+  bool is_out_of_memory = false;
   HeaderKeywords header_keywords;
 
   /// Turns a spectrum of this data set into Lab; null when nothing at hand fits its grid. Owned by

@@ -1,8 +1,9 @@
 #include "measdata/number_reader.h"
 
+#include "base/arithmetic.h"
+
 #include <array>
 #include <cfenv>
-#include <cfloat>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
@@ -52,6 +53,8 @@ bool read_simple(std::string_view text, Comma comma, double& value) {
   return true;
 }
 
+#if defined(__cpp_lib_to_chars) && __cpp_lib_to_chars >= 201611L
+
 // True when the text has the shape of a decimal number without white space, letters but for an
 // exponent, or a decimal comma; std::from_chars and the C library then agree on it.
 bool has_decimal_shape(std::string_view text) {
@@ -78,17 +81,17 @@ bool has_decimal_shape(std::string_view text) {
 
 // Longer decimals and exponents. Overflow and underflow are left to the C library.
 bool read_decimal(std::string_view text, double& value) {
-#if defined(__cpp_lib_to_chars) && __cpp_lib_to_chars >= 201611L
   if (!has_decimal_shape(text)) return false;
   const std::from_chars_result result =
       std::from_chars(text.data(), text.data() + text.size(), value);
   return result.ec == std::errc() && result.ptr == text.data() + text.size();
-#else
-  static_cast<void>(text);
-  static_cast<void>(value);
-  return false;
-#endif
 }
+
+#else
+
+bool read_decimal(std::string_view, double&) { return false; }
+
+#endif
 
 // The definition of what a cell's number is.
 double read_by_c_library(std::string_view text, Comma comma) {
@@ -108,11 +111,9 @@ double read_by_c_library(std::string_view text, Comma comma) {
   return std::strtod(copy, nullptr);
 }
 
-// The fast paths hold where the decimal point is a full stop, results are rounded to nearest and
-// arithmetic on doubles is not done in a wider format.
+// The fast paths hold where the decimal point is a full stop and results are rounded to nearest.
 bool is_fast_path_exact() {
-  return FLT_EVAL_METHOD == 0 && std::fegetround() == FE_TONEAREST &&
-         std::strtod("1.5", nullptr) == 1.5;
+  return std::fegetround() == FE_TONEAREST && std::strtod("1.5", nullptr) == 1.5;
 }
 
 }  // namespace

@@ -5,10 +5,12 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <thread>
 
 #ifdef __linux__
 #include <sys/stat.h>
@@ -56,6 +58,33 @@ TEST(FileReading, APipeIsNotOpened) {
   EXPECT_EQ(parse_file(handle, path.c_str()), 0);
   EXPECT_EQ(handle.messages(), "Failed to open file '" + path + "'\n");
   unlink(path.c_str());
+}
+
+// Whoever may write to the folder may put a pipe in the place of a file at any moment.
+TEST(FileReading, APathThatIsAPipeByTurns) {
+  const TemporaryFile file("regular.txt");
+  const std::string path = test::temporary_path("changing"), pipe = test::temporary_path("fifo");
+  const std::string next = test::temporary_path("next");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::atomic<bool> is_done = false;
+  std::thread changing([&] {
+    for (int i = 0; !is_done; ++i) {
+      EXPECT_EQ(link(i % 2 == 0 ? file.path() : pipe.c_str(), next.c_str()), 0);
+      EXPECT_EQ(rename(next.c_str(), path.c_str()), 0);
+      // Renaming one name of a file to another of the same file leaves both.
+      unlink(next.c_str());
+    }
+  });
+  const std::string not_opened = "Failed to open file '" + path + "'\n";
+  test::Handle handle;
+  for (int i = 0; i < 20000; ++i) {
+    const int result = parse_file(handle, path.c_str());
+    ASSERT_EQ(handle.messages(), result == 1 ? "" : not_opened);
+  }
+  is_done = true;
+  changing.join();
+  unlink(path.c_str());
+  unlink(pipe.c_str());
 }
 
 TEST(FileReading, AFileThatMayNotBeRead) {

@@ -5,6 +5,7 @@
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <pthread.h>
 
 #include <cstddef>
 #include <filesystem>
@@ -66,6 +67,7 @@ class Threads : public testing::Test {
   }
 
   std::size_t count() const { return samples_.size(); }
+  const char* path(std::size_t i) const { return paths_[i].c_str(); }
 
   // What a fresh handle tells about a sample.
   std::string tell(const Interface& library, std::size_t i, bool from_file) const {
@@ -115,6 +117,35 @@ TEST_F(Threads, HandlesAreIndependent) {
     }
     return faults;
   });
+}
+
+// A load that a thread is cancelled in: it ends as ever, and the thread behind it.
+struct CancelledLoad {
+  const Interface* library;
+  void* handle;
+  const char* path;
+  int result;
+
+  static void* run(void* load) {
+    auto* const self = static_cast<CancelledLoad*>(load);
+    pthread_cancel(pthread_self());  // takes effect where the thread next waits for the system
+    self->result = self->library->parse_file(self->handle, self->path);
+    pthread_testcancel();
+    return nullptr;
+  }
+};
+
+TEST_F(Threads, ACancelledThreadEndsItsLoadFirst) {
+  const Library library;
+  ASSERT_TRUE(library.is_open()) << dlerror();
+  CancelledLoad load = {&library.functions(), library.functions().init_parser(), path(0), -1};
+  pthread_t thread = {};
+  ASSERT_EQ(pthread_create(&thread, nullptr, &CancelledLoad::run, &load), 0);
+  void* ended_with = nullptr;
+  ASSERT_EQ(pthread_join(thread, &ended_with), 0);
+  EXPECT_EQ(load.result, 1);
+  EXPECT_EQ(ended_with, PTHREAD_CANCELED);
+  library.functions().cleanup_parser(&load.handle);
 }
 
 TEST_F(Threads, TheLibraryComesAndGoes) {
