@@ -27,6 +27,7 @@ class Platform:
     preset: str
     tools: list  # that have to be installed
     runner: list = dataclasses.field(default_factory=list)
+    suffix: str = ""  # of programs
 
 
 def cross(preset, triplet, emulator):
@@ -52,7 +53,7 @@ PLATFORMS = {
         Platform("lto-clang-14", ["clang++-14", "ld.lld"]),
         Platform("checked", ["c++"]),
     ],
-    "windows": [Platform("windows", ["x86_64-w64-mingw32-g++-posix", "wine"], ["wine"])],
+    "windows": [Platform("windows", ["x86_64-w64-mingw32-g++-posix", "wine"], ["wine"], ".exe")],
 }
 REFERENCE = Platform("release", [])
 
@@ -76,7 +77,7 @@ def build(preset, targets=("dump_answers",)):
 def answers_of(platform):
     """What the library answers about all charts."""
     output = WORK / f"{platform.preset}.answers"
-    program = BUILD / platform.preset / "dump_answers"
+    program = BUILD / platform.preset / f"dump_answers{platform.suffix}"
     output_of([*platform.runner, program, "list.txt", f"../{output.name}"], cwd=CHARTS)
     return output.read_bytes()
 
@@ -98,7 +99,7 @@ def tool_outputs(platform):
     """What the tools print and write for charts with names in other scripts."""
     outputs = []
     for name, *arguments in TOOL_CALLS:
-        command = [*platform.runner, BUILD / platform.preset / "tools" / name, *arguments]
+        command = [*platform.runner, BUILD / platform.preset / "tools" / (name + platform.suffix), *arguments]
         result = subprocess.run(command, cwd=CHARTS, stdout=subprocess.PIPE)
         if result.returncode != 0:
             sys.exit(f"{platform.preset}: {name} {' '.join(arguments)}: exit status {result.returncode}")
