@@ -3,6 +3,10 @@
 Reads the paths from standard input. What passed is remembered in build/lint/passed.json: a source
 is checked again when it, a file that it includes, its compile command, the rules or the tool
 changed.
+
+clang-tidy takes most of its time for the standard library's headers. Therefore many sources are
+tidied as one text, which reads each header once; a text that does not pass is halved until the
+sources that fail are found.
 """
 
 import concurrent.futures
@@ -15,8 +19,10 @@ import re
 import shlex
 import subprocess
 import sys
+import tempfile
 
 BUILD = pathlib.Path("build/release")
+BATCH = 12  # sources in one text
 PASSED = pathlib.Path("build/lint/passed.json")
 # The tests are held to the compilers' warnings alone, and tables are numbers.
 NOT_TIDIED = re.compile(r"^(tests|bench|docs/samples/test)/|/tables/")
@@ -74,8 +80,12 @@ class Format:
         return rules_of(source, ".clang-format"), ""
 
     @staticmethod
-    def command(source):
-        return ["clang-format", "--dry-run", "--Werror", source]
+    def output(sources):
+        return output_of(["clang-format", "--dry-run", "--Werror", *sources])
+
+    @staticmethod
+    def batches(sources):
+        return [sources[i:i + 2 * BATCH] for i in range(0, len(sources), 2 * BATCH)]
 
 
 class Tidy:
@@ -91,8 +101,80 @@ class Tidy:
         return rules_of(source, ".clang-tidy"), compile_commands().get(source, {}).get("command")
 
     @staticmethod
-    def command(source):
-        return ["clang-tidy", "--quiet", "-p", str(BUILD), *TIDY_OPTIONS, source]
+    def output(sources):
+        if len(sources) == 1:
+            return output_of(["clang-tidy", "--quiet", "-p", str(BUILD), *TIDY_OPTIONS, *sources])
+        with tempfile.NamedTemporaryFile("w", dir=PASSED.parent, suffix=".cpp") as text:
+            text.write(joined(sources))
+            text.flush()
+            flags, rules = surroundings_of(sources[0])
+            return output_of(["clang-tidy", "--quiet", f"--config-file={rules}", *TIDY_OPTIONS,
+                              text.name, "--", *flags])
+
+    @staticmethod
+    def batches(sources):
+        """Batches of C++ sources with the same flags that can be read as one text."""
+        batches = []
+        for source in sources:
+            for batch in batches:
+                if len(batch) < BATCH and all(are_compatible(source, other) for other in batch):
+                    batch.append(source)
+                    break
+            else:
+                batches.append([source])
+        return batches
+
+
+def output_of(command):
+    """What a check prints when it fails."""
+    result = subprocess.run(command, capture_output=True, text=True)
+    if result.returncode == 0:
+        return ""
+    return result.stdout or result.stderr or f"{command[0]} failed"
+
+
+def joined(sources):
+    """One text of all sources. What several of them include is included once."""
+    text = []
+    seen = set()
+    for source in sources:
+        own = set()
+        for line in pathlib.Path(source).read_text().splitlines(keepends=True):
+            if line.startswith("#include") and line not in own:
+                own.add(line)
+                if line in seen:
+                    continue
+            text.append(line)
+        seen |= own
+    return "".join(text)
+
+
+@functools.cache
+def surroundings_of(source):
+    """The flags of a C++ source and the file with the rules for it."""
+    if source not in compile_commands() or not source.endswith(".cpp"):
+        return None
+    words = shlex.split(compile_commands()[source]["command"])
+    first = next(i for i, word in enumerate(words) if word[0] == "-")
+    rules = next(path for path in rules_of(source, ".clang-tidy") if os.path.exists(path))
+    return words[first:words.index("-o")], rules
+
+
+@functools.cache
+def names_in(source):
+    """The names that a source defines for itself alone, and all of its words."""
+    text = re.sub(r"//.*|\"(?:[^\"\\\n]|\\.)*\"", "", pathlib.Path(source).read_text())
+    own = "\n".join(re.findall(r"^namespace \{$.*?^\}$|^(?:int main|extern *int \w+)\(", text, re.M | re.S))
+    own = re.sub(r"^(?: |\}|using |namespace |#).*|<[^>]*>", "", own, flags=re.M)
+    names = re.findall(r"^.*?(?:\b(?:class|struct) (\w+)|(\w+) *[({=;\[])", own, re.M)
+    return {name for pair in names for name in pair}, set(re.findall(r"\w+", text))
+
+
+def are_compatible(source, other):
+    """Whether two sources can share a text: no name of one means another thing in the other."""
+    (defined, words), (other_defined, other_words) = names_in(source), names_in(other)
+    return (surroundings_of(source) is not None and surroundings_of(source) == surroundings_of(other) and
+            defined.isdisjoint(other_words) and other_defined.isdisjoint(words))
 
 
 def key_of(check, source, inputs):
@@ -106,17 +188,20 @@ def is_unchanged(check, source, passed):
     return entry is not None and key_of(check, source, entry["inputs"]) == entry["key"]
 
 
-def run(check, source, passed):
-    """Whether the source passes; if so, that is remembered."""
-    inputs = check.inputs(source)
-    key = key_of(check, source, inputs or [])
-    result = subprocess.run(check.command(source), capture_output=True, text=True)
-    if result.returncode != 0:
-        print(result.stdout + (result.stderr if check is Format or not result.stdout else ""))
-        return False
-    if inputs:
-        passed[f"{check.name} {source}"] = {"inputs": inputs, "key": key}
-    return True
+def failures(check, sources, passed):
+    """How many of the sources fail; those that pass are remembered."""
+    output = check.output(sources)
+    if output and len(sources) > 1:
+        half = len(sources) // 2
+        return failures(check, sources[:half], passed) + failures(check, sources[half:], passed)
+    if output:
+        print(output)
+        return 1
+    for source in sources:
+        inputs = check.inputs(source)
+        if inputs:
+            passed[f"{check.name} {source}"] = {"inputs": inputs, "key": key_of(check, source, inputs)}
+    return 0
 
 
 def main():
@@ -124,19 +209,22 @@ def main():
     if not sources:
         sys.exit("lint: no sources found")
     tidied = [s for s in sources if s.endswith((".c", ".cpp")) and not NOT_TIDIED.search(s)]
-    jobs = [(Format, source) for source in sources] + [(Tidy, source) for source in tidied]
-    passed = json.loads(PASSED.read_text()) if PASSED.exists() else {}
-    changed = [job for job in jobs if not is_unchanged(*job, passed)]
-    # The longest sources last would leave processors idle at the end.
-    changed.sort(key=lambda job: (job[0] is Tidy, -os.path.getsize(job[1])))
-    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        verdicts = list(pool.map(lambda job: run(*job, passed), changed))
+    checks = {Tidy: tidied, Format: sources}
     PASSED.parent.mkdir(parents=True, exist_ok=True)
+    passed = json.loads(PASSED.read_text()) if PASSED.exists() else {}
+    changed = {check: [s for s in of_check if not is_unchanged(check, s, passed)]
+               for check, of_check in checks.items()}
+    batches = [(check, batch) for check in checks for batch in check.batches(changed[check])]
+    # A large batch as the last one would leave processors idle.
+    batches.sort(key=lambda job: (job[0] is Format, -len(job[1])))
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        failed = sum(pool.map(lambda job: failures(*job, passed), batches))
     PASSED.write_text(json.dumps(passed))
-    if not all(verdicts):
-        sys.exit(f"lint: {verdicts.count(False)} of {len(changed)} checks failed")
-    print(f"lint: clean, {len(sources)} files, {len(jobs) - len(changed)} of {len(jobs)} checks "
-          "unchanged since they passed")
+    total, number = (sum(map(len, group.values())) for group in (checks, changed))
+    if failed:
+        sys.exit(f"lint: {failed} of {number} checks failed")
+    print(f"lint: clean, {len(sources)} files, {total - number} of {total} checks unchanged since they "
+          "passed")
 
 
 main()

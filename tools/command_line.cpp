@@ -15,6 +15,20 @@
 #include <system_error>
 #include <utility>
 
+#if defined(_WIN32)
+#if !defined(NOMINMAX)
+#define NOMINMAX
+#endif
+// clang-format off
+#include <windows.h>  // the others need it
+// clang-format on
+
+#include <fcntl.h>
+#include <io.h>
+#include <shellapi.h>
+#include <stdio.h>
+#endif
+
 namespace tools {
 
 CommandLine::CommandLine(const std::vector<std::string>& arguments,
@@ -84,11 +98,51 @@ int run_checked(const Tool& tool, const std::vector<std::string>& arguments) {
   return kFailed;
 }
 
+#if defined(_WIN32)
+
+std::string utf8_of(const wchar_t* wide) {
+  const int size = WideCharToMultiByte(CP_UTF8, 0, wide, -1, nullptr, 0, nullptr, nullptr);
+  if (size == 0) return {};
+  std::string utf8(static_cast<std::size_t>(size), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, wide, -1, utf8.data(), size, nullptr, nullptr);
+  utf8.pop_back();  // the zero at the end
+  return utf8;
+}
+
+// The arguments of main() are in the code page, which lacks most characters.
+std::vector<std::string> arguments_of(int, char**) {
+  int count = 0;
+  const std::unique_ptr<wchar_t*, decltype(&LocalFree)> wide(
+      CommandLineToArgvW(GetCommandLineW(), &count), LocalFree);
+  std::vector<std::string> arguments;
+  for (int i = 1; i < count; ++i) arguments.push_back(utf8_of(wide.get()[i]));
+  return arguments;
+}
+
+// A chart that is read or written keeps its bytes.
+void keep_line_ends() {
+  _setmode(_fileno(stdin), _O_BINARY);
+  _setmode(_fileno(stdout), _O_BINARY);
+}
+
+#else
+
+std::vector<std::string> arguments_of(int argc, char** argv) { return {argv + 1, argv + argc}; }
+
+void keep_line_ends() {}
+
+#endif
+
 }  // namespace
+
+std::filesystem::path path_of(std::string_view utf8) {
+  return std::u8string(utf8.begin(), utf8.end());
+}
 
 int run_tool(const Tool& tool, int argc, char** argv) {
   try {
-    return run_checked(tool, std::vector<std::string>(argv + 1, argv + argc));
+    keep_line_ends();
+    return run_checked(tool, arguments_of(argc, argv));
   } catch (const Refusal& refusal) {
     std::cerr << tool.name << ": " << measkit::printable(refusal.what()) << '\n';
     return kBadCall;
@@ -117,8 +171,7 @@ void write_output(std::string_view text, const std::string& path) {
     std::cout << text;
     return;
   }
-  const std::u8string utf8(path.begin(), path.end());
-  std::ofstream file(std::filesystem::path(utf8), std::ios::binary);
+  std::ofstream file(path_of(path), std::ios::binary);
   if (!(file << text << std::flush)) throw Refusal("cannot write " + path);
 }
 

@@ -4,6 +4,7 @@
 
 #include "kit/document.h"
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -60,8 +61,12 @@ struct Tool {
 };
 
 /// Runs a tool on the arguments of main() and returns its status: prints help and version, refuses
-/// bad calls, and tells when memory runs out or the standard output cannot be written.
+/// bad calls, and tells when memory runs out or the standard output cannot be written. On Windows
+/// it takes the arguments as UTF-8 from the system instead.
 int run_tool(const Tool& tool, int argc, char** argv);
+
+/// A path as the system has it.
+std::filesystem::path path_of(std::string_view utf8);
 
 /// Opens a file or, for "-", the standard input.
 std::unique_ptr<measkit::Document> open_document(const std::string& path, measkit::Opening opening);

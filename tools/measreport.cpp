@@ -36,7 +36,7 @@ constexpr std::array<tools::Option, 3> kOptions = {{{"-o", true}, {"--as-is"}, {
 
 bool write(const std::string& page, const std::string& output) {
   if (output.empty()) return static_cast<bool>(std::cout << page << std::flush);
-  std::ofstream file(output, std::ios::binary);
+  std::ofstream file(tools::path_of(output), std::ios::binary);
   return static_cast<bool>(file << page << std::flush);
 }
 

@@ -93,20 +93,20 @@ bool tells_spectra(const NumberBlock& block) {
   });
 }
 
-Quantity quantity_of(const NumberBlock& block, std::string_view header) {
+StatedQuantity stated_quantity_of(const NumberBlock& block, std::string_view header) {
   std::string above;
   for (const NumberBlock::Line& line : block.above) above.append(line.text).append("\n");
   above = small_letters_of(above);
-  if (contains_any(above, {"reflect"})) return Quantity::reflectance;
-  if (contains_any(above, {"transmi"})) return Quantity::transmittance;
+  if (contains_any(above, {"reflect"})) return StatedQuantity::reflectance;
+  if (contains_any(above, {"transmi"})) return StatedQuantity::transmittance;
   const std::string names = small_letters_of(header);
-  if (contains_any(above, {"absorb"})) return Quantity::absorbance;
+  if (contains_any(above, {"absorb"})) return StatedQuantity::absorbance;
   if (contains_any(above, {"irradiance", "radiance", "emission", "w/m2", "w/m^2", "w/nm"}) ||
       contains_any(names, {"illuminant", "intensity", "counts"}) ||
       has_word(names, {"spd", "power", "flux", "d50", "d55", "d65", "d75", "led", "lamp"})) {
-    return Quantity::emission;
+    return StatedQuantity::emission;
   }
-  return Quantity::unknown;
+  return StatedQuantity::unknown;
 }
 
 }  // namespace measkit

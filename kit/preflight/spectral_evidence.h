@@ -24,10 +24,10 @@ bool are_wavelengths_by_steps(const std::vector<double>& nm, bool has_words);
 bool tells_spectra(const NumberBlock& block);
 
 /// What the values of spectra are, as far as words tell.
-enum class Quantity { unknown, reflectance, transmittance, emission, absorbance };
+enum class StatedQuantity { unknown, reflectance, transmittance, emission, absorbance };
 
 /// By the words in the lines above a block, of which `header` names the columns.
-Quantity quantity_of(const NumberBlock& block, std::string_view header);
+StatedQuantity stated_quantity_of(const NumberBlock& block, std::string_view header);
 
 }  // namespace measkit
 

@@ -105,7 +105,7 @@ class TransposedReader {
                      block_.first_line};
     }
     choose_samples();
-    quantity_ = quantity_of(block_, header_.text);
+    quantity_ = stated_quantity_of(block_, header_.text);
     const std::string range = rounded(nm_.front()) + " to " + rounded(nm_.back()) + " nm";
     if (samples_.empty()) {
       return Refusal{kNotTransposed, "Wavelengths run down the rows, but no column holds a sample.",
@@ -124,7 +124,7 @@ class TransposedReader {
                          ", not spectra of samples.",
                      header_.line};
     }
-    if (quantity_ == Quantity::absorbance) {
+    if (quantity_ == StatedQuantity::absorbance) {
       return Refusal{kNotTransposed,
                      "The spectra from " + range +
                          " are absorbances: reflectances or transmittances would help.",
@@ -283,9 +283,9 @@ class TransposedReader {
 
   // Names and words tell later steps what the numbers are and which scale they have.
   void name_quantity_of(Table& table) {
-    if (quantity_ == Quantity::transmittance) table.add_keyword("QUANTITY", "TRANSMITTANCE");
-    if (quantity_ == Quantity::emission) table.add_keyword("QUANTITY", "EMISSION");
-    if (quantity_ == Quantity::emission) return;
+    if (quantity_ == StatedQuantity::transmittance) table.add_keyword("QUANTITY", "TRANSMITTANCE");
+    if (quantity_ == StatedQuantity::emission) table.add_keyword("QUANTITY", "EMISSION");
+    if (quantity_ == StatedQuantity::emission) return;
     double sum = 0.0, largest = 0.0;
     std::size_t count = 0;
     for (std::size_t row = 0; row < nm_.size(); ++row) {
@@ -321,7 +321,7 @@ class TransposedReader {
   std::vector<double> nm_;
   std::vector<std::size_t> samples_;
   std::size_t run_ = 0, deviations_ = 0, missing_ = 0;
-  Quantity quantity_ = Quantity::unknown;
+  StatedQuantity quantity_ = StatedQuantity::unknown;
 };
 
 }  // namespace

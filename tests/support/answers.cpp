@@ -13,28 +13,32 @@ namespace {
 
 using Numbers = std::span<const double>;
 
-constexpr int kFirst = 12;  // so many positions of each list are asked, and its end
-
-// Positions that a list has or has not.
+// Positions that a list has or has not: the first ones, and the end of each list.
 class Positions {
  public:
-  Positions(const Interface& library, void* handle) {
-    for (const int bad : {INT_MIN, -1, INT_MAX}) add(bad);
-    for (int i = 0; i < kFirst; ++i) add(i);
+  Positions(const Interface& library, void* handle, int first) {
+    int longest = 0;
     for (const auto count : {library.num_patches, library.num_indices, library.num_keywords}) {
-      for (const int i : {count(handle) - 1, count(handle)}) {
-        if (i >= kFirst) add(i);
-      }
+      const int size = count(handle);
+      longest = std::max(longest, size);
+      ends_[used_++] = size - 1;
+      ends_[used_++] = size;
+    }
+    first_ = std::min(first, std::max(longest + 1, kSomePositions));
+  }
+  template <typename Visit>
+  void for_each(Visit visit) const {
+    for (const int bad : {INT_MIN, -1, INT_MAX}) visit(bad);
+    for (int i = 0; i < first_; ++i) visit(i);
+    for (const int end : ends_) {
+      if (end >= first_) visit(end);
     }
   }
-  const int* begin() const { return positions_.data(); }
-  const int* end() const { return positions_.data() + size_; }
 
  private:
-  void add(int position) { positions_[size_++] = position; }
-
-  std::array<int, 3 + kFirst + 6> positions_ = {};
-  std::size_t size_ = 0;
+  std::array<int, 6> ends_ = {};
+  std::size_t used_ = 0;
+  int first_ = 0;
 };
 
 // Lies at the end of its memory, so that a sanitizer sees a step beyond.
@@ -59,8 +63,12 @@ bool is_for_data_sets(std::string_view name) {
 
 class Asker {
  public:
-  Asker(const Interface& library, void* handle, std::string& out)
-      : library_(library), positions_(library, handle), handle_(handle), out_(out) {}
+  Asker(const Interface& library, void* handle, std::string& out, int first)
+      : library_(library),
+        positions_(library, handle, first),
+        first_(first),
+        handle_(handle),
+        out_(out) {}
 
   void ask_all(bool is_data_set) {
 #define MEASDATA_EXPORT(name) \
@@ -83,43 +91,44 @@ class Asker {
   }
   template <typename Answer>
   void ask(const char* name, Answer (*function)(void*, int)) {
-    for (const int i : positions_) write(name, {i}, function(handle_, i));
+    positions_.for_each([&](int i) { write(name, {i}, function(handle_, i)); });
   }
   template <typename Answer>
   void ask(const char* name, Answer (*function)(void*, int, int)) {
     const int channels = library_.num_device_channels(handle_);
-    for (const int channel : {-1, 0, 1, channels - 1, channels}) {
-      for (const int i : positions_) write(name, {channel, i}, function(handle_, channel, i));
+    for (int channel = -1; channel <= channels; ++channel) {
+      if (first_ == kSomePositions && channel > 1 && channel < channels - 1) continue;
+      positions_.for_each([&](int i) { write(name, {channel, i}, function(handle_, channel, i)); });
     }
   }
   void ask(const char* name, void (*fill)(void*, int, double*)) {
     const bool is_device = std::string_view(name).starts_with("get_dev");
-    for (const int i : positions_) {
+    positions_.for_each([&](int i) {
       Array array(is_device ? std::max(library_.num_device_channels(handle_), 1) : 3);
       fill(handle_, i, nullptr);
       fill(handle_, i, array.data());
       write(name, {i}, array.values());
-    }
+    });
   }
   void ask(const char* name, void (*fill)(void*, int, DeStats*)) {
-    for (const int i : positions_) {
+    positions_.for_each([&](int i) {
       DeStats stats = {static_cast<int>(kUnanswered), kUnanswered, kUnanswered};
       fill(handle_, i, nullptr);
       fill(handle_, i, &stats);
       const std::array<double, 3> all = {static_cast<double>(stats.repeat_count), stats.de_mean,
                                          stats.de_max};
       write(name, {i}, Numbers(all));
-    }
+    });
   }
   void ask(const char* name, void (*convert)(const double*, double*)) {
-    for (const int i : positions_) {
+    positions_.for_each([&](int i) {
       Array color(3);
       library_.get_lab_from_patch(handle_, i, color.data());
       convert(nullptr, color.data());
       convert(color.data(), nullptr);
       convert(color.data(), color.data());
       write(name, {i}, color.values());
-    }
+    });
   }
   template <typename Answer>
   void ask(const char* name, Answer (*function)(void*, const char*)) {
@@ -130,7 +139,7 @@ class Asker {
   template <typename Answer>
   void ask(const char* name, Answer (*function)(void*, int, const char*)) {
     for_each_keyword([&](const char* keyword) {
-      for (const int i : positions_) write(name, {i}, function(handle_, i, keyword), keyword);
+      positions_.for_each([&](int i) { write(name, {i}, function(handle_, i, keyword), keyword); });
     });
   }
   // What makes, changes and ends a handle.
@@ -144,7 +153,7 @@ class Asker {
   void for_each_keyword(Visit visit) {
     for (const char* keyword : {"", "NO_SUCH_KEYWORD", "WEIGHTING_FUNCTION"}) visit(keyword);
     visit(nullptr);
-    for (int i = 0; i < std::min(library_.num_keywords(handle_), kFirst); ++i) {
+    for (int i = 0; i < std::min(library_.num_keywords(handle_), first_); ++i) {
       visit(library_.get_keyword(handle_, i));
     }
   }
@@ -184,14 +193,15 @@ class Asker {
 
   const Interface& library_;
   const Positions positions_;
+  const int first_;
   void* handle_;
   std::string& out_;
 };
 
 }  // namespace
 
-void write_answers(const Interface& library, void* handle, std::string& out) {
-  Asker asker(library, handle, out);
+void write_answers(const Interface& library, void* handle, std::string& out, int first) {
+  Asker asker(library, handle, out, first);
   asker.ask_all(false);
   out += "merged patches\n";
   asker.move_to(library.pass_unique_data(handle));

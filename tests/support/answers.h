@@ -4,6 +4,7 @@
 
 #include "api/measdata.h"
 
+#include <climits>
 #include <cstddef>
 #include <string>
 
@@ -28,10 +29,16 @@ inline Interface linked_library() {
 /// What the arrays hold that the library is asked to fill, before it does.
 inline constexpr double kUnanswered = -7.0;
 
-/// Appends a line for each answer, whatever the locale: function(position): answer. Asks for the
-/// first and the last positions, and for some that do not exist; `handle` may be null. Takes no
-/// memory of its own: all goes to `out`, where the caller reserves enough.
-void write_answers(const Interface& library, void* handle, std::string& out);
+/// How many positions at the beginning of each list are asked for: some or all.
+inline constexpr int kSomePositions = 12;
+inline constexpr int kAllPositions = INT_MAX;
+
+/// Appends a line for each answer, whatever the locale: function(position): answer. Numbers have
+/// as many digits as tell them from all others. Asks for the `first` and the last positions, and
+/// for some that do not exist; `handle` may be null. Takes no memory of its own: all goes to
+/// `out`, where the caller reserves enough.
+void write_answers(const Interface& library, void* handle, std::string& out,
+                   int first = kSomePositions);
 
 /// Room for the answers of any sample text.
 inline constexpr std::size_t kAnswersSize = std::size_t{1} << 18U;
