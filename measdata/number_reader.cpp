@@ -108,7 +108,9 @@ double read_by_c_library(std::string_view text, Comma comma) {
     const std::size_t position = text.find(',');
     if (position != std::string_view::npos) copy[position] = '.';
   }
-  return std::strtod(copy, nullptr);
+  char* end = nullptr;
+  const double value = std::strtod(copy, &end);
+  return end == copy ? 0.0 : value;  // some libraries return -0 for "--1"
 }
 
 // The fast paths hold where the decimal point is a full stop and results are rounded to nearest.
