@@ -98,8 +98,8 @@ bool Document::has_other_than_notes() {
 std::span<const Chart> Document::charts() {
   for (std::size_t i = charts_.size(); i < size(); ++i) {
     charts_.push_back(opening_ == Opening::as_is
-                          ? chart_as_it_stands(plain(i).loaded.handle(), chart_names_[i])
-                          : chart_of(plain(i), chart_names_[i]));
+                          ? chart_as_it_stands(plain(i).loaded.handle(), chart_names_[i], effort_)
+                          : chart_of(plain(i), chart_names_[i], effort_));
   }
   return charts_;
 }

@@ -35,6 +35,8 @@ class Document {
   /// True when something was repaired, is doubtful or is lost.
   bool has_other_than_notes();
 
+  /// To be said before the charts are asked for.
+  void set_effort(Effort effort) { effort_ = effort; }
   /// The charts as values, made at the first call.
   std::span<const Chart> charts();
   /// The same for a page: the first chart also has the findings about the file as a whole. A file
@@ -48,6 +50,7 @@ class Document {
 
   std::string name_;
   Opening opening_;
+  Effort effort_ = Effort::usual;
   vantor::MeasData::FileText file_;  // its bytes, or those of block_
   std::string block_;
   Preflighted preflighted_;

@@ -141,7 +141,7 @@ const char* mk_comparison_html(mk_comparison* comparison) noexcept {
   return guarded<const char*>(nullptr, [=] {
     if (comparison->html.empty()) {
       const std::span<const JudgedComparison> samples(&comparison->judged, 1);
-      comparison->html = measkit::html::page_of_judged(samples);
+      comparison->html = measkit::html::comparison_page_of(samples);
     }
     return comparison->html.c_str();
   });

@@ -74,8 +74,8 @@ std::unique_ptr<measkit::Document> open_document(const std::string& path, measki
 /// The bytes of a file; throws a Refusal when it cannot be read.
 std::string text_of_file(const std::string& path);
 
-/// Writes a file or, for "-", the standard output; throws a Refusal when it cannot.
-void write_output(std::string_view text, const std::string& path);
+/// Writes a file or, for "-", the standard output; false when it cannot.
+bool write_output(std::string_view text, const std::string& path);
 
 /// Tells on the standard error why a document has no patches.
 void tell_unreadable(std::string_view tool, const measkit::Document& document);

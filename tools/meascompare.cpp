@@ -156,9 +156,13 @@ std::string average_text(std::span<const Chart* const> charts, const CommandLine
   return measkit::measurement_text_of(average.chart, further);
 }
 
+void write(std::string_view text, const std::string& path) {
+  if (!tools::write_output(text, path)) throw Refusal("cannot write " + path);
+}
+
 void print(std::span<const JudgedComparison> samples, const CommandLine& line) {
   if (const auto output = line.value_of("-o"))
-    tools::write_output(measkit::html::page_of_judged(samples), *output);
+    write(measkit::html::comparison_page_of(samples), *output);
   if (line.has("--json")) {
     std::cout << measkit::comparison_json_of(samples);
   } else if (line.has("--csv")) {
@@ -207,7 +211,7 @@ int run(const CommandLine& line) {
     return compare(line, *files.charts().front(), files.charts().subspan(1), options);
   std::string text = average_text(files.charts(), line, options);
   if (output) {
-    tools::write_output(text, *output);
+    write(text, *output);
     return tools::kDone;
   }
   const auto mean = Document::open_block(std::move(text), "the mean", measkit::Opening::repair);

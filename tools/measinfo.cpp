@@ -22,7 +22,7 @@ constexpr std::string_view kUsage =
     "Tells what colour-measurement files hold: findings, conditions, channels, patches.\n"
     "A FILE named - is the standard input.\n"
     "\n"
-    "  --all        list every patch\n"
+    "  --all        list every patch, and compare repeats however many there are\n"
     "  --json       print all that is known of the files as JSON\n"
     "  --plain      print a chart of the file as a plain measurement file\n"
     "  --table N    the N-th chart, counted from 1 as measinfo lists them\n"
@@ -82,6 +82,7 @@ int run(const CommandLine& line) {
   for (const std::string& path : line.files()) {
     const std::unique_ptr<Document> opened = tools::open_document(path, opening);
     Document& document = *opened;
+    if (line.has("--all")) document.set_effort(measkit::Effort::all);
     if (wants_plain) return print_plain_text(line, document);
     are_good = is_good(document, line) && are_good;
     print(document, line, &path == &line.files().front());

@@ -53,13 +53,22 @@ std::string device_set_of(void* handle) {
   return dev_is_rgb(handle) == 1 ? "RGB" : "";
 }
 
+void tell_uncompared(const Chart& chart, Findings& findings) {
+  for (const Repeats& repeats : chart.merged.repeats) {
+    if (!std::isnan(repeats.de_mean) || repeats.de_max) continue;
+    findings.add(Severity::note, "repeats-not-compared",
+                 "A patch has " + std::to_string(repeats.count) +
+                     " measurements: their differences are computed only on demand.");
+  }
+}
+
 std::string text_at(const Chart& chart, std::size_t patch, const Texts& texts) {
   return texts.empty() || patch >= chart.patch_count ? std::string() : texts[patch];
 }
 
 }  // namespace
 
-Chart chart_of(PlainTable& plain, std::string name) {
+Chart chart_of(PlainTable& plain, std::string name, Effort effort) {
   Table& table = plain.table;
   void* const handle = plain.loaded.handle();
   const Roles roles = table.roles();
@@ -69,7 +78,7 @@ Chart chart_of(PlainTable& plain, std::string name) {
   gather_messages(chart, handle);
   take_table(chart, table, roles);
   if (chart.is_loaded) {
-    gather_patches(chart, handle);
+    gather_patches(chart, handle, effort);
     gather_channels(chart, handle, table.header);
     gather_landmarks(chart);
     gather_description(chart, handle, table.header);
@@ -78,18 +87,19 @@ Chart chart_of(PlainTable& plain, std::string name) {
   }
   Findings findings = table.findings;
   gather_lab_difference(chart, findings);
+  tell_uncompared(chart, findings);
   chart.findings = findings.list();
   chart.more_findings = findings.more();
   return chart;
 }
 
-Chart chart_as_it_stands(void* handle, std::string name) {
+Chart chart_as_it_stands(void* handle, std::string name, Effort effort) {
   Chart chart;
   chart.name = std::move(name);
   chart.is_loaded = true;
   chart.is_semicolon_table = get_parse_mode(handle) == 1;
   gather_messages(chart, handle);
-  gather_patches(chart, handle);
+  gather_patches(chart, handle, effort);
   chart.device_set = device_set_of(handle);
   gather_channels(chart, handle, {});
   const std::optional<std::size_t> paper_white = chart.paper_white;
@@ -97,6 +107,10 @@ Chart chart_as_it_stands(void* handle, std::string name) {
   chart.paper_white = paper_white;
   gather_description(chart, handle, {});
   gather_lab_source(chart, nullptr, {});
+  Findings findings;
+  tell_uncompared(chart, findings);
+  chart.findings = findings.list();
+  chart.more_findings = findings.more();
   return chart;
 }
 

@@ -83,8 +83,8 @@ struct MeasuringConditions {
 
 struct Repeats {
   int count = 0;                 ///< of measurements; 0 when no patch of the chart repeats
-  double de_mean = 0.0;          ///< Delta E*ab of all pairs
-  std::optional<double> de_max;  ///< none for a single measurement
+  double de_mean = 0.0;          ///< Delta E*ab of all pairs; not a number when not compared
+  std::optional<double> de_max;  ///< none for a single measurement and when not compared
 };
 
 /// Merged patches: patches with the same device values are measurements of one colour. Everything
@@ -171,13 +171,20 @@ struct Chart {
   std::vector<std::string> unused_columns;  ///< names of fields that nothing here uses
 };
 
+/// How much is asked of the library for a chart.
+enum class Effort {
+  usual,  ///< repeats of patches with more than 20,000 measurements are not compared, since the
+          ///< time grows with the square of their number; a finding tells it
+  all
+};
+
 /// The chart of a plain table. The table's cells are cut only when something is asked of them that
 /// the library has no question for.
-Chart chart_of(PlainTable& plain, std::string name);
+Chart chart_of(PlainTable& plain, std::string name, Effort effort = Effort::usual);
 
 /// The chart of a loaded handle alone, as the library reads the file: the paper white of RGB is the
 /// patch with all channels 0, and there is nothing that the library has no question for.
-Chart chart_as_it_stands(void* handle, std::string name);
+Chart chart_as_it_stands(void* handle, std::string name, Effort effort = Effort::usual);
 
 /// A row of a table of triples.
 inline Triple triple_at(const Values& values, std::size_t row) {

@@ -7,7 +7,7 @@
 namespace measkit {
 
 /// Patches and merged patches, as far as the library answers.
-void gather_patches(Chart& chart, void* handle);
+void gather_patches(Chart& chart, void* handle, Effort effort);
 
 /// Where Lab comes from. `table` is null for a file as it stands.
 void gather_lab_source(Chart& chart, const Table* table, const Roles& roles);

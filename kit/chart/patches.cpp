@@ -74,6 +74,9 @@ void gather_members(Chart& chart) {
   merged.starts.back() = static_cast<std::uint32_t>(chart.patch_count);
 }
 
+// Comparing 20,000 measurements takes up to two seconds.
+constexpr std::size_t kMostCompared = 20000;
+
 Repeats repeats_at(void* handle, std::size_t index) {
   DeStats stats = {0, 0.0, 0.0};
   get_de_stats_from_index(handle, static_cast<int>(index), &stats);
@@ -83,7 +86,7 @@ Repeats repeats_at(void* handle, std::size_t index) {
 }
 
 // A colour that was not measured makes the mean of its repeats no number: the others alone count.
-void leave_out_unmeasured(Chart& chart) {
+void leave_out_unmeasured(Chart& chart, std::size_t most_compared) {
   MergedPatches& merged = chart.merged;
   Values lab;
   double* rows = nullptr;
@@ -99,7 +102,7 @@ void leave_out_unmeasured(Chart& chart) {
       std::ranges::copy(merged.lab.values(), rows);
     }
     vantor::ColorTypes::meanOfRows(chart.lab, measured, rows + 3 * index);
-    if (merged.repeats.empty()) continue;
+    if (merged.repeats.empty() || merged.patches_of(index).size() > most_compared) continue;
     const auto distances = vantor::ColorTypes::pairwiseDistances(chart.lab, measured);
     merged.repeats[index].de_mean = distances.mean;
     merged.repeats[index].de_max.reset();
@@ -108,7 +111,7 @@ void leave_out_unmeasured(Chart& chart) {
   if (rows != nullptr) merged.lab = lab;
 }
 
-void gather_merged(Chart& chart, void* handle) {
+void gather_merged(Chart& chart, void* handle, Effort effort) {
   MergedPatches& merged = chart.merged;
   merged.count = size_of(num_indices(handle));
   if (merged.count == 0) return;
@@ -129,11 +132,16 @@ void gather_merged(Chart& chart, void* handle) {
     }
   }
   if (!chart.holds.colour || !chart.holds.device) return;
+  const std::size_t most_compared =
+      effort == Effort::all ? std::numeric_limits<std::size_t>::max() : kMostCompared;
   merged.repeats.reserve(merged.count);
   for (std::size_t index = 0; index < merged.count; ++index) {
-    merged.repeats.push_back(repeats_at(handle, index));
+    const std::size_t count = merged.patches_of(index).size();
+    merged.repeats.push_back(count > most_compared
+                                 ? Repeats{static_cast<int>(count), kNotMeasured, std::nullopt}
+                                 : repeats_at(handle, index));
   }
-  if (!merged.lab.empty()) leave_out_unmeasured(chart);
+  if (!merged.lab.empty()) leave_out_unmeasured(chart, most_compared);
 }
 
 void gather_holdings(Holdings& holds, void* handle) {
@@ -150,7 +158,7 @@ void gather_holdings(Holdings& holds, void* handle) {
 
 }  // namespace
 
-void gather_patches(Chart& chart, void* handle) {
+void gather_patches(Chart& chart, void* handle, Effort effort) {
   gather_holdings(chart.holds, handle);
   const Holdings& holds = chart.holds;
   const std::size_t count = chart.patch_count = size_of(num_patches(handle));
@@ -168,7 +176,7 @@ void gather_patches(Chart& chart, void* handle) {
     chart.wavelengths.push_back(spectral_start(handle) +
                                 static_cast<double>(band) * spectral_step(handle));
   }
-  gather_merged(chart, handle);
+  gather_merged(chart, handle, effort);
 }
 
 }  // namespace measkit

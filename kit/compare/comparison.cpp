@@ -121,9 +121,12 @@ std::vector<std::uint32_t> Comparison::worst(std::size_t most) const {
   const auto count = static_cast<std::ptrdiff_t>(std::min(most, positions.size()));
   std::partial_sort(positions.begin(), positions.begin() + count, positions.end(),
                     [this](std::uint32_t a, std::uint32_t b) {
-                      const double first = colours[a].of(options.formula);
-                      const double second = colours[b].of(options.formula);
-                      return first != second ? first > second : a < b;
+                      // Huge Lab have no difference: they come last.
+                      const auto rank = [this](std::uint32_t position) {
+                        const double difference = colours[position].of(options.formula);
+                        return std::isnan(difference) ? -1.0 : difference;
+                      };
+                      return rank(a) != rank(b) ? rank(a) > rank(b) : a < b;
                     });
   positions.resize(static_cast<std::size_t>(count));
   return positions;

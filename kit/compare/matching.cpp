@@ -108,8 +108,8 @@ Matching matched_by(MatchBy by, const Chart& reference, const Chart& sample) {
 }
 
 std::string numbers_of(const Matching& matching) {
-  return std::to_string(matching.pairs.size()) + " of " +
-         std::to_string(matching.reference.size()) + " colours of the reference and of " +
+  return std::to_string(matching.pairs.size()) + " pairs among " +
+         std::to_string(matching.reference.size()) + " colours of the reference and " +
          std::to_string(matching.sample.size()) + " of the sample";
 }
 
@@ -168,7 +168,7 @@ Matching match(const Chart& reference, const Chart& sample, std::optional<MatchB
     if (by != MatchBy::device && !is_unique(matching)) {
       passed_over += " The " + word + " repeat.";
     } else if (!has_enough(matching)) {
-      passed_over += " The " + word + " agree for " + numbers_of(matching) + ".";
+      passed_over += " By " + word + ", there are " + numbers_of(matching) + ".";
     } else {
       matching.sentence =
           "Matched by " + word + ", which both have: " + numbers_of(matching) + "." + passed_over;

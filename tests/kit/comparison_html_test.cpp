@@ -25,8 +25,8 @@ Chart chart_of(std::string_view header, std::string_view fields, std::string_vie
   return chart_of(*file.tables.front(), "<i>chart</i>");
 }
 
-std::string page_of(const Comparison& comparison, std::vector<VerdictLine> verdicts = {}) {
-  const ComparedSample sample = {&comparison, std::move(verdicts)};
+std::string page_of(const Comparison& comparison, std::vector<Verdict> verdicts = {}) {
+  const JudgedComparison sample = {comparison, std::move(verdicts)};
   return comparison_page_of(std::span(&sample, 1));
 }
 
@@ -109,9 +109,9 @@ TEST(ComparisonPage, HasTheRefusalInPlaceOfFigures) {
   EXPECT_EQ(page.find("mean"), std::string::npos);
 
   const Comparison same = compare(reference, reference, {});
-  const std::vector<ComparedSample> samples(9, {&same, {}});
-  std::vector<ComparedSample> mixed = samples;
-  mixed[1].comparison = &refused;
+  const std::vector<JudgedComparison> samples(9, {same, {}});
+  std::vector<JudgedComparison> mixed = samples;
+  mixed[1].comparison = refused;
   EXPECT_EQ(missing_in(comparison_page_of(mixed),
                        {"8 samples", "1 more left out", ">A</span>", "0.00", ">B</span>",
                         "Not comparable", "id=\"overview\"", "not comparable", "id=\"groups\"",

@@ -36,11 +36,11 @@ std::string header_of(SampleViews samples, std::size_t left_out) {
 
 }  // namespace
 
-std::string comparison_page_of(std::span<const ComparedSample> samples) {
+std::string comparison_page_of(std::span<const JudgedComparison> samples) {
   const std::size_t shown = std::min(samples.size(), kMostSamples);
   std::vector<SampleView> views;
   views.reserve(shown);
-  for (const ComparedSample& sample : samples.first(shown)) views.push_back(view_of(sample));
+  for (const JudgedComparison& sample : samples.first(shown)) views.push_back(view_of(sample));
   std::vector<Section> sections;
   if (!views.empty()) {
     sections = {verdict_section(views),      overview_section(views), groups_section(views),
@@ -51,13 +51,6 @@ std::string comparison_page_of(std::span<const ComparedSample> samples) {
   return framed_page(
       {title_of(views), shown, header_of(views, samples.size() - shown), kComparisonStyle},
       sections);
-}
-
-std::string page_of_judged(std::span<const JudgedComparison> samples) {
-  std::vector<ComparedSample> compared;
-  for (const JudgedComparison& judged : samples)
-    compared.push_back({&judged.comparison, judged.verdicts});
-  return comparison_page_of(compared);
 }
 
 }  // namespace measkit::html

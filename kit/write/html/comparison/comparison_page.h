@@ -10,17 +10,9 @@
 
 namespace measkit::html {
 
-using VerdictLine = Verdict;
-
-struct ComparedSample {
-  const Comparison* comparison;
-  std::vector<VerdictLine> verdicts;  ///< empty without tolerances
-};
-
 /// The page. All samples have the same reference and stand side by side, on the same scales. It
 /// shows the first eight.
-std::string comparison_page_of(std::span<const ComparedSample> samples);
-std::string page_of_judged(std::span<const JudgedComparison> samples);
+std::string comparison_page_of(std::span<const JudgedComparison> samples);
 
 }  // namespace measkit::html
 

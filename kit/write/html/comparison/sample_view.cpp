@@ -55,7 +55,7 @@ Symbol symbol_of(Measure measure, const ComparisonOptions& options) {
 }  // namespace
 
 bool SampleView::has_failed() const {
-  return std::ranges::any_of(verdicts, [](const VerdictLine& line) { return !line.passed; });
+  return std::ranges::any_of(verdicts, [](const Verdict& line) { return !line.passed; });
 }
 
 std::span<const std::uint32_t> SampleView::worst_that_differ(std::size_t most) const {
@@ -67,8 +67,8 @@ std::span<const std::uint32_t> SampleView::worst_that_differ(std::size_t most) c
   return {worst.data(), static_cast<std::size_t>(std::to_address(shown) - worst.data())};
 }
 
-SampleView view_of(const ComparedSample& sample) {
-  const Comparison& comparison = *sample.comparison;
+SampleView view_of(const JudgedComparison& sample) {
+  const Comparison& comparison = sample.comparison;
   SampleView view = {
       comparison, sample.verdicts, html_text(comparison.sample->name, kLongValue), {}, {}};
   std::vector<std::pair<double, std::uint32_t>> order;

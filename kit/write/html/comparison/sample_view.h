@@ -18,7 +18,7 @@ namespace measkit::html {
 /// Refers to the comparison, which must outlive it.
 struct SampleView {
   const Comparison& comparison;
-  std::span<const VerdictLine> verdicts;
+  std::span<const Verdict> verdicts;
   std::string name;                  ///< safe to stand in HTML
   std::vector<double> differences;   ///< in the chosen formula, as far as a plot can show them
   std::vector<std::uint32_t> worst;  ///< positions of colours that can be shown, the worst first
@@ -30,7 +30,7 @@ struct SampleView {
 };
 using SampleViews = std::span<const SampleView>;
 
-SampleView view_of(const ComparedSample& sample);
+SampleView view_of(const JudgedComparison& sample);
 
 /// Like section_of() for charts. A refused comparison has nothing to show.
 Section section_of(const SectionHead& head, SampleViews samples,

@@ -19,7 +19,7 @@ std::string sign_of(bool passed) {
 std::string verdict_of(const SampleView& sample) {
   if (sample.verdicts.empty()) return "";
   const auto failed =
-      static_cast<std::size_t>(std::ranges::count(sample.verdicts, false, &VerdictLine::passed));
+      static_cast<std::size_t>(std::ranges::count(sample.verdicts, false, &Verdict::passed));
   const std::string all = grouped(sample.verdicts.size()) +
                           (sample.verdicts.size() == 1 ? " tolerance" : " tolerances");
   const bool passed = failed == 0;
@@ -34,7 +34,7 @@ std::string tolerances_of(const SampleView& sample) {
   if (sample.verdicts.empty()) return "";
   const std::vector<std::string> titles = {"Value", "Limit", "Verdict"};
   std::string html = number_table_head({"Tolerances", "Figure"}, titles);
-  for (const VerdictLine& line : sample.verdicts) {
+  for (const Verdict& line : sample.verdicts) {
     const std::vector<std::string> cells = {
         line.value ? number_or_dash(*line.value, 2) : "not there", shortest(line.limit),
         "<span class=\"" + std::string(line.passed ? "passed" : "failed") + "\">" +
