@@ -398,10 +398,10 @@ TEST(Percent, BecomeFactorsDigitForDigit) {
 // The first rows look like percent, but the header says that they are not.
 TEST(Percent, AreNoGuess) {
   const std::string text =
-      file_of("SPECTRAL_NORM \"1\"\n", "nm400 nm550 nm700", "93 50 20\n40 5 100\n");
+      file_of("SPECTRAL_NORM \"1\"\n", "nm400 nm550 nm700", "93 50 20\n.4 .5 .1\n.2 .1 .1\n");
   const Preflighted file = measkit::preflight(text, nullptr);
   EXPECT_EQ(file.tables.at(0)->text, text);
-  EXPECT_EQ(get_spectrum_from_patch(file.tables.at(0)->loaded.handle(), 1)[0], 40.0);
+  EXPECT_EQ(get_spectrum_from_patch(file.tables.at(0)->loaded.handle(), 0)[0], 93.0);
 }
 
 }  // namespace

@@ -96,7 +96,7 @@ class Asker {
   template <typename Answer>
   void ask(const char* name, Answer (*function)(void*, int, int)) {
     const int channels = library_.num_device_channels(handle_);
-    for (int channel = -1; channel <= channels; ++channel) {
+    for (int channel = -1; channel <= std::max(channels, 1); ++channel) {
       if (first_ == kSomePositions && channel > 1 && channel < channels - 1) continue;
       positions_.for_each([&](int i) { write(name, {channel, i}, function(handle_, channel, i)); });
     }

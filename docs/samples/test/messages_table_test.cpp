@@ -59,7 +59,7 @@ std::string stored_literal(const std::string& statement) {
 }
 
 void add_stored(const std::string& source, std::set<std::string>& patterns) {
-  for (const char* begin : {"messages +", "const char* k", "return"}) {
+  for (const char* begin : {"messages +", "const char* k", "return", "is_out_of_memory ?"}) {
     for (const std::string& statement : all_between(source, begin, ";")) {
       const std::string pattern = join(stored_literal(statement));
       if (pattern.size() >= 9) patterns.insert(pattern);
@@ -74,8 +74,11 @@ std::set<std::string> patterns_of_sources() {
   for (const char* folder : {"measdata", "dataset"}) {
     for (const auto& entry : std::filesystem::directory_iterator(root / folder)) {
       const std::string source = text_of(entry.path());
-      for (const char* logged : {"error({", "warning({", "note({", "grave({", "fail({"}) {
-        for (const auto& pieces : all_between(source, logged, "})")) patterns.insert(join(pieces));
+      for (const char* logged : {"error(\"", "warning(\"", "note(\"", "grave(\"", "fail(\""}) {
+        for (std::string format : all_between(source, logged, "\\n")) {
+          std::ranges::replace(format, '%', kAnyText);
+          patterns.insert(std::move(format));
+        }
       }
       add_stored(source, patterns);
     }
