@@ -2,6 +2,7 @@
 #include "bench/charts.h"
 #include "bench/peak_memory.h"
 #include "bench/report.h"
+#include "kit/preflight/preflight.h"
 #include "measdata.h"
 
 #include <algorithm>
@@ -248,15 +249,38 @@ void load_and_ask(const std::string& text, int mode, Statistics statistics = Sta
   cleanup_parser(&handle);
 }
 
+using Work = std::function<void(const std::string& text, int mode)>;
+
 // Processor time, the least of three runs.
-double milliseconds(const std::string& text, int mode, Statistics statistics = Statistics::leave) {
+double milliseconds(const std::string& text, int mode, const Work& work) {
   double best = 1e9;
   for (int round = 0; round < 3; ++round) {
     const std::clock_t start = std::clock();
-    load_and_ask(text, mode, statistics);
+    work(text, mode);
     best = std::min(best, static_cast<double>(std::clock() - start) * 1e3 / CLOCKS_PER_SEC);
   }
   return best;
+}
+
+// A line for each kind whose name contains `wanted`.
+void print_kinds(const char* title, const std::string& wanted, const Work& work) {
+  std::vector<std::vector<std::string>> table = {
+      {title, "1 MB", "4 MB", "16 MB", "16 MB / 4 MB", "peak memory, bytes per byte"}};
+  for (const Kind& kind : kinds()) {
+    if (std::string(kind.name).find(wanted) == std::string::npos) continue;
+    const double size = static_cast<double>(kMegabytes.back() * kMegabyte);
+    // First of all: a child begins with what this process holds.
+    const double peak =
+        bench::peak_bytes([&] { work(kind.make(kMegabytes.back() * kMegabyte), kind.mode); });
+    std::array<double, kMegabytes.size()> times{};
+    for (std::size_t i = 0; i < times.size(); ++i) {
+      times[i] = milliseconds(kind.make(kMegabytes[i] * kMegabyte), kind.mode, work);
+    }
+    table.push_back({kind.name, format("%.1f ms", times[0]), format("%.1f ms", times[1]),
+                     format("%.1f ms", times[2]), format("%.1f", times[2] / times[1]),
+                     format("%.1f", peak / size)});
+  }
+  bench::print_table(table);
 }
 
 // Keywords stay from load to load, so later loads find more of them.
@@ -281,29 +305,19 @@ void print_loads_of_one_handle() {
 // All kinds, or those whose names contain the argument.
 int main(int argc, char** argv) {
   const std::string wanted = argc > 1 ? argv[1] : "";
-  std::vector<std::vector<std::string>> table = {
-      {"input", "1 MB", "4 MB", "16 MB", "16 MB / 4 MB", "peak memory, bytes per byte"}};
-  for (const Kind& kind : kinds()) {
-    if (std::string(kind.name).find(wanted) == std::string::npos) continue;
-    const double size = static_cast<double>(kMegabytes.back() * kMegabyte);
-    // First of all: a child begins with what this process holds.
-    const double peak = bench::peak_bytes(
-        [&kind] { load_and_ask(kind.make(kMegabytes.back() * kMegabyte), kind.mode); });
-    std::array<double, kMegabytes.size()> times{};
-    for (std::size_t i = 0; i < times.size(); ++i) {
-      times[i] = milliseconds(kind.make(kMegabytes[i] * kMegabyte), kind.mode);
-    }
-    table.push_back({kind.name, format("%.1f ms", times[0]), format("%.1f ms", times[1]),
-                     format("%.1f ms", times[2]), format("%.1f", times[2] / times[1]),
-                     format("%.1f", peak / size)});
-  }
-  bench::print_table(table);
-
+  const Work load = [](const std::string& text, int mode) { load_and_ask(text, mode); };
+  print_kinds("load", wanted, load);
+  std::printf("\n");
+  print_kinds("preflight and load", wanted,
+              [](const std::string& text, int) { measkit::preflight(text, "bench"); });
   if (!wanted.empty()) return 0;
   // The statistics compare all pairs: the one question whose time grows with the square.
   constexpr double kPairs = 0.5 * kRepeats * (kRepeats - 1);
   const std::string repeats = bench::single_patch_chart(kRepeats);
-  const double time = milliseconds(repeats, 0, Statistics::ask) - milliseconds(repeats, 0);
+  const Work ask = [](const std::string& text, int mode) {
+    load_and_ask(text, mode, Statistics::ask);
+  };
+  const double time = milliseconds(repeats, 0, ask) - milliseconds(repeats, 0, load);
   std::printf("\n%d measurements of one patch: %.0f ms, %.0f million pairs per second.\n", kRepeats,
               time, kPairs / time / 1e3);
   print_loads_of_one_handle();
