@@ -85,7 +85,9 @@ std::int64_t sortKey(double value) {
 struct Step {
   std::int64_t key;
   std::int32_t row;
-  auto operator<=>(const Step&) const = default;
+  bool operator<(const Step& other) const {
+    return key != other.key ? key < other.key : row < other.row;
+  }
 };
 
 }  // namespace
@@ -131,7 +133,7 @@ std::vector<std::int32_t> collectWedge(const ValueTable& device_values,
     if (isInWedge(values, channel, zeros)) steps.push_back({sortKey(values[channel]), row});
   }
   // Many rows without a value belong to the wedges of all channels, and mostly stand in order.
-  if (!std::ranges::is_sorted(steps)) std::ranges::sort(steps);
+  if (!std::is_sorted(steps.begin(), steps.end())) std::sort(steps.begin(), steps.end());
   std::vector<std::int32_t> wedge(steps.size());
   std::ranges::transform(steps, wedge.begin(), &Step::row);
   return wedge;

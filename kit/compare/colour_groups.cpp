@@ -46,9 +46,7 @@ bool DeviceSpace::is_paper(std::span<const double> device) const {
   return count_not_zero(device) == 0;
 }
 
-bool DeviceSpace::is_wedge(std::span<const double> device) const {
-  return count_not_zero(device) == 1;
-}
+bool DeviceSpace::is_wedge(std::span<const double> device) { return count_not_zero(device) == 1; }
 
 bool DeviceSpace::is_solid(std::span<const double> device) const {
   return is_wedge(device) && is_full(*std::ranges::max_element(device));

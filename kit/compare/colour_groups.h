@@ -28,7 +28,7 @@ class DeviceSpace {
   /// Inks: no ink. RGB: all channels at full.
   bool is_paper(std::span<const double> device) const;
   /// One channel alone is not 0.
-  bool is_wedge(std::span<const double> device) const;
+  static bool is_wedge(std::span<const double> device);
   /// One channel alone, at full: an ink or a primary.
   bool is_solid(std::span<const double> device) const;
   /// Two or more channels at full, the others at 0: inks over each other or a secondary.

@@ -170,8 +170,8 @@ Matching match(const Chart& reference, const Chart& sample, std::optional<MatchB
     } else if (!has_enough(matching)) {
       passed_over += " By " + word + ", there are " + numbers_of(matching) + ".";
     } else {
-      matching.sentence =
-          "Matched by " + word + ", which both have: " + numbers_of(matching) + "." + passed_over;
+      matching.sentence = "Matched by " + word + ", which both have: ";
+      matching.sentence.append(numbers_of(matching)).append(".").append(passed_over);
       return matching;
     }
   }

@@ -43,7 +43,7 @@ Tolerances read_tolerances(std::string_view text) {
   }
   for (const auto& [name, limit] : json.items()) {
     if (!path_of(name)) {
-      tolerances.error = "\"" + name + "\" is no figure; figures look like \"all.de00.p95\"";
+      tolerances.error = '"' + name + R"(" is no figure; figures look like "all.de00.p95")";
     } else if (!limit.is_number() || !(limit.get<double>() >= 0.0)) {
       tolerances.error = "the limit of \"" + name + "\" is not a number from 0";
     }

@@ -77,7 +77,7 @@ std::vector<WedgeTones> wedge_tones(const Matching& matching, const AveragedSide
     if (!is_measured(reference.lab(first)) || !is_measured(sample.lab(second))) continue;
     const auto device = chart.device.row(side->first_patch(side == &reference ? first : second));
     if (space.is_paper(device) && !paper) paper = pair;
-    if (!space.is_wedge(device)) continue;
+    if (!DeviceSpace::is_wedge(device)) continue;
     const auto channel = std::ranges::find_if(device, [](double value) { return value != 0.0; });
     wedges[static_cast<std::size_t>(channel - device.begin())].push_back({*channel, pair});
     if (space.is_solid(device)) full = *channel;

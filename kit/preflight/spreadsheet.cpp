@@ -362,10 +362,10 @@ std::string_view with_cells_on_one_line(std::string_view text, std::string& stor
     if (cell.find_first_of(kLineBreaks) == std::string_view::npos) continue;
     ++count;
     made.append(text, copied, static_cast<std::size_t>(cell.data() - text.data()) - copied);
-    for (std::size_t i = 0; i < cell.size(); ++i) {
-      const bool is_break = kLineBreaks.find(cell[i]) != std::string_view::npos;
-      made += is_break ? ' ' : cell[i];
-      if (is_break) breaks += cell[i];
+    for (const char c : cell) {
+      const bool is_break = kLineBreaks.find(c) != std::string_view::npos;
+      made += is_break ? ' ' : c;
+      if (is_break) breaks += c;
     }
     copied = end;
     const std::size_t row_end = std::min(text.find_first_of(kLineBreaks, end), text.size());

@@ -35,7 +35,8 @@ class CsvLine {
 };
 
 std::string_view text_at(const Texts& texts, std::size_t patch) {
-  return texts.empty() ? std::string_view() : std::string_view(texts[patch]);
+  if (texts.empty()) return {};
+  return texts[patch];
 }
 
 void add_header(const Comparison& comparison, std::string& out) {

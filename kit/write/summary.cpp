@@ -54,7 +54,7 @@ std::string wavelengths_text(std::string_view name, const std::vector<double>& w
   text += " " + formatted("%g", wavelengths.front()) + " to " +
           formatted("%g", wavelengths.back()) + " nm";
   if (wavelengths.size() > 1) {
-    const double steps = static_cast<double>(wavelengths.size() - 1);
+    const auto steps = static_cast<double>(wavelengths.size() - 1);
     text += " by " + formatted("%.4g", (wavelengths.back() - wavelengths.front()) / steps) + " nm";
   }
   return text;
