@@ -76,7 +76,17 @@ std::vector<std::string_view> Table::field_names() const {
   return names;
 }
 
-Roles Table::roles() const { return roles_of(field_names()); }
+const Roles& Table::roles() const {
+  const auto is_known = [this] {
+    return std::ranges::equal(fields, names_of_roles_, {}, &Field::name);
+  };
+  if (!is_known() || fields.empty()) {
+    roles_ = roles_of(field_names());
+    names_of_roles_.clear();
+    for (const Field& field : fields) names_of_roles_.push_back(field.name);
+  }
+  return roles_;
+}
 
 void Table::rename(int field, std::string name) {
   fields[static_cast<std::size_t>(field)].name = std::move(name);

@@ -90,8 +90,8 @@ class Table {
   std::string_view cell(std::size_t row, int field);
   /// The numbers of a field, one a row.
   std::vector<double> numbers(int field);
-  /// The roles of the fields as they are now.
-  Roles roles() const;
+  /// The roles of the fields as they are now. Valid until the next call.
+  const Roles& roles() const;
   std::vector<std::string_view> field_names() const;
 
   // Changes. Each makes the table differ from the file's text.
@@ -121,6 +121,9 @@ class Table {
   int loaded_shift_ = 0;
   LoadedText loaded_;
   Roles loaded_roles_;
+  // What roles() answered last, and the names that it answered for.
+  mutable Roles roles_;
+  mutable std::vector<std::string> names_of_roles_;
 };
 
 /// The spectra of a table, row by row, from wherever they are at hand.
