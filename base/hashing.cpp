@@ -1,5 +1,6 @@
 #include "base/hashing.h"
 
+#include <atomic>
 #include <chrono>
 #include <exception>
 #include <random>
@@ -7,9 +8,8 @@
 namespace vantor::Base {
 namespace {
 
-// Random bits of this process, drawn once. A system without a source of them leaves the place and
-// the time of each table.
-std::uint64_t random_bits() {
+// A system without a source of random bits leaves the place and the time of each table.
+std::uint64_t draw_random_bits() {
   try {
     std::random_device device;
     const std::uint64_t high = device();
@@ -19,10 +19,21 @@ std::uint64_t random_bits() {
   }
 }
 
+// Random bits of this process. Threads that come first at once may draw several times; the last
+// ones stay. No initialisation runs, so that the library can be loaded again in its old place.
+std::uint64_t random_bits() {
+  static constinit std::atomic<std::uint64_t> known{0};
+  std::uint64_t bits = known.load(std::memory_order_relaxed);
+  if (bits != 0) return bits;
+  bits = draw_random_bits();
+  known.store(bits, std::memory_order_relaxed);
+  return bits;
+}
+
 }  // namespace
 
 std::uint64_t hash_seed() {
-  static const std::uint64_t bits = random_bits();
+  const std::uint64_t bits = random_bits();
   const auto time = std::chrono::steady_clock::now().time_since_epoch().count();
   return mix(static_cast<std::uint64_t>(time) ^
              mix(bits ^ reinterpret_cast<std::uintptr_t>(&time)));
