@@ -271,11 +271,11 @@ bool use_scale_of_hundred(Table& table) {
 
 void recognise_display(Table& table) {
   constexpr double kLightestPaper = 120.0;  // Y, with fluorescence
+  const bool is_without_class = table.content == Content::measurement &&
+                                table.find("DEVICE_CLASS") == nullptr && !is_display(table);
+  if (!is_without_class) return;
   const Roles roles = table.roles();
-  const bool may_be_display = table.content == Content::measurement && roles.device_set == "RGB" &&
-                              roles.has_xyz() && !roles.has_lab() &&
-                              table.find("DEVICE_CLASS") == nullptr && !is_display(table);
-  if (!may_be_display) return;
+  if (roles.device_set != "RGB" || !roles.has_xyz() || roles.has_lab()) return;
   const std::vector<double> y = table.numbers(roles.xyz[1]);
   const double largest = largest_of(y);
   const bool is_light = largest > kLightestPaper && !std::isinf(largest);

@@ -117,12 +117,10 @@ class LooseNames {
 void use_loose_names(Table& table) {
   const bool is_chart =
       table.content == Content::measurement || table.content == Content::emission_spectra;
+  if (!is_chart || table.fields.size() > kMostColumns) return;
   const Roles roles = table.roles();
   const bool is_named = roles.unused.empty() && (!roles.has_spectra() || has_wavelengths(roles));
-  if (!is_chart || is_named || !Wanted(table, roles).anything() ||
-      table.fields.size() > kMostColumns) {
-    return;
-  }
+  if (is_named || !Wanted(table, roles).anything()) return;
   const SheetCells names = names_of(table);
   const std::vector<Column> columns = columns_named(names);
   if (!columns.empty()) LooseNames(table, columns).use();

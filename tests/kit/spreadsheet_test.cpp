@@ -72,6 +72,10 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"R\tG\tB\tL\ta\tb\tgloss 60\n255\t0\t0\t54\t81\t70\t3\n",
              "RGB_R RGB_G RGB_B LAB_L LAB_A LAB_B gloss_60|255 0 0 54 81 70 3",
              "spreadsheet field-names"},
+        // Blanks cut names, too.
+        Case{"Name L a b\ngrey 50 1 2\ndark grey 1 40 3 4\n",
+             "SAMPLE_NAME LAB_L LAB_A LAB_B|grey 50 1 2|\"dark grey 1\" 40 3 4",
+             "spreadsheet field-names"},
         Case{"b,a,no,L\n1,2,x,3\n", "LAB_B LAB_A SAMPLE_ID LAB_L|1 2 x 3",
              "spreadsheet field-names"},
         // The last line with a percent sign names the columns, as in mode 1 of the library.
@@ -165,6 +169,7 @@ TEST(Sheets, WithoutMeaningAreRefusedInASentence) {
       {"380 1\n400 1\n430 1\n500 1\n510 1\n600 1\n640 1\n700 1\n", "names-missing", "8 lines"},
       {"0.4 1\n0.5 2\n0.6 3\n", "names-missing", "micrometres"},
       {"wl,x,y,z\n400,1,2,3\n410,1,2,3\n420,1,2,3\n", "no-table", "matching functions"},
+      {"wl,R,G,B\n400,1,2,3\n410,1,2,3\n420,1,2,3\n", "no-table", "sensitivities"},
       {"nm,a\n900,1\n910,1\n920,1\n", "no-table", "nothing is seen"},
       {"nm,a\n400,1\n410,1\n420,1\n400,2\n", "no-table", "start again"},
       {"name,nm,R\na,400,1\na,410,1\nb,400,1\n", "names-missing", "One column a sample"},
