@@ -81,6 +81,11 @@ std::string named(const Measurement& measurement) {
          measurement.chart->name;
 }
 
+struct Colour {
+  std::uint32_t patch;  // the first of it in the first chart
+  Measurements measurements;
+};
+
 class Averager {
  public:
   Averager(std::span<const Chart* const> charts, const AverageOptions& options)
@@ -113,17 +118,23 @@ class Averager {
         result.refusal = charts_[i]->name + " takes another way to match: " + matching.sentence;
         return;
       }
-      colours_.resize(matching.reference.size());
+      if (i == 0) name_colours(matching.reference);
       for (const auto& [group, other] : matching.pairs) {
         for (const std::uint32_t patch : matching.sample.patches_of(other)) {
           const Measurement one = {charts_[i], patch};
-          if (is_measured(one)) colours_[group].push_back(one);
+          if (is_measured(one)) colours_[group].measurements.push_back(one);
         }
       }
       tell_left_out(matching, *charts_[i]);
     }
-    std::erase_if(colours_, [](const Measurements& colour) { return colour.empty(); });
+    std::erase_if(colours_, [](const Colour& colour) { return colour.measurements.empty(); });
     if (colours_.empty()) result.refusal = "No colour was measured.";
+  }
+
+  void name_colours(const PatchGroups& groups) {
+    for (std::size_t group = 0; group < groups.size(); ++group) {
+      colours_.push_back({groups.patches_of(group).front(), {}});
+    }
   }
 
   void tell_left_out(const Matching& matching, const Chart& chart) {
@@ -145,9 +156,7 @@ class Averager {
     double* spectrum = has_spectra_ ? chart.spectra.reset(bands, colours_.size()) : nullptr;
     double* device = nullptr;
     if (!first.device.empty()) device = chart.device.reset(first.device.width(), colours_.size());
-    for (Measurements& colour : colours_) {
-      // The first measurement names the colour, be it an outlier or not.
-      const Measurement name = colour.front();
+    for (auto& [patch, colour] : colours_) {
       tell_outliers(colour);
       average_into(colour, &Chart::lab, options_.averaging, 3, lab);
       lab += 3;
@@ -155,9 +164,9 @@ class Averager {
         average_into(colour, &Chart::spectra, options_.averaging, bands, spectrum);
         spectrum += bands;
       }
-      if (device != nullptr)
-        device = std::ranges::copy(name.chart->device.row(name.patch), device).out;
-      add_texts(chart, name);
+      // The first chart names the colour, even where it did not measure it.
+      if (device != nullptr) device = std::ranges::copy(first.device.row(patch), device).out;
+      add_texts(chart, first, patch);
     }
   }
 
@@ -171,7 +180,9 @@ class Averager {
       findings_.add(is_out ? Severity::repaired : Severity::doubtful, "outlier",
                     named(outlier) + " differs from the other measurements by " +
                         rounded(distance) + " Delta E*ab: " + (is_out ? "left out." : "kept."));
-      if (!is_out) colour.push_back(outlier);
+    }
+    if (!options_.leaves_out_outliers) {
+      colour.insert(colour.end(), outliers.begin(), outliers.end());
     }
   }
 
@@ -195,18 +206,17 @@ class Averager {
     }
   }
 
-  static void add_texts(Chart& chart, const Measurement& name) {
-    const Chart& from = *name.chart;
-    if (!from.ids.empty()) chart.ids.push_back(from.ids[name.patch]);
-    if (!from.names.empty()) chart.names.push_back(from.names[name.patch]);
-    if (!from.locations.empty()) chart.locations.push_back(from.locations[name.patch]);
+  static void add_texts(Chart& chart, const Chart& from, std::uint32_t patch) {
+    if (!from.ids.empty()) chart.ids.push_back(from.ids[patch]);
+    if (!from.names.empty()) chart.names.push_back(from.names[patch]);
+    if (!from.locations.empty()) chart.locations.push_back(from.locations[patch]);
   }
 
   std::span<const Chart* const> charts_;
   const AverageOptions& options_;
   bool has_spectra_;
   MatchBy by_ = MatchBy::order;
-  std::vector<Measurements> colours_;  // by group of the first chart
+  std::vector<Colour> colours_;  // by group of the first chart
   Findings findings_;
 };
 

@@ -329,6 +329,15 @@ TEST(Average, OfThreeChartsLeavesOutliersWhereTheyAre) {
   EXPECT_EQ(chart.device_set, "CMYK");
   EXPECT_EQ(chart.lab.row(1)[0], dropped.chart.lab.row(1)[0]);
   EXPECT_EQ(codes_of(chart.findings), "");
+  // The first chart names a colour that only the other one, without ids and inks, measured.
+  const Opened unmeasured = opened("7 0 0 0 0 nan 0 0\n");
+  const Opened bare = opened("LAB_L LAB_A LAB_B", "95 0 0\n");
+  const std::vector<const Chart*> pair = {&unmeasured.chart, &bare.chart};
+  AverageOptions by_order;
+  by_order.match = MatchBy::order;
+  const AveragedChart named = average_charts(pair, by_order);
+  EXPECT_EQ(named.chart.ids, (Texts{"7"}));
+  EXPECT_EQ(named.chart.lab.row(0)[0], 95);
   const Opened other = opened("7 0 0 0 10 95 0 0\n");
   charts.push_back(&other.chart);
   EXPECT_NE(average_charts(charts, options).refusal, "");
