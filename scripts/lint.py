@@ -22,8 +22,9 @@ import sys
 import tempfile
 
 BUILD = pathlib.Path("build/release")
+LINT = pathlib.Path("build/lint")
 BATCH = 12  # sources in one text
-PASSED = pathlib.Path("build/lint/passed.json")
+PASSED = LINT / "passed.json"
 # The tests are held to the compilers' warnings alone, and tables are numbers.
 NOT_TIDIED = re.compile(r"^(tests|bench|docs/samples/test)/|/tables/")
 
@@ -47,7 +48,12 @@ def version(tool):
 
 @functools.cache
 def compile_commands():
+    """By source, without precompiled headers: each compiler reads only its own, and a source must not
+    need them."""
     entries = json.loads((BUILD / "compile_commands.json").read_text())
+    for entry in entries:
+        entry["command"] = re.sub(r" -Winvalid-pch| -include \S+/cmake_pch\.hxx", "", entry["command"])
+    (LINT / "compile_commands.json").write_text(json.dumps(entries))
     return {os.path.relpath(entry["file"]): entry for entry in entries}
 
 
@@ -103,7 +109,7 @@ class Tidy:
     @staticmethod
     def output(sources):
         if len(sources) == 1:
-            return output_of(["clang-tidy", "--quiet", "-p", str(BUILD), *TIDY_OPTIONS, *sources])
+            return output_of(["clang-tidy", "--quiet", "-p", str(LINT), *TIDY_OPTIONS, *sources])
         with tempfile.NamedTemporaryFile("w", dir=PASSED.parent, suffix=".cpp") as text:
             text.write(joined(sources))
             text.flush()

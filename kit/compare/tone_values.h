@@ -2,30 +2,15 @@
 #ifndef MEASDATA_KIT_COMPARE_TONE_VALUES_H
 #define MEASDATA_KIT_COMPARE_TONE_VALUES_H
 
+#include "kit/colour/tone_value.h"
 #include "kit/compare/averaged_side.h"
 #include "kit/compare/matching.h"
 
-#include <array>
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <vector>
 
 namespace measkit {
-
-/// Percent. Not a number where paper and solid do not differ.
-struct ToneValue {
-  std::optional<double> value;  ///< by reflectance in X, Y or Z; none for spot colours
-  double spot;                  ///< spot colour tone value of ISO 20654
-};
-
-/// 100 (P - T) / (P - S) of paper, tint and solid in one of X, Y and Z.
-double tone_value(double paper, double tint, double solid);
-
-/// ISO 20654: the distance of tint and paper over that of solid and paper, both in V = 116 f(t /
-/// tn)
-/// - 16 for X, Y and Z, as percent.
-double spot_colour_tone_value(const Lab& paper, const Lab& tint, const Lab& solid);
 
 struct WedgeStepTones {
   double nominal;    ///< percent

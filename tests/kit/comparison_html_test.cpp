@@ -1,6 +1,5 @@
 // What a page of comparisons must say, and in which order; how it looks is for eyes.
 #include "kit/preflight/preflight.h"
-#include "kit/write/html/comparison/chart_layout.h"
 #include "kit/write/html/comparison/comparison_page.h"
 
 #include <gtest/gtest.h>
@@ -166,37 +165,6 @@ TEST(ComparisonPage, IsThinnedAndSaysSo) {
                               "The 2,000 largest differences of 20,001."}),
             "");
   EXPECT_LT(page.size(), 2'000'000U);
-}
-
-TEST(ChartLayout, FollowsPlacesLikeA1WithTheLongerSideAcross) {
-  constexpr std::uint32_t kNone = ChartLayout::kNoPatch;
-  const struct {
-    Texts locations;
-    std::size_t columns;
-    std::vector<std::uint32_t> patches;
-    std::string_view placed_by;
-  } cases[] = {
-      {{"A1", "A2", "b1", "B2", "AA1", "AA2"}, 3, {0, 2, 4, 1, 3, 5}, "locations"},
-      {{"A10", "A2", "A3", "B3"}, 3, {1, 2, 0, kNone, 3, kNone}, "locations"},
-      {{"A1", "A1", "B1"}, 3, {0, 1, 2}, ""},           // twice
-      {{"A1", "B2", "C3", "D4"}, 3, {0, 1, 2, 3}, ""},  // mostly empty
-      {{"A1", "B1", ""}, 3, {0, 1, 2}, ""},
-      {{"A1", "ABC1", "B99999"}, 3, {0, 1, 2}, ""},
-  };
-  for (const auto& c : cases) {
-    Chart chart;
-    chart.locations = c.locations;
-    chart.patch_count = c.locations.size();
-    const ChartLayout layout = layout_of(chart);
-    EXPECT_EQ(layout.columns, c.columns) << c.locations[1];
-    EXPECT_EQ(layout.patches, c.patches) << c.locations[1];
-    EXPECT_EQ(layout.placed_by, c.placed_by) << c.locations[1];
-  }
-  Chart chart;
-  chart.patch_count = 2;
-  chart.locations = {"1", "2"};
-  chart.ids = {"A1", "B1"};
-  EXPECT_EQ(layout_of(chart).placed_by, "ids");
 }
 
 }  // namespace

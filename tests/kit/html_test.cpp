@@ -1,7 +1,9 @@
 // The parts of a page that can be right or wrong; how it looks is for eyes.
 #include "kit/write/html/axis.h"
+#include "kit/write/html/chart_layout.h"
 #include "kit/write/html/histogram.h"
 #include "kit/write/html/html_text.h"
+#include "kit/write/html/line_thinning.h"
 #include "kit/write/html/numbers.h"
 #include "kit/write/html/page.h"
 #include "kit/write/html/svg_path.h"
@@ -93,6 +95,16 @@ TEST(SvgPath, StepsInTenthsWithoutDrifting) {
   EXPECT_EQ(path.data(), "m10 5 0 0 .1 0 0 0m-10.1-.5");
 }
 
+TEST(ThinnedLine, KeepsCornersAndStaysWithinTheTolerance) {
+  const std::vector<Point> line = {{0, 0}, {1, 0.1}, {2, -0.1}, {3, 5}, {4, 10}, {5, 15}, {6, 15}};
+  std::vector<double> kept;
+  for (const Point& point : thinned_line(line, 0.2)) kept.push_back(point.x);
+  EXPECT_EQ(kept, (std::vector<double>{0, 2, 5, 6}));
+  const std::vector<Point> drift = {{0, 0}, {1, 0.15}, {2, 0.4}, {3, 0.8}, {4, 1.4}};
+  EXPECT_GT(thinned_line(drift, 0.1).size(), 2U);
+  EXPECT_TRUE(thinned_line({}, 1.0).empty());
+}
+
 std::string page_of(const Chart& chart) { return html_of(std::span(&chart, 1)); }
 
 // Whether the texts stand in the page in this order.
@@ -151,13 +163,14 @@ TEST(Page, SaysWhichConditionsTheFileDoesNotState) {
   chart.conditions.geometry = {"45/0", "INSTRUMENTATION", "Maker X, 45/0", 4};
   chart.instrument_answers = {{"model", "X"}, {"geometry", "0/45"}, {"serial number", {}}};
   const std::string page = page_of(chart);
-  EXPECT_TRUE(
-      holds_in_order(page, {"Lab is the file&#39;s own.", "<dt>M condition</dt><dd>not stated</dd>",
-                            "<dd>D65 <small>WORDS \u201CD65 and 10 degrees\u201D</small></dd>",
-                            "<dd>10\u00B0 <small>WORDS</small></dd>",
-                            "<dt>geometry</dt><dd>45/0 <small>INSTRUMENTATION</small></dd>",
-                            "Maker X, 45/0", "<dt>model</dt><dd>X</dd>"}));
-  for (const char* text : {"0/45", "serial number", "backing"}) {
+  EXPECT_TRUE(holds_in_order(
+      page, {"M condition <strong>unknown", "illuminant <strong>D65", "observer <strong>10\u00B0",
+             "backing <strong>unknown", "<q>Maker X, 45/0</q>", "Lab is the file&#39;s own.",
+             "<dd>D65 <small>WORDS \u201CD65 and 10 degrees\u201D</small></dd>",
+             "<dd>10\u00B0 <small>WORDS</small></dd>",
+             "<dt>geometry</dt><dd>45/0 <small>INSTRUMENTATION</small></dd>",
+             "<dt>model</dt><dd>X</dd>"}));
+  for (const char* text : {"0/45", "serial number", "<dt>backing"}) {
     EXPECT_EQ(page.find(text), std::string::npos) << text;
   }
 }
@@ -166,9 +179,47 @@ TEST(Page, NamesPatchesAndLandmarksOfTheirOwnScale) {
   const std::string page = page_of(display_chart());
   EXPECT_TRUE(holds_in_order(
       page, {"<strong>White</strong><span>L* 100.0", "<strong>Black</strong><span>L* 2.0",
-             "title=\"&lt;1&gt;&#10;R 255 G 255 B 255&#10;L* 100.0",
-             "title=\"#1&#10;R 0 G 0 B 0&#10;L* 2.0"}));
+             "title=\"&lt;1&gt;&#10;R 255 G 255 B 255&#10;Lab 100.0",
+             "title=\"#1&#10;R 0 G 0 B 0&#10;Lab 2.0"}));
   EXPECT_EQ(page.find("Paper"), std::string::npos);
+}
+
+TEST(ChartLayout, FollowsPlacesWithTheLongerSideAcrossElseRowLengthsElseTheFile) {
+  constexpr std::uint32_t kNone = ChartLayout::kNoPatch;
+  const struct {
+    Texts locations;
+    std::size_t columns;
+    std::vector<std::uint32_t> patches;
+    std::string_view placed_by;
+  } cases[] = {
+      {{"A1", "A2", "b1", "B2", "AA1", "AA2"}, 3, {0, 2, 4, 1, 3, 5}, "locations"},
+      {{"A10", "A2", "A3", "B3"}, 3, {1, 2, 0, kNone, 3, kNone}, "locations"},
+      {{"A1", "A1", "B1"}, 3, {0, 1, 2}, ""},           // twice
+      {{"A1", "B2", "C3", "D4"}, 3, {0, 1, 2, 3}, ""},  // mostly empty
+      {{"A1", "B1", ""}, 3, {0, 1, 2}, ""},
+      {{"A1", "ABC1", "B99999"}, 3, {0, 1, 2}, ""},
+      {{"1a", "2a", "1B", "2B", "1C", "2C"}, 3, {0, 2, 4, 1, 3, 5}, "locations"},
+  };
+  for (const auto& c : cases) {
+    Chart chart;
+    chart.locations = c.locations;
+    chart.patch_count = c.locations.size();
+    const ChartLayout layout = layout_of(chart);
+    EXPECT_EQ(layout.columns, c.columns) << c.locations[1];
+    EXPECT_EQ(layout.patches, c.patches) << c.locations[1];
+    EXPECT_EQ(layout.placed_by, c.placed_by) << c.locations[1];
+  }
+  Chart chart;
+  chart.patch_count = 2;
+  chart.locations = {"1", "2"};
+  chart.ids = {"A1", "B1"};
+  EXPECT_EQ(layout_of(chart).placed_by, "ids");
+  Chart strip;
+  strip.patch_count = 50;
+  for (int i = 1; i <= 50; ++i) strip.ids.push_back("P" + std::to_string(i));
+  EXPECT_EQ(layout_of(strip).placed_by, "");
+  strip.keywords = {{"LGOROWLENGTH", "51"}, {"ROW_LENGTH", "0"}, {"STEPS_IN_PASS", "25"}};
+  EXPECT_EQ(layout_of(strip).columns, 25U);
 }
 
 TEST(Page, IsThinnedForFilesOfAnySize) {
@@ -184,7 +235,7 @@ TEST(Page, IsThinnedForFilesOfAnySize) {
   chart.messages.assign(21, "message");
   EXPECT_TRUE(holds_in_order(
       page_of(chart), {"and 1 more", "column and 1 more", "The first 10,000 of 10,001 patches",
-                       "501 keywords", "and 1 more"}));
+                       "The first 2,000 of 10,001 patches", "501 keywords", "and 1 more"}));
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 namespace measkit::html {
 
 struct ColourAxes {
-  Axis opponent;  ///< a* and b*, as far to either side
+  Axis a, b;  ///< of the same length
   Axis chroma, lightness;
 };
 
@@ -23,7 +23,7 @@ ColourAxes colour_axes_over(std::span<const Triple> colours, double width);
 double dot_radius(std::size_t dots);
 
 /// The axes of the hues that oppose each other, and rings of equal chroma.
-void draw_opponent_lines(Plot& plot, const Axis& axis);
+void draw_opponent_lines(Plot& plot, const ColourAxes& axes);
 
 }  // namespace measkit::html
 

@@ -1,8 +1,10 @@
 #include "kit/write/html/page.h"
 
 #include "kit/write/html/page_frame.h"
+#include "kit/write/html/report_style.h"
 #include "kit/write/html/sections.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace measkit::html {
@@ -29,11 +31,16 @@ std::string title_of(Views charts) {
 }
 
 std::string page_of(Views charts) {
-  const std::vector<Section> sections = {summary_section(charts), patches_section(charts),
-                                         spectra_section(charts), colours_section(charts),
-                                         wedges_section(charts),  repeats_section(charts),
-                                         values_section(charts),  keywords_section(charts)};
-  return framed_page({title_of(charts), charts.size(), header_of(charts), ""}, sections);
+  const std::vector<Section> sections = {
+      summary_section(charts),     figures_section(charts), tones_section(charts),
+      grey_section(charts),        wedges_section(charts),  colours_section(charts),
+      chart_section(charts),       spectra_section(charts), repeats_section(charts),
+      patch_table_section(charts), values_section(charts),  keywords_section(charts)};
+  std::size_t groups = 0;  // paper, channels, mixtures
+  for (const View& chart : charts) groups = std::max(groups, chart.channels.size() + 2);
+  const std::string style = report_style(groups);
+  return framed_page({title_of(charts), charts.size(), header_of(charts), style, kReportScript},
+                     sections);
 }
 
 }  // namespace

@@ -28,7 +28,9 @@ std::string framed_page(const PageHead& head, std::span<const Section> sections)
       "</style>\n</head>\n<body style=\"--charts:" + std::to_string(head.columns) + "\">\n" +
       head.header + navigation_of(sections) + "</header>\n<main>\n";
   for (const Section& section : sections) html += section.html;
-  return html + "</main>\n<footer>measdata " + parser_version() + "</footer>\n</body>\n</html>\n";
+  html += std::string("</main>\n<footer>measdata ") + parser_version() + "</footer>\n";
+  if (!head.script.empty()) html += "<script>\n" + std::string(head.script) + "</script>\n";
+  return html + "</body>\n</html>\n";
 }
 
 }  // namespace measkit::html

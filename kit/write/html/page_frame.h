@@ -19,6 +19,7 @@ struct PageHead {
   std::size_t columns;     ///< that stand side by side
   std::string header;      ///< HTML
   std::string_view style;  ///< what the page needs beyond kStyle
+  std::string_view script = {};
 };
 
 std::string framed_page(const PageHead& head, std::span<const Section> sections);

@@ -59,14 +59,21 @@ void Plot::draw_frame(const TitledAxis& x_title, const TitledAxis& y_title) {
   draw(text_at(right(), bottom() + 38.0, "x-title", x_title.title) + "\n");
 }
 
-void Plot::draw_dot(double x_value, double y_value, double radius, std::string_view colour,
-                    std::string_view label) {
-  svg_ += "<circle cx=\"" + coordinate(x(x_value)) + "\" cy=\"" + coordinate(y(y_value)) +
-          "\" r=\"" + coordinate(radius) + "\" fill=\"";
-  svg_ += colour;
-  svg_ += "\"><title>";
-  svg_ += label;
-  svg_ += "</title></circle>\n";
+std::string Plot::dot(double x_value, double y_value, std::string_view colour,
+                      std::string_view label) const {
+  std::string html =
+      "<circle cx=\"" + coordinate(x(x_value)) + "\" cy=\"" + coordinate(y(y_value)) + "\" fill=\"";
+  html += colour;
+  if (label.empty()) return html += "\"/>\n";
+  html += "\"><title>";
+  html += label;
+  return html += "</title></circle>\n";
+}
+
+void Plot::draw_dots(double radius, std::string_view dots) {
+  svg_ += "<g class=\"dots\" style=\"--radius:" + coordinate(radius) + "px\">\n";
+  svg_ += dots;
+  svg_ += "</g>\n";
 }
 
 // An inner picture shows nothing beyond its bounds.

@@ -39,9 +39,12 @@ class Plot {
   void draw(std::string_view markup) { svg_ += markup; }
   /// Markup of which only what lies on the ground is shown.
   std::string clipped(std::string_view markup) const;
-  /// A dot that tells a label when pointed at. Colour and label must be safe.
-  void draw_dot(double x_value, double y_value, double radius, std::string_view colour,
-                std::string_view label);
+  /// The markup of a dot that tells a label when pointed at. Colour and label must be safe; no
+  /// label makes it a silent dot.
+  std::string dot(double x_value, double y_value, std::string_view colour,
+                  std::string_view label) const;
+  /// Draws dots, which share their size.
+  void draw_dots(double radius, std::string_view dots);
 
   /// The picture, which is complete then.
   std::string finish() &&;

@@ -54,6 +54,8 @@ std::string repeats_of(const View& chart, Views charts, const HistogramAxes& axe
   if (chart.worst_repeats.front().de_max == 0.0) {
     return "<p>" + count + ", always with the same result.</p>\n";
   }
+  constexpr std::size_t kFewest = 5;  // a histogram of fewer says less than their table
+  if (differences.size() < kFewest) return "<p>" + count + ".</p>\n" + worst_table(chart);
   return "<p>" + count + ". Largest " + kDifference + " between their readings: median " +
          decimal(quantile_of(differences, 0.5), 2) + ", 95th percentile " +
          decimal(quantile_of(differences, 0.95), 2) + ", maximum " +

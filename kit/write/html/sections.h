@@ -8,13 +8,21 @@ namespace measkit::html {
 
 /// What was found in the files, what they are and how they were measured. Never empty.
 Section summary_section(Views charts);
-/// All patches in the order of the chart.
-Section patches_section(Views charts);
-Section spectra_section(Views charts);
+/// Paper, solids, overprints, darkest patch, total ink; white, black and primaries of RGB.
+Section figures_section(Views charts);
+/// Tone value curves of inks.
+Section tones_section(Views charts);
+/// Patches of three inks beside grey.
+Section grey_section(Views charts);
 /// a* over b*, C* over L*.
 Section colours_section(Views charts);
-/// Lightness or chroma of single colorants.
+/// The greys of RGB, and single colorants without a solid.
 Section wedges_section(Views charts);
+/// The chart as it was printed.
+Section chart_section(Views charts);
+/// All values of all patches.
+Section patch_table_section(Views charts);
+Section spectra_section(Views charts);
 /// How well repeated measurements agree.
 Section repeats_section(Views charts);
 /// The device values of each channel.

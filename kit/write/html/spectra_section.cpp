@@ -1,11 +1,19 @@
 #include "kit/write/html/axis.h"
+#include "kit/write/html/html_text.h"
+#include "kit/write/html/ink_groups.h"
+#include "kit/write/html/limits.h"
+#include "kit/write/html/line_thinning.h"
 #include "kit/write/html/numbers.h"
 #include "kit/write/html/plot.h"
+#include "kit/write/html/repeat_bands.h"
 #include "kit/write/html/sections.h"
 #include "kit/write/html/svg_path.h"
 
 #include <algorithm>
+#include <cmath>
+#include <span>
 #include <string>
+#include <vector>
 
 namespace measkit::html {
 namespace {
@@ -77,37 +85,179 @@ const char* density_class(std::size_t spectra) {
   return spectra <= 600 ? "some" : "many";
 }
 
+// The coordinates of many spectra: an even grid of wavelengths counts its bands, and heights are
+// halves of the picture's units. Both are whole numbers, which take the fewest characters.
+class SpectraGrid {
+ public:
+  SpectraGrid(const Plot& plot, std::span<const double> wavelengths)
+      : plot_(plot), wavelengths_(wavelengths) {
+    const double step = wavelengths[1] - wavelengths[0];
+    is_even_ = step > 0.0;
+    for (std::size_t i = 1; i < wavelengths.size(); ++i) {
+      is_even_ = is_even_ && wavelengths[i] - wavelengths[i - 1] == step;
+    }
+    x_unit_ = is_even_ ? plot.x(wavelengths[1]) - plot.x(wavelengths[0]) : 0.5;
+  }
+
+  std::string transform() const {
+    return "translate(" + coordinate(plot_.left()) + " " + coordinate(plot_.top()) + ") scale(" +
+           shortest(x_unit_) + " " + shortest(kYUnit) + ")";
+  }
+
+  std::string path_of(std::span<const double> spectrum, double factor) const {
+    constexpr double kTolerance = 0.4;  // of the picture's units
+    SvgPath path(SvgPath::Steps::whole);
+    std::vector<Point> line;
+    const auto draw = [&] {
+      path.lift();
+      for (const Point& point : thinned_line(line, kTolerance)) {
+        path.add((point.x - plot_.left()) / x_unit_, (point.y - plot_.top()) / kYUnit);
+      }
+      line.clear();
+    };
+    for (std::size_t i = 0; i < std::min(spectrum.size(), wavelengths_.size()); ++i) {
+      if (is_drawable(spectrum[i] * factor)) {
+        line.push_back({plot_.x(wavelengths_[i]), plot_.y(spectrum[i] * factor)});
+      } else {
+        draw();
+      }
+    }
+    draw();
+    return path.data();
+  }
+
+ private:
+  static constexpr double kYUnit = 0.5;
+
+  const Plot& plot_;
+  std::span<const double> wavelengths_;
+  bool is_even_;
+  double x_unit_;
+};
+
+std::string spectrum_of(const SpectraGrid& grid, const PatchView& patch, double factor) {
+  return "<path d=\"" + grid.path_of(patch.spectrum, factor) + "\"" +
+         (patch.colour.empty() ? "" : " color=\"" + patch.colour + "\"") + "><title>" +
+         patch.label + "</title></path>\n";
+}
+
+// Colours like that of the ground, or too few to tell apart without an outline.
+bool needs_outline(const View& chart, std::size_t shown) {
+  constexpr std::size_t kFew = 60;
+  constexpr double kGreyShare = 0.3, kGreyChroma = 15.0, kDark = 40.0, kLight = 90.0;
+  const auto greys =
+      std::ranges::count_if(std::span(chart.patches).first(shown), [](const PatchView& patch) {
+        return patch.lab && std::hypot((*patch.lab)[1], (*patch.lab)[2]) < kGreyChroma &&
+               (*patch.lab)[0] > kDark && (*patch.lab)[0] < kLight;
+      });
+  return shown <= kFew || static_cast<double>(greys) > kGreyShare * static_cast<double>(shown);
+}
+
+// One standard deviation to either side of the mean, where a screen shows it.
+std::string bands_of(const Plot& plot, const View& chart, double factor) {
+  constexpr std::size_t kMostBands = 40;
+  constexpr double kLeastHeight = 1.0;  // of the picture's units
+  std::string html;
+  for (const RepeatBand& band : repeat_bands(chart, kMostBands)) {
+    const double widest = *std::ranges::max_element(band.deviation) * factor;
+    if (plot.y(0.0) - plot.y(2.0 * widest) < kLeastHeight) break;
+    SvgPath outline;
+    const std::size_t bands = std::min(band.mean.size(), chart.wavelengths.size());
+    for (std::size_t i = 0; i < bands; ++i) {
+      outline.add(plot.x(chart.wavelengths[i]),
+                  plot.y((band.mean[i] + band.deviation[i]) * factor));
+    }
+    for (std::size_t i = bands; i-- > 0;) {
+      outline.add(plot.x(chart.wavelengths[i]),
+                  plot.y((band.mean[i] - band.deviation[i]) * factor));
+    }
+    html += "<path d=\"" + outline.data() + "z\"><title>" +
+            html_text(label_of(*chart.chart, band.index), kLongName) + ": " +
+            grouped(band.readings) + " readings, mean and standard deviation</title></path>\n";
+  }
+  return html.empty() ? "" : "<g class=\"bands\">\n" + plot.clipped(html) + "</g>\n";
+}
+
+std::string selection_of(const std::vector<InkGroup>& groups, const std::string& name) {
+  if (groups.size() < 2) return "";
+  std::string html = "<fieldset class=\"selection\">\n<legend>Show</legend>\n";
+  const auto add = [&](std::size_t number, const std::string& label, bool is_checked) {
+    html += "<label><input type=\"radio\" name=\"" + name + "\" class=\"pick-" +
+            std::to_string(number) + "\"" + (is_checked ? " checked=\"checked\"" : "") + "/> " +
+            label + "</label>\n";
+  };
+  add(0, "all", true);
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    add(i + 1, groups[i].name + " (" + grouped(groups[i].patches.size()) + ")", false);
+  }
+  return html + "</fieldset>\n";
+}
+
+std::string deviation_plot(const View& chart, Views charts, const SpectraAxes& axes,
+                           double factor) {
+  const std::vector<double> pooled = pooled_deviation(chart);
+  const std::vector<RepeatBand> worst = repeat_bands(chart, 1);
+  Extent deviations;
+  deviations.add(0.0);
+  for (const double value : pooled) deviations.add(value * factor);
+  if (worst.empty() || deviations.high() == 0.0) return "";
+  for (const double value : worst.front().deviation) deviations.add(value * factor);
+  Plot plot({full_width(charts), 220.0}, axes.wavelength,
+            {axis_over(0.0, deviations.high(), 4),
+             "standard deviation of repeats" +
+                 std::string(chart.quantity == Quantity::emission ? "" : ", %")},
+            "Standard deviation of the repeats of " + chart.name);
+  const auto line_of = [&](const std::vector<double>& values, const char* kind,
+                           const std::string& label) {
+    SvgPath path;
+    for (std::size_t i = 0; i < std::min(values.size(), chart.wavelengths.size()); ++i) {
+      path.add(plot.x(chart.wavelengths[i]), plot.y(values[i] * factor));
+    }
+    plot.draw("<path class=\"" + std::string(kind) + "\" d=\"" + path.data() + "\"><title>" +
+              label + "</title></path>\n");
+  };
+  line_of(pooled, "pooled", "all repeats");
+  const std::string label = html_text(label_of(*chart.chart, worst.front().index), kLongName);
+  line_of(worst.front().deviation, "fit", label);
+  return std::move(plot).finish() +
+         "<p class=\"note\">Line: all repeats taken together. Dashed: " + label +
+         ", which scatters most.</p>\n";
+}
+
+std::string wide(Views charts, const std::string& picture) {
+  return charts.size() == 1 ? "<div class=\"wide\">\n" + picture + "</div>\n" : picture;
+}
+
 std::string spectra_of(const View& chart, Views charts, const SpectraAxes& axes) {
   if (chart.wavelengths.size() < 2) return "";
+  const auto position = std::to_string(&chart - charts.data());
   Plot plot({full_width(charts), charts.size() == 1 ? 430.0 : 340.0}, axes.wavelength,
             axes.values_of(chart), "Spectra of " + chart.name);
   const double factor = percent_factor(chart);
   const std::size_t most = std::max<std::size_t>(kMostPoints / chart.wavelengths.size(), 1);
   const std::size_t shown = std::min(most, chart.patches.size());
+  const std::vector<InkGroup> groups = ink_groups(chart, shown);
+  plot.draw(bands_of(plot, chart, factor));
   plot.draw(std::string("<g class=\"spectra ") + density_class(shown) + "\">\n");
-  for (std::size_t i = 0; i < shown; ++i) {
-    const PatchView& patch = chart.patches[i];
-    SvgPath path;
-    for (std::size_t band = 0; band < patch.spectrum.size(); ++band) {
-      const double value = patch.spectrum[band] * factor;
-      if (is_drawable(value)) {
-        path.add(plot.x(chart.wavelengths[band]), plot.y(value));
-      } else {
-        path.lift();
-      }
-    }
-    const std::string& colour = patch.colour;
-    plot.draw("<path d=\"" + path.data() + "\"" +
-              (colour.empty() ? "" : " stroke=\"" + colour + "\"") + "><title>" + patch.label +
-              "</title></path>\n");
+  if (needs_outline(chart, shown)) {
+    plot.draw("<use class=\"casing\" href=\"#spectra-" + position + "\"/>\n");
   }
-  plot.draw("</g>\n");
-  std::string html = std::move(plot).finish();
-  if (charts.size() == 1) html = "<div class=\"wide\">\n" + html + "</div>\n";
+  const SpectraGrid grid(plot, chart.wavelengths);
+  plot.draw("<g id=\"spectra-" + position + "\" transform=\"" + grid.transform() + "\">\n");
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    plot.draw("<g class=\"group-" + std::to_string(i + 1) + "\">\n");
+    for (const std::size_t patch : groups[i].patches) {
+      plot.draw(spectrum_of(grid, chart.patches[patch], factor));
+    }
+    plot.draw("</g>\n");
+  }
+  plot.draw("</g>\n</g>\n");
+  std::string html = "<div class=\"pickable\">\n" + selection_of(groups, "inks-" + position) +
+                     wide(charts, std::move(plot).finish()) + "</div>\n";
   if (shown < chart.patches.size()) {
     html += "<p class=\"note\">The spectra of the first " + grouped(shown) + " patches.</p>\n";
   }
-  return html;
+  return html + wide(charts, deviation_plot(chart, charts, axes, factor));
 }
 
 }  // namespace
@@ -115,8 +265,11 @@ std::string spectra_of(const View& chart, Views charts, const SpectraAxes& axes)
 Section spectra_section(Views charts) {
   const SpectraAxes axes = axes_over(charts);
   return section_of(
-      {"spectra", "Spectra", "Each patch in its own colour.", "No spectra in this chart."}, charts,
-      [&](const View& chart) { return spectra_of(chart, charts, axes); });
+      {"spectra", "Spectra",
+       "Each patch in its own colour. A band is one standard deviation of repeats to either side, "
+       "where it is wide enough to see.",
+       "No spectra in this chart."},
+      charts, [&](const View& chart) { return spectra_of(chart, charts, axes); });
 }
 
 }  // namespace measkit::html

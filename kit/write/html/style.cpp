@@ -142,6 +142,7 @@ figure { margin: 0; }
 .many { stroke-width: 0.7; }
 .spectra path:hover { stroke-width: 4; }
 .dots { stroke: #000; stroke-opacity: 0.35; stroke-width: 0.6; }
+.dots circle { r: var(--radius); }
 .dots circle:hover { stroke: var(--text); stroke-opacity: 1; stroke-width: 2; }
 .wedge { fill: none; stroke-width: 2.5; stroke-linejoin: round; }
 .key { stroke: var(--zero); stroke-width: 0.6; }

@@ -2,6 +2,7 @@
 #include "kit/write/html/numbers.h"
 #include "kit/write/html/sections.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,43 @@ std::string key_figures(const View& chart) {
                        "largest \u0394E*<sub>ab</sub> of repeats");
   }
   return html + "</ul>\n";
+}
+
+// "1 thing is in doubt", "3 things were repaired".
+std::string count_of(const View& chart, Severity severity, const char* one, const char* several) {
+  const auto count = static_cast<std::size_t>(
+      std::ranges::count(chart.findings, severity, &FindingView::severity));
+  if (count == 0) return "";
+  return grouped(count) + (count == 1 ? " thing " : " things ") + (count == 1 ? one : several) +
+         ". ";
+}
+
+std::string verdict_of(const View& chart) {
+  const std::string lost = count_of(chart, Severity::lost, "was lost", "were lost");
+  const std::string doubts = count_of(chart, Severity::doubtful, "is in doubt", "are in doubt");
+  const std::string repairs = count_of(chart, Severity::repaired, "was repaired", "were repaired");
+  const std::string text = lost + doubts + repairs;
+  const bool is_grave = !lost.empty() || !doubts.empty();
+  return std::string("<p class=\"verdict") + (is_grave ? " alert" : "") + "\">" +
+         (text.empty() ? "Nothing had to be repaired. Nothing is in doubt." : text) + "</p>\n";
+}
+
+std::string badges_of(const View& chart) {
+  std::string html = "<ul class=\"badges\" aria-label=\"Measuring conditions\">\n";
+  for (const Badge& badge : chart.badges) {
+    html += badge.value.empty() ? "<li class=\"absent\">" : "<li>";
+    html += std::string(badge.name) + " <strong>" +
+            (badge.value.empty() ? "unknown" : badge.value) + "</strong></li>\n";
+  }
+  return html + "</ul>\n";
+}
+
+std::string instrument_of(const View& chart) {
+  return "<p class=\"instrument\">" +
+         (chart.instrument_line.empty()
+              ? std::string("The file names no instrument.")
+              : "Instrument, as the file tells it: <q>" + chart.instrument_line + "</q>") +
+         "</p>\n";
 }
 
 std::string messages_of(const View& chart) {
@@ -65,9 +103,10 @@ std::string rows_of(const char* title, const std::vector<Row>& rows) {
 }
 
 std::string summary_of(const View& chart) {
-  return findings_list(chart.findings, chart.more_findings) + key_figures(chart) +
-         messages_of(chart) + landmarks_of(chart) + "<div class=\"entry-lists\">\n" +
-         rows_of("Colour", chart.colour) + rows_of("Measuring conditions", chart.conditions) +
+  return verdict_of(chart) + findings_list(chart.findings, chart.more_findings) + badges_of(chart) +
+         instrument_of(chart) + messages_of(chart) + key_figures(chart) + landmarks_of(chart) +
+         "<div class=\"entry-lists\">\n" + rows_of("Colour", chart.colour) +
+         rows_of("Conditions, and who tells them", chart.conditions) +
          rows_of("Instrument", chart.instrument) + rows_of("Sample", chart.sample) +
          rows_of("File", chart.facts) + "</div>\n";
 }

@@ -25,14 +25,23 @@ std::string coordinate(double value) {
   return text;
 }
 
+void SvgPath::append(long steps) {
+  if (steps_ == Steps::whole) {
+    data_ += std::to_string(steps);
+  } else {
+    append_tenths(data_, steps);
+  }
+}
+
 void SvgPath::add(double x, double y) {
-  const long new_x = tenths_of(x);
-  const long new_y = tenths_of(y);
+  const bool is_whole = steps_ == Steps::whole;
+  const long new_x = is_whole ? std::lround(x) : tenths_of(x);
+  const long new_y = is_whole ? std::lround(y) : tenths_of(y);
   // Coordinates after an m are relative; those of the first m start at 0, 0.
   data_ += is_down_ ? ' ' : 'm';
-  append_tenths(data_, new_x - x_);
+  append(new_x - x_);
   if (new_y >= y_) data_ += ' ';
-  append_tenths(data_, new_y - y_);
+  append(new_y - y_);
   x_ = new_x;
   y_ = new_y;
   is_down_ = true;

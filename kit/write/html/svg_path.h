@@ -1,4 +1,4 @@
-// The outline of a line in SVG, short to write: steps in tenths of a unit.
+// The outline of a line in SVG, short to write: relative steps with few digits.
 #ifndef MEASDATA_KIT_WRITE_HTML_SVG_PATH_H
 #define MEASDATA_KIT_WRITE_HTML_SVG_PATH_H
 
@@ -11,6 +11,9 @@ std::string coordinate(double value);
 
 class SvgPath {
  public:
+  enum class Steps { tenths, whole };  ///< of a unit
+  explicit SvgPath(Steps steps = Steps::tenths) : steps_(steps) {}
+
   /// Draws on to a point.
   void add(double x, double y);
   /// Makes the next point begin a line of its own.
@@ -19,8 +22,11 @@ class SvgPath {
   const std::string& data() const { return data_; }
 
  private:
+  void append(long steps);
+
+  Steps steps_;
   std::string data_;
-  long x_ = 0, y_ = 0;  // where the pen is, tenths
+  long x_ = 0, y_ = 0;  // where the pen is, in steps
   bool is_down_ = false;
 };
 

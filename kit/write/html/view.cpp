@@ -149,6 +149,7 @@ View view_of(const Chart& chart) {
   View view;
   view.name = html_text(chart.name, kLongValue);
   view.title = html_text(chart.title, kLongValue);
+  view.chart = &chart;
   view.is_loaded = chart.is_loaded;
   fill_findings(view, chart);
   fill_messages(view, chart);
@@ -163,6 +164,9 @@ View view_of(const Chart& chart) {
   fill_channels(view, chart);
   fill_landmarks(view, chart);
   fill_repeats(view, chart);
+  view.figures = print_figures_of(chart);
+  view.ramp = neutral_ramp_of(chart);
+  view.display_white = display_white_of(chart);
   return view;
 }
 

@@ -4,6 +4,9 @@
 #define MEASDATA_KIT_WRITE_HTML_VIEW_H
 
 #include "kit/chart/chart.h"
+#include "kit/figures/display_white.h"
+#include "kit/figures/neutral_ramp.h"
+#include "kit/figures/print_figures.h"
 
 #include <cstddef>
 #include <optional>
@@ -31,6 +34,12 @@ struct PatchView {
   std::string colour;
   std::optional<Triple> lab;
   std::span<const double> device, densities, spectrum;
+};
+
+/// A measuring condition; its value is empty when the file does not tell it.
+struct Badge {
+  std::string_view name;
+  std::string value;  ///< safe to stand in HTML
 };
 
 struct LandmarkView {
@@ -65,6 +74,7 @@ struct View {
   std::string name;   ///< safe to stand in HTML
   std::string title;  ///< what the file calls the chart; safe to stand in HTML
   bool is_loaded = false;
+  const Chart* chart = nullptr;
   std::vector<FindingView> findings;  ///< the gravest first
   std::size_t more_findings = 0;      ///< that are not listed
   std::vector<std::string> messages;  ///< safe to stand in HTML
@@ -74,6 +84,8 @@ struct View {
   std::string device_space;  ///< safe to stand in HTML; empty without device values
   bool is_rgb = false;
   Quantity quantity = Quantity::reflectance;
+  std::vector<Badge> badges;
+  std::string instrument_line;  ///< of the file as it stands; safe to stand in HTML
   std::vector<Row> facts, colour, conditions, instrument, sample, keywords;
   std::size_t more_keywords = 0, empty_keywords = 0;
   std::vector<PatchView> patches;          ///< as many as a page can show
@@ -83,6 +95,10 @@ struct View {
   std::vector<LandmarkView> landmarks;
   std::vector<RepeatedPatch> worst_repeats;  ///< the worst first
   std::vector<double> repeat_differences;    ///< Delta E*ab of all merged patches that repeat
+
+  PrintFigures figures;
+  NeutralRamp ramp;
+  std::optional<DisplayWhite> display_white;
 };
 
 View view_of(const Chart& chart);

@@ -14,8 +14,6 @@
 namespace measkit::html {
 namespace {
 
-constexpr const char* kNotStated = "not stated";
-
 // Names in a line, as many as a page can show; safe to stand in HTML.
 std::string list_of(std::span<const std::string> names) {
   const std::size_t shown = std::min(names.size(), kMostColumnNames);
@@ -116,28 +114,37 @@ void fill_conditions(View& view, const Chart& chart) {
   const struct {
     const char* name;
     const std::optional<Stated>& stated;
-    bool is_always_shown;
     const char* unit;
-  } conditions[] = {{"M condition", told.m, true, ""},
-                    {"illuminant", told.illuminant, true, ""},
-                    {"observer", told.observer, true, "\u00B0"},
-                    {"geometry", told.geometry, false, ""},
-                    {"filter", told.filter, false, ""},
-                    {"polarization", told.polarization, false, ""},
-                    {"backing", told.backing, false, ""},
-                    {"density status", told.density_status, false, ""}};
+  } conditions[] = {
+      {"M condition", told.m, ""},           {"illuminant", told.illuminant, ""},
+      {"observer", told.observer, "\u00B0"}, {"geometry", told.geometry, ""},
+      {"filter", told.filter, ""},           {"polarization", told.polarization, ""},
+      {"backing", told.backing, ""},         {"density status", told.density_status, ""}};
   std::vector<std::string_view> shown_words = {chart.instrument};
   for (const auto& condition : conditions) {
-    if (condition.stated) {
-      const std::string& value = condition.stated->value;
-      const bool is_number =
-          !value.empty() && value.find_first_not_of("0123456789") == std::string::npos;
-      view.conditions.push_back({condition.name,
-                                 html_text(value, kLongValue) + (is_number ? condition.unit : ""),
-                                 source_of(*condition.stated, shown_words)});
-    } else if (condition.is_always_shown) {
-      view.conditions.push_back({condition.name, kNotStated, ""});
-    }
+    if (!condition.stated) continue;
+    const std::string& value = condition.stated->value;
+    const bool is_number =
+        !value.empty() && value.find_first_not_of("0123456789") == std::string::npos;
+    view.conditions.push_back({condition.name,
+                               html_text(value, kLongValue) + (is_number ? condition.unit : ""),
+                               source_of(*condition.stated, shown_words)});
+  }
+}
+
+// Those that decide whether two measurements can be compared.
+void fill_badges(View& view, const Chart& chart) {
+  const MeasuringConditions& told = chart.conditions;
+  const std::pair<std::string_view, const std::optional<Stated>&> conditions[] = {
+      {"M condition", told.m},
+      {"illuminant", told.illuminant},
+      {"observer", told.observer},
+      {"backing", told.backing},
+      {"filter", told.filter}};
+  for (const auto& [name, stated] : conditions) {
+    const bool is_angle = stated && name == "observer";
+    view.badges.push_back(
+        {name, stated ? html_text(stated->value, kLongName) + (is_angle ? "\u00B0" : "") : ""});
   }
 }
 
@@ -152,12 +159,9 @@ std::vector<Row> rows_of(std::span<const Answer> answers) {
 
 // Conditions have a table of their own.
 void fill_instrument(View& view, const Chart& chart) {
-  if (!chart.instrument.empty()) {
-    view.instrument.push_back({"in the file", html_text(chart.instrument, kLongValue), ""});
-  }
+  view.instrument_line = html_text(chart.instrument, kLongValue);
   for (Row& row : rows_of(chart.instrument_answers)) {
-    const auto shown = std::ranges::find(view.conditions, row.name, &Row::name);
-    if (shown != view.conditions.end() && shown->value != kNotStated) continue;
+    if (std::ranges::find(view.conditions, row.name, &Row::name) != view.conditions.end()) continue;
     view.instrument.push_back(std::move(row));
   }
 }
@@ -184,6 +188,7 @@ std::string device_space_of(const Chart& chart) {
 void fill_rows(View& view, const Chart& chart) {
   fill_facts(view, chart);
   fill_colour(view, chart);
+  fill_badges(view, chart);
   fill_conditions(view, chart);
   fill_instrument(view, chart);
   view.sample = rows_of(chart.sample_answers);

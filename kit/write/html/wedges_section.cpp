@@ -23,8 +23,16 @@ enum class Kind { lightness, chroma };
 
 Measure measure_of(Kind kind) { return kind == Kind::lightness ? lightness_of : chroma_of; }
 
-bool is_shown(const ChannelView& channel, Kind kind) {
-  if (channel.wedge.size() < 2) return false;
+// Inks with a solid have tone values instead.
+bool has_curve(const View& chart, const ChannelView& channel) {
+  const auto position = static_cast<std::size_t>(&channel - chart.channels.data());
+  return std::ranges::any_of(chart.figures.curves, [position](const InkCurve& curve) {
+    return curve.channel == position;
+  });
+}
+
+bool is_shown(const View& chart, const ChannelView& channel, Kind kind) {
+  if (channel.wedge.size() < 2 || has_curve(chart, channel)) return false;
   Extent lightness;
   for (const WedgeStep& step : channel.wedge) lightness.add(step.lab[0]);
   const bool tells_lightness = lightness.high() - lightness.low() >= kLeastLightnessSpan;
@@ -50,7 +58,7 @@ TitledAxis measure_axis(Views charts, Kind kind) {
   if (kind == Kind::lightness) measures.add(100.0);
   for (const View& chart : charts) {
     for (const ChannelView& channel : chart.channels) {
-      if (!is_shown(channel, kind)) continue;
+      if (!is_shown(chart, channel, kind)) continue;
       for (const WedgeStep& step : channel.wedge) measures.add(measure_of(kind)(step.lab));
     }
   }
@@ -82,13 +90,14 @@ void draw_wedge(Plot& plot, const ChannelView& channel, Measure measure) {
   for (const WedgeStep& step : channel.wedge)
     path.add(plot.x(step.device), plot.y(measure(step.lab)));
   plot.draw("<path class=\"wedge\" stroke=\"" + channel.colour + "\" d=\"" + path.data() +
-            "\"/>\n<g class=\"dots\">\n");
+            "\"/>\n");
+  std::string dots;
   for (const WedgeStep& step : channel.wedge) {
-    plot.draw_dot(
-        step.device, measure(step.lab), 4.0, step.colour,
-        channel.name + " " + shortest(step.device) + ": " + decimal(measure(step.lab), 1));
+    dots +=
+        plot.dot(step.device, measure(step.lab), step.colour,
+                 channel.name + " " + shortest(step.device) + ": " + decimal(measure(step.lab), 1));
   }
-  plot.draw("</g>\n");
+  plot.draw_dots(4.0, dots);
 }
 
 void draw_end_labels(Plot& plot, std::vector<EndLabel> labels) {
@@ -103,7 +112,8 @@ void draw_end_labels(Plot& plot, std::vector<EndLabel> labels) {
 }
 
 std::string wedge_plot(const View& chart, Views charts, const TitledAxis& measured, Kind kind) {
-  if (std::ranges::none_of(chart.channels, [kind](const auto& c) { return is_shown(c, kind); })) {
+  if (std::ranges::none_of(chart.channels,
+                           [&](const auto& c) { return is_shown(chart, c, kind); })) {
     return "";
   }
   const bool is_wide = charts.size() <= 2;
@@ -113,12 +123,43 @@ std::string wedge_plot(const View& chart, Views charts, const TitledAxis& measur
             device_axis(chart), measured, name + " of the wedges of " + chart.name);
   std::vector<EndLabel> labels;
   for (const ChannelView& channel : chart.channels) {
-    if (!is_shown(channel, kind)) continue;
+    if (!is_shown(chart, channel, kind)) continue;
     draw_wedge(plot, channel, measure);
     labels.push_back({plot.y(measure(channel.wedge.back().lab)), &channel});
   }
   draw_end_labels(plot, std::move(labels));
   return figure_of(name, std::move(plot).finish());
+}
+
+double power_of(const View& chart, double device) {
+  return std::pow(device, chart.ramp.gamma.value_or(1.0));
+}
+
+// Luminance of the greys over their device value, and the power that fits them.
+std::string ramp_plot(const View& chart, Views charts) {
+  if (chart.ramp.steps.empty()) return "";
+  const double full = chart.chart->full_scale;
+  Plot plot({half_width(charts), charts.size() <= 2 ? 400.0 : 320.0},
+            {axis_over(0.0, full, 5), "R = G = B"}, {{0.0, 100.0, 20.0}, "luminance, %"},
+            "Luminance of the greys of " + chart.name);
+  constexpr int kPieces = 40;
+  SvgPath curve;
+  for (int i = 0; i <= kPieces; ++i) {
+    const double device = i / static_cast<double>(kPieces);
+    curve.add(plot.x(device * full), plot.y(100.0 * power_of(chart, device)));
+  }
+  if (chart.ramp.gamma) plot.draw("<path class=\"fit\" d=\"" + curve.data() + "\"/>\n");
+  std::string dots;
+  for (const RampStep& step : chart.ramp.steps) {
+    dots +=
+        plot.dot(step.device * full, 100.0 * step.luminance,
+                 hex_colour(triple_at(chart.chart->merged.lab, step.index)),
+                 shortest(step.device * full) + ": " + decimal(100.0 * step.luminance, 1) + " %");
+  }
+  plot.draw_dots(4.0, dots);
+  const std::string gamma =
+      chart.ramp.gamma ? ", and gamma " + decimal(*chart.ramp.gamma, 2) + " (line)" : "";
+  return figure_of("Greys: luminance from black to white" + gamma, std::move(plot).finish());
 }
 
 }  // namespace
@@ -132,7 +173,8 @@ Section wedges_section(Views charts) {
            shortest(kLeastLightnessSpan) + " L*, chroma where it spans less, as yellow does.",
        "No wedges in this chart, or no colour for them."},
       charts, [&](const View& chart) {
-        const std::string plots = wedge_plot(chart, charts, lightness, Kind::lightness) +
+        const std::string plots = ramp_plot(chart, charts) +
+                                  wedge_plot(chart, charts, lightness, Kind::lightness) +
                                   wedge_plot(chart, charts, chroma, Kind::chroma);
         return plots.empty() ? "" : "<div class=\"figures\">\n" + plots + "</div>\n";
       });

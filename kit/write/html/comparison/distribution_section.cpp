@@ -23,7 +23,7 @@ constexpr Mark kMarks[] = {{50.0, &Figures::median, "median"}, {95.0, &Figures::
 void draw_mark(Plot& plot, const Mark& mark, double difference) {
   const std::string text = mark.name + (" " + decimal(difference, 2));
   const bool is_left = plot.x(difference) > plot.left() + 0.75 * (plot.right() - plot.left());
-  plot.draw_dot(difference, mark.percent, 4.0, "#2e2e2e", text);
+  plot.draw_dots(4.0, plot.dot(difference, mark.percent, "#2e2e2e", text));
   plot.draw("<text class=\"mark" + std::string(is_left ? " y" : "") + "\" x=\"" +
             coordinate(plot.x(difference) + (is_left ? -8.0 : 8.0)) + "\" y=\"" +
             coordinate(plot.y(mark.percent) + (is_left ? 2.0 : 8.0)) + "\">" + text + "</text>\n");

@@ -1,5 +1,5 @@
 #include "kit/write/html/axis.h"
-#include "kit/write/html/comparison/chart_layout.h"
+#include "kit/write/html/chart_layout.h"
 #include "kit/write/html/comparison/sections.h"
 #include "kit/write/html/html_text.h"
 #include "kit/write/html/limits.h"
@@ -112,11 +112,7 @@ HeatMap whole_map(const SampleView& sample, const HeatScale& scale,
   const Chart& chart = *sample.comparison.reference;
   const ChartLayout layout = layout_of(chart);
   HeatMap map = {layout.columns, "", "", layout.patches.size() <= kFewCells};
-  const char* const directions = layout.letters_go_across ? ": letters go across, numbers down."
-                                                          : ": numbers go across, letters down.";
-  map.note = layout.placed_by.empty()
-                 ? "In the order of the reference's file."
-                 : "By the " + std::string(layout.placed_by) + " of the reference" + directions;
+  map.note = layout.sentence("the reference");
   for (const std::uint32_t patch : layout.patches) {
     map.cells += patch == ChartLayout::kNoPatch
                      ? "<li></li>\n"

@@ -21,10 +21,8 @@ using Side = ToneValue WedgeStepTones::*;
 
 bool has_values(const WedgeTones& wedge) { return wedge.steps.back().reference.value.has_value(); }
 
-// The tone value that an ink is judged by.
-double tone_of(const ToneValue& tone) { return tone.value.value_or(tone.spot); }
 double increase_of(const WedgeStepTones& step, Side side) {
-  return tone_of(step.*side) - step.nominal;
+  return (step.*side).usual() - step.nominal;
 }
 
 std::span<const WedgeTones> shown_of(const SampleView& sample) {
@@ -80,16 +78,16 @@ void draw_curves(Plot& plot, const SampleView& sample, const WedgeTones& wedge,
   plot.draw(plot.clipped("<path class=\"wedge dashed\"" + stroke + " d=\"" +
                          path_of(plot, steps, &WedgeStepTones::reference) +
                          "\"/>\n<path class=\"wedge\"" + stroke + " d=\"" +
-                         path_of(plot, steps, &WedgeStepTones::sample) + "\"/>\n") +
-            "<g class=\"dots\">\n");
+                         path_of(plot, steps, &WedgeStepTones::sample) + "\"/>\n"));
+  std::string dots;
   for (const WedgeStepTones& step : steps) {
     const double increase = increase_of(step, &WedgeStepTones::sample);
     const bool is_on_ground = increase >= increases.first && increase <= increases.last;
     if (!is_on_ground || !is_drawable(step.nominal)) continue;
-    plot.draw_dot(step.nominal, increase, 4.0, hex_of(colours[step.pair].sample),
-                  shortest(step.nominal) + " %: " + decimal(increase, 1));
+    dots += plot.dot(step.nominal, increase, hex_of(colours[step.pair].sample),
+                     shortest(step.nominal) + " %: " + decimal(increase, 1));
   }
-  plot.draw("</g>\n");
+  plot.draw_dots(4.0, dots);
 }
 
 std::string increase_plot(const SampleView& sample, const WedgeTones& wedge, const Axis& increases,
@@ -128,8 +126,8 @@ std::string tone_table(const WedgeTones& wedge) {
     std::vector<std::string> cells;
     const auto add = [&cells](double value) { cells.push_back(number_or_dash(value, 1)); };
     if (values) {
-      for (const double value : {tone_of(first), tone_of(second), tone_of(second) - tone_of(first),
-                                 tone_of(first) - step.nominal, tone_of(second) - step.nominal}) {
+      for (const double value : {first.usual(), second.usual(), second.usual() - first.usual(),
+                                 first.usual() - step.nominal, second.usual() - step.nominal}) {
         add(value);
       }
     }

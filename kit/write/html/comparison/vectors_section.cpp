@@ -65,7 +65,7 @@ VectorScales scales_for(SampleViews samples) {
   VectorScales scales;
   scales.width = half_width(samples.size());
   scales.axes = colour_axes_over(colours, scales.width);
-  scales.factor = factor_for(samples, scales.axes.opponent.last - scales.axes.opponent.first);
+  scales.factor = factor_for(samples, scales.axes.a.last - scales.axes.a.first);
   scales.most = kMostVectors / samples.size();
   return scales;
 }
@@ -80,30 +80,31 @@ void draw_vectors(Plot& plot, const SampleView& sample, const VectorScales& scal
   const std::span<const std::uint32_t> shown = shown_of(sample, scales.most);
   const double radius = 0.8 * dot_radius(shown.size());
   SvgPath lines;
-  plot.draw("<g class=\"dots\">\n");
+  std::string dots;
   for (std::size_t i = shown.size(); i-- > 0;) {
     const ComparedColour& colour = sample.comparison.colours[shown[i]];
     if (!is_drawable_pair(colour)) continue;
     const Point from = point_of(colour.reference), to = point_of(colour.sample);
-    plot.draw_dot(
-        from[0], from[1], radius, hex_of(colour.reference),
+    dots += plot.dot(
+        from[0], from[1], hex_of(colour.reference),
         safe_label(sample, colour) + " " + text_of(sample.formula(), colour.of(sample.formula())));
     lines.lift();
     lines.add(plot.x(from[0]), plot.y(from[1]));
     lines.add(plot.x(from[0] + scales.factor * (to[0] - from[0])),
               plot.y(from[1] + scales.factor * (to[1] - from[1])));
   }
-  plot.draw("</g>\n" + plot.clipped("<path class=\"vectors " +
-                                    std::string(shown.size() <= 600 ? "some" : "many") + "\" d=\"" +
-                                    lines.data() + "\"/>\n"));
+  plot.draw_dots(radius, dots);
+  plot.draw(plot.clipped("<path class=\"vectors " +
+                         std::string(shown.size() <= 600 ? "some" : "many") + "\" d=\"" +
+                         lines.data() + "\"/>\n"));
 }
 
 std::string vectors_of(const SampleView& sample, const VectorScales& scales) {
   if (sample.worst.empty()) return "";
   const double width = scales.width;
-  Plot hue({width, width + 16.0}, {scales.axes.opponent, "a*"}, {scales.axes.opponent, "b*"},
+  Plot hue({width, width + 16.0}, {scales.axes.a, "a*"}, {scales.axes.b, "b*"},
            "Differences in a* and b* of " + sample.name);
-  draw_opponent_lines(hue, scales.axes.opponent);
+  draw_opponent_lines(hue, scales.axes);
   draw_vectors(hue, sample, scales, hue_point);
   Plot chroma({width, width + 16.0},
               {scales.axes.chroma, "C*<tspan class=\"sub\" dy=\"3\">ab</tspan>"},

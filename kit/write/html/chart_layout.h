@@ -1,12 +1,13 @@
 // Where the patches of a chart stand in a picture of it.
-#ifndef MEASDATA_KIT_WRITE_HTML_COMPARISON_CHART_LAYOUT_H
-#define MEASDATA_KIT_WRITE_HTML_COMPARISON_CHART_LAYOUT_H
+#ifndef MEASDATA_KIT_WRITE_HTML_CHART_LAYOUT_H
+#define MEASDATA_KIT_WRITE_HTML_CHART_LAYOUT_H
 
 #include "kit/chart/chart.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -19,10 +20,14 @@ struct ChartLayout {
   std::vector<std::uint32_t> patches;  ///< row by row; kNoPatch where there is none
   std::string_view placed_by;          ///< "locations", "ids" or "names"; empty for the order
   bool letters_go_across = false;      ///< of such a place; numbers otherwise
+  std::string row_keyword;             ///< that tells the length of a row; empty without one
+
+  /// How the patches are placed, as a sentence; `chart` stands in it for whose chart it is.
+  std::string sentence(std::string_view chart) const;
 };
 
-/// By locations, ids or names when each patch has one of its own such as "A1" or "AQ27", the longer
-/// side across; else in the order of the file.
+/// By locations, ids or names when each patch has one of its own such as "A1", "AQ27" or "12C", the
+/// longer side across; else in the order of the file, in rows as long as a keyword says.
 ChartLayout layout_of(const Chart& chart);
 
 /// How many columns hold so many cells so that the picture is about as wide as a golden rectangle.
@@ -30,4 +35,4 @@ std::size_t columns_for(std::size_t cells);
 
 }  // namespace measkit::html
 
-#endif  // MEASDATA_KIT_WRITE_HTML_COMPARISON_CHART_LAYOUT_H
+#endif  // MEASDATA_KIT_WRITE_HTML_CHART_LAYOUT_H

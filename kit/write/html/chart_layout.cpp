@@ -1,11 +1,13 @@
-#include "kit/write/html/comparison/chart_layout.h"
+#include "kit/write/html/chart_layout.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <utility>
 
 namespace measkit::html {
 namespace {
@@ -18,17 +20,21 @@ struct Place {
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
 bool is_letter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
-// Letters, then a number: few of either, so that no name of another kind passes.
+// Letters and a number in either order, few of either, so that no name of another kind passes.
 std::optional<Place> place_of(std::string_view location) {
   constexpr std::size_t kMostLetters = 2, kMostDigits = 4;
-  const auto letters =
-      static_cast<std::size_t>(std::ranges::find_if_not(location, is_letter) - location.begin());
-  const std::string_view digits = location.substr(letters);
-  if (letters == 0 || letters > kMostLetters || digits.empty() || digits.size() > kMostDigits ||
+  const bool letters_first = !location.empty() && is_letter(location.front());
+  const auto first_end = letters_first ? std::ranges::find_if_not(location, is_letter)
+                                       : std::ranges::find_if_not(location, is_digit);
+  const std::string_view first(location.begin(), first_end), second(first_end, location.end());
+  const std::string_view letters = letters_first ? first : second;
+  const std::string_view digits = letters_first ? second : first;
+  if (letters.empty() || letters.size() > kMostLetters || digits.empty() ||
+      digits.size() > kMostDigits || !std::ranges::all_of(letters, is_letter) ||
       !std::ranges::all_of(digits, is_digit)) {
     return std::nullopt;
   }
-  Place place = {std::string(location.substr(0, letters)), 0};
+  Place place = {std::string(letters), 0};
   for (char& c : place.letters) c = static_cast<char>(c & ~0x20);  // upper case
   for (const char digit : digits) {
     place.number = 10 * place.number + static_cast<std::size_t>(digit - '0');
@@ -64,6 +70,7 @@ Letters letters_of(const Place& place) { return {place.letters.size(), place.let
 
 std::optional<ChartLayout> layout_by(const std::vector<Place>& places) {
   constexpr std::size_t kMostEmpty = 2;  // places for each patch
+  constexpr std::size_t kMostStrip = 40, kMostElongation = 10;
   std::vector<Letters> letters;
   std::vector<std::size_t> numbers;
   for (const Place& place : places) {
@@ -74,6 +81,9 @@ std::optional<ChartLayout> layout_by(const std::vector<Place>& places) {
   keep_distinct(numbers);
   const std::size_t cells = letters.size() * numbers.size();
   if (cells > (1 + kMostEmpty) * places.size()) return std::nullopt;
+  // Ids like P1 to P999 are no places.
+  const auto [shorter, longer] = std::minmax(letters.size(), numbers.size());
+  if (longer > kMostStrip && longer > kMostElongation * shorter) return std::nullopt;
   ChartLayout layout;
   layout.letters_go_across = letters.size() >= numbers.size();
   layout.columns = std::max(letters.size(), numbers.size());
@@ -90,7 +100,39 @@ std::optional<ChartLayout> layout_by(const std::vector<Place>& places) {
   return layout;
 }
 
+struct RowLength {
+  std::string keyword;
+  std::size_t patches = 0;
+};
+
+RowLength row_length_of(const Chart& chart) {
+  for (const char* name : {"ROW_LENGTH", "LGOROWLENGTH", "STEPS_IN_PASS"}) {
+    const auto entry = std::ranges::find(chart.keywords, name, &Entry::name);
+    if (entry == chart.keywords.end()) continue;
+    std::size_t patches = 0;
+    const char* const end = entry->value.data() + entry->value.size();
+    const auto read = std::from_chars(entry->value.data(), end, patches);
+    if (read.ec == std::errc() && read.ptr == end && patches > 1 && patches <= chart.patch_count) {
+      return {name, patches};
+    }
+  }
+  return {};
+}
+
 }  // namespace
+
+std::string ChartLayout::sentence(std::string_view chart) const {
+  const std::string of = chart.empty() ? "" : " of " + std::string(chart);
+  if (!placed_by.empty()) {
+    return "By the " + std::string(placed_by) + of +
+           (letters_go_across ? ": letters go across, numbers down."
+                              : ": numbers go across, letters down.");
+  }
+  const std::string order = "In the order of " + (chart.empty() ? "" : std::string(chart) + "'s ");
+  if (row_keyword.empty()) return order + (chart.empty() ? "the file." : "file.");
+  return order + (chart.empty() ? "the file" : "file") + ", " + std::to_string(columns) +
+         " patches a row as " + row_keyword + " says.";
+}
 
 std::size_t columns_for(std::size_t cells) {
   constexpr double kGoldenRatio = 1.618;
@@ -108,7 +150,9 @@ ChartLayout layout_of(const Chart& chart) {
     return *std::move(layout);
   }
   ChartLayout layout;
-  layout.columns = columns_for(chart.patch_count);
+  RowLength row = row_length_of(chart);
+  layout.columns = row.patches > 0 ? row.patches : columns_for(chart.patch_count);
+  layout.row_keyword = std::move(row.keyword);
   layout.patches.resize(chart.patch_count);
   for (std::size_t i = 0; i < chart.patch_count; ++i) {
     layout.patches[i] = static_cast<std::uint32_t>(i);

@@ -1,0 +1,183 @@
+#include "kit/write/html/axis.h"
+#include "kit/write/html/limits.h"
+#include "kit/write/html/numbers.h"
+#include "kit/write/html/plot.h"
+#include "kit/write/html/sections.h"
+#include "kit/write/html/svg_path.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+namespace measkit::html {
+namespace {
+
+constexpr std::size_t kMostRows = 24;
+
+// By reflectance, which only the inks of CMYK and CMY have, and by ISO 20654.
+enum class Kind { reflectance, spot };
+
+std::optional<double> increase_of(const InkStep& step, Kind kind) {
+  const std::optional<double> tone =
+      kind == Kind::spot ? std::optional(step.tone.spot) : step.tone.value;
+  if (!tone || !is_drawable(*tone)) return std::nullopt;
+  return *tone - step.nominal;
+}
+
+// Steps that are not of one wedge can have any tone value; no press is that far out.
+double within_limits(double increase) { return std::clamp(increase, -50.0, 100.0); }
+
+Axis increase_axis(Views charts) {
+  Extent increases;
+  increases.add(0.0);
+  increases.add(10.0);
+  for (const View& chart : charts) {
+    for (const InkCurve& curve : chart.figures.curves) {
+      for (const InkStep& step : curve.steps) {
+        for (const Kind kind : {Kind::reflectance, Kind::spot}) {
+          const auto increase = increase_of(step, kind);
+          if (increase) increases.add(within_limits(*increase));
+        }
+      }
+    }
+  }
+  return axis_over(increases.low(), increases.high(), 6);
+}
+
+std::string colour_of(const View& chart, const InkStep& step) {
+  return hex_colour(triple_at(chart.chart->merged.lab, step.index));
+}
+
+void draw_curve(Plot& plot, const View& chart, const InkCurve& curve, Kind kind,
+                const Axis& increases) {
+  SvgPath path;
+  path.add(plot.x(0.0), plot.y(0.0));
+  std::string dots;
+  const std::size_t stride = 1 + (curve.steps.size() - 1) / kMostWedgeSteps;
+  for (std::size_t i = (curve.steps.size() - 1) % stride; i < curve.steps.size(); i += stride) {
+    const InkStep& step = curve.steps[i];
+    const auto increase = increase_of(step, kind);
+    if (!increase) continue;
+    path.add(plot.x(step.nominal), plot.y(within_limits(*increase)));
+    if (*increase < increases.first || *increase > increases.last) continue;
+    dots += plot.dot(step.nominal, *increase, colour_of(chart, step),
+                     chart.channels[curve.channel].name + " " + shortest(step.nominal) +
+                         " %: " + decimal(*increase, 1));
+  }
+  plot.draw(plot.clipped("<path class=\"wedge\" stroke=\"" + colour_of(chart, curve.steps.back()) +
+                         "\" d=\"" + path.data() + "\"/>\n"));
+  plot.draw_dots(3.5, dots);
+}
+
+bool has_curves(const View& chart, Kind kind) {
+  return std::ranges::any_of(chart.figures.curves, [kind](const InkCurve& curve) {
+    return increase_of(curve.steps.back(), kind).has_value();
+  });
+}
+
+std::string plot_of(const View& chart, Views charts, Kind kind, const Axis& increases) {
+  if (!has_curves(chart, kind)) return "";
+  const std::string name =
+      kind == Kind::spot ? "Spot colour tone value, ISO 20654" : "Tone value by reflectance";
+  Plot plot({half_width(charts), 320.0}, {{0.0, 100.0, 20.0}, "nominal tone value, %"},
+            {increases, "increase, %"}, name + ": increase for the inks of " + chart.name);
+  for (const InkCurve& curve : chart.figures.curves)
+    draw_curve(plot, chart, curve, kind, increases);
+  return figure_of(name, std::move(plot).finish());
+}
+
+std::string legend_of(const View& chart) {
+  std::string html = "<ul class=\"legend\" aria-label=\"Inks\">\n";
+  for (const InkCurve& curve : chart.figures.curves) {
+    html += "<li>" + colour_field(colour_of(chart, curve.steps.back())) +
+            chart.channels[curve.channel].name + "</li>\n";
+  }
+  return html + "</ul>\n";
+}
+
+// The nominal values of all inks: all of them or, where they are many, evenly thinned.
+std::vector<double> nominal_values(const View& chart) {
+  std::vector<double> values;
+  for (const InkCurve& curve : chart.figures.curves) {
+    for (const InkStep& step : curve.steps)
+      values.push_back(std::round(step.nominal * 100.0) / 100.0);
+  }
+  std::ranges::sort(values);
+  values.erase(std::unique(values.begin(), values.end()), values.end());
+  const std::size_t stride = 1 + (values.size() - 1) / kMostRows;
+  std::vector<double> kept;
+  for (std::size_t i = (values.size() - 1) % stride; i < values.size(); i += stride) {
+    kept.push_back(values[i]);
+  }
+  return kept;
+}
+
+const InkStep* step_at(const InkCurve& curve, double nominal) {
+  constexpr double kRounding = 0.006;
+  const auto step = std::ranges::find_if(curve.steps, [nominal](const InkStep& one) {
+    return std::abs(one.nominal - nominal) <= kRounding;
+  });
+  return step == curve.steps.end() ? nullptr : &*step;
+}
+
+std::string cell(std::optional<double> value) {
+  return "<td class=\"number\">" + (value ? decimal(*value, 1) : "") + "</td>";
+}
+
+std::string table_of(const View& chart) {
+  std::string inks, columns;
+  for (const InkCurve& curve : chart.figures.curves) {
+    const bool has_value = curve.steps.back().tone.value.has_value();
+    inks += "<th scope=\"colgroup\" class=\"number\" colspan=\"" +
+            std::string(has_value ? "3" : "1") + "\">" + chart.channels[curve.channel].name +
+            "</th>";
+    if (has_value) {
+      columns +=
+          "<th scope=\"col\" class=\"number\">Tone</th><th scope=\"col\" "
+          "class=\"number\">Increase</th>";
+    }
+    columns += "<th scope=\"col\" class=\"number\">Spot</th>";
+  }
+  std::string html =
+      "<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"Tone values of " +
+      chart.name +
+      "\">\n<table class=\"compact\">\n<thead><tr><th scope=\"col\" rowspan=\"2\">Nominal, "
+      "%</th>" +
+      inks + "</tr>\n<tr>" + columns + "</tr></thead>\n<tbody>\n";
+  for (const double nominal : nominal_values(chart)) {
+    html += "<tr><th scope=\"row\">" + shortest(nominal) + "</th>";
+    for (const InkCurve& curve : chart.figures.curves) {
+      const InkStep* const step = step_at(curve, nominal);
+      if (curve.steps.back().tone.value) {
+        html += cell(step == nullptr ? std::nullopt : step->tone.value) +
+                cell(step == nullptr ? std::nullopt : increase_of(*step, Kind::reflectance));
+      }
+      html += cell(step == nullptr ? std::nullopt : std::optional(step->tone.spot));
+    }
+    html += "</tr>\n";
+  }
+  return html + "</tbody>\n</table>\n</div>\n";
+}
+
+std::string tones_of(const View& chart, Views charts, const Axis& increases) {
+  if (chart.figures.curves.empty()) return "";
+  return "<div class=\"figures\">\n" + plot_of(chart, charts, Kind::reflectance, increases) +
+         plot_of(chart, charts, Kind::spot, increases) + "</div>\n" + legend_of(chart) +
+         table_of(chart);
+}
+
+}  // namespace
+
+Section tones_section(Views charts) {
+  const Axis increases = increase_axis(charts);
+  return section_of(
+      {"tones", "Tone values",
+       "The increase is what a tone value exceeds its nominal value by: a straight line would lie "
+       "at 0. Tone values by reflectance are those of X for cyan, Y for magenta and black, and Z "
+       "for yellow.",
+       "No ink with a solid on a chart with its paper."},
+      charts, [&](const View& chart) { return tones_of(chart, charts, increases); });
+}
+
+}  // namespace measkit::html
