@@ -44,15 +44,18 @@ CommandLine::CommandLine(const std::vector<std::string>& arguments,
       are_files = true;
       continue;
     }
-    const auto option = std::find_if(options.begin(), options.end(),
-                                     [&](const Option& known) { return known.name == argument; });
-    const bool lacks_value =
-        option != options.end() && option->takes_value && i + 1 == arguments.size();
-    if (option == options.end() || lacks_value) {
+    const std::size_t name_length = std::min(argument.find('='), argument.size());
+    const bool has_value = name_length != argument.size();
+    const auto option = std::ranges::find(options, argument.substr(0, name_length), &Option::name);
+    if (option == options.end() || (has_value && !option->may_have_value) ||
+        (option->takes_value && i + 1 == arguments.size())) {
       is_valid_ = false;
       continue;
     }
-    given_.push_back({option->name, option->takes_value ? arguments[++i] : std::string()});
+    std::string value;
+    if (has_value) value = argument.substr(name_length + 1);
+    if (option->takes_value) value = arguments[++i];
+    given_.push_back({option->name, std::move(value)});
   }
 }
 

@@ -26,8 +26,9 @@ class Refusal : public std::runtime_error {
 enum Status : int { kDone = 0, kFailed = 1, kBadCall = 2 };
 
 struct Option {
-  std::string_view name;  ///< such as "--json"
-  bool takes_value = false;
+  std::string_view name;        ///< such as "--json"
+  bool takes_value = false;     ///< the next argument
+  bool may_have_value = false;  ///< behind "=", such as "--color=never"
 };
 
 class CommandLine {
@@ -35,10 +36,10 @@ class CommandLine {
   /// Everything that is no option is a file; so is all behind "--", and "-" by itself.
   CommandLine(const std::vector<std::string>& arguments, std::span<const Option> options);
 
-  /// False when an option is unknown or lacks its value.
+  /// False when an option is unknown, lacks its value or has one that it does not take.
   bool is_valid() const { return is_valid_; }
   bool has(std::string_view option) const;
-  /// The last value of an option.
+  /// The last value of an option; empty when it was given without one.
   std::optional<std::string> value_of(std::string_view option) const;
   /// The last value as a number from 1; 0 when it is none.
   int count_of(std::string_view option) const;

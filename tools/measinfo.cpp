@@ -2,11 +2,13 @@
 #include "kit/write/json.h"
 #include "kit/write/summary.h"
 #include "tools/command_line.h"
+#include "tools/terminal.h"
 
 #include <array>
 #include <cstddef>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,7 +18,7 @@ using measkit::Document;
 using tools::CommandLine;
 
 constexpr std::string_view kUsage =
-    "usage: measinfo [--all | --json] [--as-is] [--strict] FILE...\n"
+    "usage: measinfo [--all | --json] [--color[=WHEN]] [--as-is] [--strict] FILE...\n"
     "       measinfo --plain [--table N] FILE\n"
     "\n"
     "Tells what colour-measurement files hold: findings, conditions, channels, patches.\n"
@@ -28,13 +30,24 @@ constexpr std::string_view kUsage =
     "  --table N    the N-th chart, counted from 1 as measinfo lists them\n"
     "  --as-is      read the file as the library does, without repairs\n"
     "  --strict     fail when something was repaired, is in doubt or is lost\n"
+    "  --color      show colours, also in files and pipes; --color=never shows none, and\n"
+    "               --color=auto, the default, on terminals that have them\n"
     "  --version    print the version of the library\n"
     "  --help       print this text\n"
     "\n"
     "Exit status: 0 when every file has a chart with patches, 1 otherwise, 2 for a bad call.\n";
 
-constexpr std::array<tools::Option, 6> kOptions = {
-    {{"--all"}, {"--json"}, {"--plain"}, {"--table", true}, {"--as-is"}, {"--strict"}}};
+constexpr std::array<tools::Option, 7> kOptions = {{{"--all"},
+                                                    {"--json"},
+                                                    {"--color", false, true},
+                                                    {"--plain"},
+                                                    {"--table", true},
+                                                    {"--as-is"},
+                                                    {"--strict"}}};
+
+std::optional<tools::ColourChoice> chosen_colours(const CommandLine& line) {
+  return tools::colour_choice(line.value_of("--color").value_or("auto"));
+}
 
 bool is_good(Document& document, const CommandLine& line) {
   const bool is_clean = !line.has("--strict") || !document.has_other_than_notes();
@@ -58,7 +71,8 @@ int print_plain_text(const CommandLine& line, Document& document) {
   return is_good(document, line) ? tools::kDone : tools::kFailed;
 }
 
-void print(Document& document, const CommandLine& line, bool is_first) {
+void print(Document& document, const CommandLine& line, const measkit::Screen& screen,
+           bool is_first) {
   if (line.has("--json")) {
     std::cout << (is_first ? "[" : ",")
               << measkit::to_json(document.name(), document.charts(), document.findings());
@@ -67,17 +81,20 @@ void print(Document& document, const CommandLine& line, bool is_first) {
   const measkit::Detail detail =
       line.has("--all") ? measkit::Detail::all : measkit::Detail::screenful;
   std::cout << (is_first ? "" : "\n")
-            << measkit::summary_of(document.name(), document.charts(), document.findings(), detail);
+            << measkit::summary_of(document.name(), document.charts(), document.findings(), detail,
+                                   screen);
 }
 
 int run(const CommandLine& line) {
   const bool wants_plain = line.has("--plain");
+  const std::optional<tools::ColourChoice> colours = chosen_colours(line);
   if (line.files().empty() || (wants_plain && line.files().size() != 1) ||
-      (!wants_plain && line.has("--table"))) {
+      (!wants_plain && line.has("--table")) || !colours) {
     return tools::kBadCall;
   }
   const measkit::Opening opening =
       line.has("--as-is") ? measkit::Opening::as_is : measkit::Opening::repair;
+  const measkit::Screen screen = tools::screen_of_output(*colours);
   bool are_good = true;
   for (const std::string& path : line.files()) {
     const std::unique_ptr<Document> opened = tools::open_document(path, opening);
@@ -85,7 +102,7 @@ int run(const CommandLine& line) {
     if (line.has("--all")) document.set_effort(measkit::Effort::all);
     if (wants_plain) return print_plain_text(line, document);
     are_good = is_good(document, line) && are_good;
-    print(document, line, &path == &line.files().front());
+    print(document, line, screen, &path == &line.files().front());
   }
   if (line.has("--json")) std::cout << "]\n";
   return are_good ? tools::kDone : tools::kFailed;

@@ -254,27 +254,48 @@ std::string title_line(std::string_view name, const Chart& chart) {
   return shortened(line, kTerminalWidth);
 }
 
-std::string joined(const std::string& title, const Lines& lines, Detail detail) {
-  std::string text = title + "\n";
-  for (const std::string& line : lines) {
-    if (!line.empty()) text += std::string(kIndent, ' ');
-    text += detail == Detail::all ? line : shortened(line, kTerminalWidth - kIndent);
-    text += '\n';
+using Tables = std::vector<TableLines>;
+
+std::string fitted(const std::string& line, std::size_t width, Detail detail) {
+  return (detail == Detail::all ? line : shortened(line, width)) + '\n';
+}
+
+bool has_colours(const Tables& tables) {
+  return std::ranges::any_of(tables, [](const TableLines& table) {
+    return std::ranges::any_of(table, [](const TableLine& line) { return !line.colour.empty(); });
+  });
+}
+
+// All tables of a chart have room for swatches when one has them, so that they line up.
+std::string text_of(const Tables& tables, Detail detail, Colours colours) {
+  const bool has_swatches = colours != Colours::none && has_colours(tables);
+  const std::size_t start = kIndent + (has_swatches ? kSwatchColumns : 0);
+  std::string text;
+  for (const TableLines& table : tables) {
+    if (!table.empty()) text += '\n';
+    for (const TableLine& line : table) {
+      text.append(kIndent, ' ');
+      if (has_swatches) text += swatch(line.colour, colours);
+      text += fitted(line.text, kTerminalWidth - start, detail);
+    }
   }
   return text;
 }
 
-void add_block(Lines& lines, Lines block) {
-  if (block.empty()) return;
-  lines.emplace_back();
-  append(lines, std::move(block));
+std::string joined(const std::string& title, const Lines& lines, Detail detail) {
+  std::string text = title + "\n";
+  for (const std::string& line : lines) {
+    if (!line.empty()) text.append(kIndent, ' ');
+    text += fitted(line, kTerminalWidth - kIndent, detail);
+  }
+  return text;
 }
 
 // Tables share the lines that the rest of a screenful leaves; the patches have theirs for sure.
-void add_short_tables(Lines& lines, const Chart& chart) {
+Tables short_tables(const Chart& chart, std::size_t lines_above, const Screen& screen) {
   constexpr std::size_t kPatchRows = 6;
   constexpr std::size_t kTitle = 2, kGap = 1;  // a blank line and titles; the line of dots
-  const std::size_t used = 1 + lines.size() + kTitle + kPatchRows + kGap + 2 * kTitle;
+  const std::size_t used = lines_above + kTitle + kPatchRows + kGap + 2 * kTitle;
   const std::size_t rows = kScreenLines - std::min(used, kScreenLines);
   const std::size_t landmarks = chart.landmarks.size(), channels = chart.channels.size();
   const std::size_t rest = rows - std::min(rows, landmarks);
@@ -283,21 +304,29 @@ void add_short_tables(Lines& lines, const Chart& chart) {
   const auto is_worth_it = [](std::size_t shown, std::size_t all) {
     return shown == all || shown > 1;  // one row would only count the others
   };
-  if (is_worth_it(landmark_rows, landmarks)) add_block(lines, landmark_lines(chart, landmark_rows));
-  if (is_worth_it(channel_rows, channels)) add_block(lines, channel_lines(chart, channel_rows));
-  add_block(lines, patch_lines(chart, kPatchRows));
+  Tables tables;
+  if (is_worth_it(landmark_rows, landmarks))
+    tables.push_back(landmark_lines(chart, landmark_rows, screen));
+  if (is_worth_it(channel_rows, channels))
+    tables.push_back(channel_lines(chart, channel_rows, screen));
+  tables.push_back(patch_lines(chart, kPatchRows, screen));
+  return tables;
 }
 
-void add_all_tables(Lines& lines, const Chart& chart) {
-  add_block(lines, keyword_lines(chart));
-  add_block(lines, landmark_lines(chart, kAllRows));
-  add_block(lines, channel_lines(chart, kAllRows));
-  add_block(lines, channel_value_lines(chart));
-  add_block(lines, patch_lines(chart, kAllRows));
-  add_block(lines, merged_patch_lines(chart, kAllRows));
+TableLines without_colours(Lines lines) {
+  TableLines table;
+  for (std::string& line : lines) table.push_back({std::move(line), {}});
+  return table;
 }
 
-Lines chart_lines(const Chart& chart, std::vector<Finding> findings, std::size_t more,
+Tables all_tables(const Chart& chart, const Screen& screen) {
+  return {landmark_lines(chart, kAllRows, screen), channel_lines(chart, kAllRows, screen),
+          without_colours(channel_value_lines(chart)), patch_lines(chart, kAllRows, screen),
+          merged_patch_lines(chart, kAllRows)};
+}
+
+// Findings and facts, and all keywords when asked.
+Lines words_about(const Chart& chart, std::vector<Finding> findings, std::size_t more,
                   const Lines& further, Detail detail) {
   Lines lines = finding_lines(by_gravity(std::move(findings)), more, detail);
   for (const std::string& message : chart.messages) {
@@ -306,12 +335,18 @@ Lines chart_lines(const Chart& chart, std::vector<Finding> findings, std::size_t
   if (!lines.empty()) lines.emplace_back();
   append(lines, fact_lines(chart));
   append(lines, further);
-  if (detail == Detail::all) {
-    add_all_tables(lines, chart);
-  } else {
-    add_short_tables(lines, chart);
+  if (detail == Detail::all && !chart.keywords.empty()) {
+    lines.emplace_back();
+    append(lines, keyword_lines(chart));
   }
   return lines;
+}
+
+std::string text_of(const std::string& title, const Lines& words, const Chart& chart, Detail detail,
+                    const Screen& screen) {
+  const Tables tables = detail == Detail::all ? all_tables(chart, screen)
+                                              : short_tables(chart, 1 + words.size(), screen);
+  return joined(title, words, detail) + text_of(tables, detail, screen.colours);
 }
 
 Lines further_table_lines(std::span<const Chart> charts) {
@@ -334,13 +369,13 @@ Lines further_table_lines(std::span<const Chart> charts) {
 
 }  // namespace
 
-std::string summary_of(const Chart& chart, Detail detail) {
-  return joined(title_line(chart.name, chart),
-                chart_lines(chart, chart.findings, chart.more_findings, {}, detail), detail);
+std::string summary_of(const Chart& chart, Detail detail, const Screen& screen) {
+  const Lines words = words_about(chart, chart.findings, chart.more_findings, {}, detail);
+  return text_of(title_line(chart.name, chart), words, chart, detail, screen);
 }
 
 std::string summary_of(std::string_view file, std::span<const Chart> charts,
-                       const Findings& findings, Detail detail) {
+                       const Findings& findings, Detail detail, const Screen& screen) {
   if (charts.empty()) {
     Lines lines = finding_lines(by_gravity(findings.list()), findings.more(), detail);
     lines.emplace_back("There is no chart in this file.");
@@ -349,13 +384,12 @@ std::string summary_of(std::string_view file, std::span<const Chart> charts,
   const Chart& main = charts.front();
   std::vector<Finding> all = findings.list();
   all.insert(all.end(), main.findings.begin(), main.findings.end());
-  std::string text = joined(title_line(file, main),
-                            chart_lines(main, std::move(all), findings.more() + main.more_findings,
-                                        further_table_lines(charts), detail),
-                            detail);
+  const Lines words = words_about(main, std::move(all), findings.more() + main.more_findings,
+                                  further_table_lines(charts), detail);
+  std::string text = text_of(title_line(file, main), words, main, detail, screen);
   if (detail == Detail::screenful) return text;
   for (std::size_t i = 1; i < charts.size(); ++i) {
-    text += "\ntable " + std::to_string(i + 1) + "\n" + summary_of(charts[i], detail);
+    text += "\ntable " + std::to_string(i + 1) + "\n" + summary_of(charts[i], detail, screen);
   }
   return text;
 }

@@ -1,11 +1,14 @@
 #include "kit/write/summary_tables.h"
 
+#include "kit/write/labelled_lines.h"
 #include "kit/write/layout.h"
+#include "kit/write/summary_graphs.h"
 #include "kit/write/text_table.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace measkit {
 namespace {
@@ -29,22 +32,49 @@ class Shown {
       first_ = most - last_;
     }
   }
-  template <typename Action>
-  void for_each(Action action) const {
-    for (std::size_t i = 0; i < first_; ++i) action(i);
-    for (std::size_t i = count_ - last_; i < count_; ++i) action(i);
+  std::vector<std::size_t> rows() const {
+    std::vector<std::size_t> rows;
+    for (std::size_t i = 0; i < first_; ++i) rows.push_back(i);
+    for (std::size_t i = count_ - last_; i < count_; ++i) rows.push_back(i);
+    return rows;
   }
   // Says how many are left out, where they would stand below the line of titles.
-  void tell_gap(std::vector<std::string>& lines) const {
+  void tell_gap(TableLines& lines) const {
     const std::size_t left_out = count_ - first_ - last_;
     if (left_out == 0) return;
     lines.insert(lines.begin() + 1 + static_cast<std::ptrdiff_t>(first_),
-                 "... " + std::to_string(left_out) + " more ...");
+                 {"... " + std::to_string(left_out) + " more ...", {}});
   }
 
  private:
   std::size_t count_, first_ = 0, last_ = 0;
 };
+
+std::string colour_of(const Values& lab, std::size_t row) {
+  return lab.empty() ? std::string() : hex_colour(triple_at(lab, row));
+}
+
+// Gives the lines below the titles the colours of the rows that they show.
+TableLines coloured(std::vector<std::string> lines, const Values& lab,
+                    const std::vector<std::size_t>& rows) {
+  TableLines table;
+  for (std::string& line : lines) {
+    const bool is_title = table.empty();
+    table.push_back(
+        {std::move(line), is_title ? std::string() : colour_of(lab, rows[table.size() - 1])});
+  }
+  return table;
+}
+
+std::size_t width_of(const Screen& screen) {
+  const std::size_t swatch = screen.colours == Colours::none ? 0 : kSwatchColumns;
+  return kTerminalWidth - kIndent - swatch;
+}
+
+std::string wavelengths_title(const Chart& chart) {
+  return formatted("%.4g", chart.wavelengths.front()) + "-" +
+         formatted("%.4g", chart.wavelengths.back()) + " nm";
+}
 
 void add_device_columns(TextTable& table, const Chart& chart) {
   for (const Channel& channel : chart.channels) {
@@ -71,7 +101,7 @@ void add_colour(TextTable& table, const Values& lab, std::size_t row) {
   for (const double value : lab.row(row)) {
     table.add(std::isnan(value) ? std::string("-") : formatted("%.2f", value));
   }
-  const std::string colour = hex_colour(triple_at(lab, row));
+  const std::string colour = colour_of(lab, row);
   table.add(colour.empty() ? "-" : colour);
 }
 
@@ -116,37 +146,56 @@ std::string range_cell(const Channel& channel) {
   return values.size() == 1 ? first : first + " to " + number(values.back().value);
 }
 
-void keep_rows(std::vector<std::string>& lines, std::size_t most_rows) {
+void keep_rows(TableLines& lines, std::size_t most_rows) {
   if (lines.size() <= 1 || lines.size() - 1 <= most_rows) return;
   const std::size_t rows = lines.size() - 1;
   const std::size_t kept = most_rows == 0 ? 0 : most_rows - 1;
   lines.resize(kept + 1);
-  lines.push_back("... " + std::to_string(rows - kept) + " more");
+  lines.push_back({"... " + std::to_string(rows - kept) + " more", {}});
 }
 
-}  // namespace
-
-std::vector<std::string> landmark_lines(const Chart& chart, std::size_t most_rows) {
-  if (chart.landmarks.empty()) return {};
+std::vector<std::string> landmark_table(const Chart& chart, bool has_device) {
   TextTable table;
   table.add_column("landmark", Align::left);
   table.add_column("index", Align::right);
   table.add_column("patches", Align::left);
   add_colour_columns(table, chart.merged.lab);
-  add_device_columns(table, chart);
+  if (has_device) add_device_columns(table, chart);
   for (const Landmark& landmark : chart.landmarks) {
     table.add(name_cell(landmark.name));
     table.add(std::to_string(landmark.index));
     table.add(members_cell(chart, landmark.index));
     add_colour(table, chart.merged.lab, landmark.index);
-    add_row(table, chart.merged.device, landmark.index);
+    if (has_device) add_row(table, chart.merged.device, landmark.index);
   }
-  std::vector<std::string> lines = table.lines();
+  return table.lines();
+}
+
+// The spectra take the place of the device values where there is no room for both: paper and
+// solids have nothing but 0 and their full value.
+std::vector<std::string> landmark_table(const Chart& chart, const std::vector<std::size_t>& indices,
+                                        const Screen& screen) {
+  std::vector<std::string> table = landmark_table(chart, true);
+  if (!screen.has_blocks || chart.merged.spectra.empty()) return table;
+  const Graphs graphs = spectrum_graphs(chart.merged.spectra, indices);
+  const std::string title = wavelengths_title(chart);
+  if (add_graphs(table, title, graphs, width_of(screen))) return table;
+  std::vector<std::string> narrow = landmark_table(chart, false);
+  return add_graphs(narrow, title, graphs, width_of(screen)) ? narrow : table;
+}
+
+}  // namespace
+
+TableLines landmark_lines(const Chart& chart, std::size_t most_rows, const Screen& screen) {
+  if (chart.landmarks.empty()) return {};
+  std::vector<std::size_t> indices;
+  for (const Landmark& landmark : chart.landmarks) indices.push_back(landmark.index);
+  TableLines lines = coloured(landmark_table(chart, indices, screen), chart.merged.lab, indices);
   keep_rows(lines, most_rows);
   return lines;
 }
 
-std::vector<std::string> channel_lines(const Chart& chart, std::size_t most_rows) {
+TableLines channel_lines(const Chart& chart, std::size_t most_rows, const Screen& screen) {
   if (chart.channels.empty()) return {};
   TextTable table;
   table.add_column("channel", Align::left);
@@ -165,14 +214,25 @@ std::vector<std::string> channel_lines(const Chart& chart, std::size_t most_rows
                                   shortened(label_of(chart, *channel.solid), kLongName) + ")"
                             : "none");
   }
-  std::vector<std::string> lines = table.lines();
+  std::vector<std::string> titled = table.lines();
+  if (screen.has_blocks) {
+    add_graphs(titled, chart.is_rgb ? "L* of wedge" : "tone of wedge", wedge_graphs(chart),
+               width_of(screen));
+  }
+  TableLines lines;
+  for (std::string& line : titled) lines.push_back({std::move(line), {}});
+  for (std::size_t c = 0; c < chart.channels.size(); ++c) {
+    const auto& solid = chart.channels[c].solid;
+    if (solid) lines[c + 1].colour = colour_of(chart.merged.lab, *solid);
+  }
   keep_rows(lines, most_rows);
   return lines;
 }
 
-std::vector<std::string> patch_lines(const Chart& chart, std::size_t most_rows) {
+TableLines patch_lines(const Chart& chart, std::size_t most_rows, const Screen& screen) {
   if (chart.patch_count == 0) return {};
   const Shown shown(chart.patch_count, most_rows);
+  const std::vector<std::size_t> rows = shown.rows();
   const bool has_others = chart.lab.empty() || most_rows == kAllRows;
   TextTable table;
   table.add_column("patch", Align::right);
@@ -182,7 +242,7 @@ std::vector<std::string> patch_lines(const Chart& chart, std::size_t most_rows) 
   add_colour_columns(table, chart.lab);
   if (has_others) add_other_columns(table, chart);
   add_device_columns(table, chart);
-  shown.for_each([&](std::size_t patch) {
+  for (const std::size_t patch : rows) {
     table.add(std::to_string(patch));
     for (const Texts* texts : {&chart.ids, &chart.names, &chart.locations}) {
       if (!texts->empty()) table.add(name_cell((*texts)[patch]));
@@ -190,16 +250,22 @@ std::vector<std::string> patch_lines(const Chart& chart, std::size_t most_rows) 
     add_colour(table, chart.lab, patch);
     if (has_others) add_others(table, chart, patch);
     add_row(table, chart.device, patch);
-  });
-  std::vector<std::string> lines = table.lines();
+  }
+  std::vector<std::string> titled = table.lines();
+  if (screen.has_blocks && chart.landmarks.empty() && !chart.spectra.empty()) {
+    add_graphs(titled, wavelengths_title(chart), spectrum_graphs(chart.spectra, rows),
+               width_of(screen));
+  }
+  TableLines lines = coloured(std::move(titled), chart.lab, rows);
   shown.tell_gap(lines);
   return lines;
 }
 
-std::vector<std::string> merged_patch_lines(const Chart& chart, std::size_t most_rows) {
+TableLines merged_patch_lines(const Chart& chart, std::size_t most_rows) {
   const MergedPatches& merged = chart.merged;
   if (merged.count == 0) return {};
   const Shown shown(merged.count, most_rows);
+  const std::vector<std::size_t> rows = shown.rows();
   TextTable table;
   table.add_column("index", Align::right);
   table.add_column("patches", Align::left);
@@ -211,20 +277,20 @@ std::vector<std::string> merged_patch_lines(const Chart& chart, std::size_t most
       table.add_column(title, Align::right);
     }
   }
-  shown.for_each([&](std::size_t index) {
+  for (const std::size_t index : rows) {
     table.add(std::to_string(index));
     table.add(members_cell(chart, index));
     if (!merged.names.empty()) table.add(name_cell(merged.names[index]));
     add_colour(table, merged.lab, index);
     add_row(table, merged.device, index);
-    if (merged.repeats.empty()) return;
+    if (merged.repeats.empty()) continue;
     const Repeats& repeats = merged.repeats[index];
     const bool has_pairs = repeats.count > 1 && repeats.de_max.has_value();
     table.add(std::to_string(merged.patches_of(index).size()));
     table.add(has_pairs ? formatted("%.3f", repeats.de_mean) : "-");
     table.add(has_pairs ? formatted("%.3f", *repeats.de_max) : "-");
-  });
-  std::vector<std::string> lines = table.lines();
+  }
+  TableLines lines = coloured(table.lines(), merged.lab, rows);
   shown.tell_gap(lines);
   return lines;
 }
