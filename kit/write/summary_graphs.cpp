@@ -1,6 +1,6 @@
 #include "kit/write/summary_graphs.h"
 
-#include "kit/compare/tone_values.h"
+#include "kit/colour/tone_value.h"
 #include "kit/write/layout.h"
 #include "kit/write/printable_text.h"
 #include "kit/write/terminal_graphics.h"

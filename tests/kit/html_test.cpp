@@ -132,6 +132,8 @@ Chart display_chart() {
   chart.lab = chart.merged.lab = values_of(3, {100, 0, 0, 2, 0, 0});
   chart.channels = {
       {"Red", "RGB_R", {}, {}, {}}, {"Green", "RGB_G", {}, {}, {}}, {"Blue", "B", {}, {}, {}}};
+  chart.merged.members = {0, 1};
+  chart.merged.starts = {0, 1, 2};
   chart.paper_white = 1;
   chart.landmarks = {{LandmarkKind::white, "White", 0}, {LandmarkKind::black, "Black", 1}};
   return chart;

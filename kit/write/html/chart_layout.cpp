@@ -82,7 +82,7 @@ std::optional<ChartLayout> layout_by(const std::vector<Place>& places) {
   const std::size_t cells = letters.size() * numbers.size();
   if (cells > (1 + kMostEmpty) * places.size()) return std::nullopt;
   // Ids like P1 to P999 are no places.
-  const auto [shorter, longer] = std::minmax(letters.size(), numbers.size());
+  const auto [shorter, longer] = std::minmax({letters.size(), numbers.size()});
   if (longer > kMostStrip && longer > kMostElongation * shorter) return std::nullopt;
   ChartLayout layout;
   layout.letters_go_across = letters.size() >= numbers.size();
