@@ -55,9 +55,8 @@ void draw_outline(Plot& plot, const View& chart) {
 }
 
 std::string hue_plot(const View& chart, Views charts, const ColourAxes& axes) {
-  // The margins leave a square.
   const double width = half_width(charts);
-  Plot plot({width, width + 16.0}, {axes.a, "a*"}, {axes.b, "b*"}, "a* and b* of " + chart.name);
+  Plot plot(square_plot(width), {axes.a, "a*"}, {axes.b, "b*"}, "a* and b* of " + chart.name);
   draw_opponent_lines(plot, axes);
   draw_patches(plot, chart, Naming::labels,
                [](const Triple& lab) { return std::pair(lab[1], lab[2]); });
@@ -67,7 +66,7 @@ std::string hue_plot(const View& chart, Views charts, const ColourAxes& axes) {
 
 std::string chroma_plot(const View& chart, Views charts, const ColourAxes& axes) {
   const double width = half_width(charts);
-  Plot plot({width, width + 16.0}, {axes.chroma, "C*<tspan class=\"sub\" dy=\"3\">ab</tspan>"},
+  Plot plot(square_plot(width), {axes.chroma, "C*<tspan class=\"sub\" dy=\"3\">ab</tspan>"},
             {axes.lightness, "L*"}, "Lightness L* over chroma C* of " + chart.name);
   const bool is_named = chart.patches.size() <= kFewDots;
   draw_patches(plot, chart, is_named ? Naming::labels : Naming::none,

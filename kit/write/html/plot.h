@@ -13,8 +13,16 @@ namespace measkit::html {
 struct PlotSize {
   double width, height;
   double right_margin = 16.0;
-  double left_margin = 44.0, top_margin = 30.0, bottom_margin = 46.0;  ///< for ticks and titles
+  double left_margin = 52.0, top_margin = 30.0, bottom_margin = 46.0;  ///< for ticks and titles
 };
+
+/// The size of a plot whose ground is a square.
+inline PlotSize square_plot(double width) {
+  PlotSize size = {width, 0.0};
+  size.height =
+      width - size.left_margin - size.right_margin + size.top_margin + size.bottom_margin;
+  return size;
+}
 
 /// An axis and its title, which may hold markup of SVG.
 struct TitledAxis {

@@ -15,6 +15,7 @@ constexpr std::string_view kStyle = R"(.verdict { margin-bottom: 14px; font-size
 .patch-table { max-height: 560px; border: 1px solid var(--line); }
 .patch-table thead th { position: sticky; top: 0; background: var(--page); }
 .compact { font-size: 13px; }
+.compact caption { padding: 4px 10px 0; }
 .compact th, .compact td { padding: 3px 10px; white-space: nowrap; overflow-wrap: normal; }
 .compact td { text-align: right; }
 .compact th.number, .compact td.number { padding: 3px 10px; }
@@ -50,6 +51,10 @@ constexpr std::string_view kStyle = R"(.verdict { margin-bottom: 14px; font-size
 .few .casing { stroke-width: 4; }
 .some .casing { stroke-width: 2.6; }
 .many .casing { stroke-width: 1.6; }
+@media (max-width: 640px) {
+  .placed.large span { display: none; }
+  .placed.large { gap: 2px; padding: 8px; }
+}
 @media print {
   .swatches, .scroll, .legend, .wide, .badges, .key-figures { break-inside: avoid; }
   .patch-table, .scroll:has(.sortable) { max-height: none; overflow: visible; break-inside: auto; }
@@ -125,9 +130,6 @@ const std::string_view kReportScript =
     count.textContent = words.length ? shown + " of " + rows.length : "";
   };
 }
-const folded = () => document.querySelectorAll("details:not([open])");
-addEventListener("beforeprint", () => { for (const one of folded()) { one.open = true; one.dataset.folded = ""; } });
-addEventListener("afterprint", () => { for (const one of document.querySelectorAll("[data-folded]")) one.open = false; });
 )js";
 
 }  // namespace measkit::html

@@ -11,7 +11,7 @@ namespace measkit::html {
 /// The rules of a report whose largest choice of spectra has so many groups.
 std::string report_style(std::size_t groups);
 
-/// Sorts and filters tables and opens what is folded for print. The page works without it.
+/// Sorts and filters tables. The page works without it.
 extern const std::string_view kReportScript;
 
 }  // namespace measkit::html

@@ -106,7 +106,7 @@ figure { margin: 0; }
 
 .colour {
   display: inline-block; width: 14px; height: 14px; margin-right: 8px; border-radius: 2px;
-  box-shadow: inset 0 0 0 1px #0003; vertical-align: -2px;
+  box-shadow: 0 0 0 1px #8888; vertical-align: -2px;
 }
 .unknown {
   background: repeating-linear-gradient(45deg, var(--grid) 0 3px, var(--ground) 3px 6px);
@@ -121,10 +121,10 @@ figure { margin: 0; }
 .medium { --side: 30px; }
 .small { --side: 17px; gap: 1px; }
 .tiny { --side: 11px; gap: 1px; }
-.large li { display: flex; align-items: flex-end; }
+.large li { display: flex; align-items: flex-end; aspect-ratio: auto; min-height: var(--side); }
 .large span {
   max-width: 100%; padding: 1px 5px; background: #4a4a4a; color: #fff; font-size: 11px;
-  line-height: 1.3; overflow: hidden; white-space: nowrap; text-overflow: ellipsis;
+  line-height: 1.3; overflow-wrap: anywhere;
 }
 
 .plot { display: block; width: 100%; height: auto; }
@@ -145,7 +145,7 @@ figure { margin: 0; }
 .dots circle { r: var(--radius); }
 .dots circle:hover { stroke: var(--text); stroke-opacity: 1; stroke-width: 2; }
 .wedge { fill: none; stroke-width: 2.5; stroke-linejoin: round; }
-.key { stroke: var(--zero); stroke-width: 0.6; }
+.key { stroke: var(--soft); stroke-width: 1; }
 .bars { fill: var(--bar); }
 
 table { align-self: start; width: 100%; border-collapse: collapse; font-size: 14px; }
@@ -174,6 +174,7 @@ details[open] summary { margin-bottom: 8px; }
   body { padding: 20px 16px; }
   h1 { font-size: 26px; }
   .plot text { font-size: 17px; }
+  .plot .sub { font-size: 13px; }
   .wide { overflow-x: auto; }
   .wide .plot { min-width: 620px; }
   .wide text { font-size: 21px; }
@@ -182,6 +183,7 @@ details[open] summary { margin-bottom: 8px; }
   @page { margin: 14mm; }
   body { max-width: none; padding: 0; background: none; font-size: 10pt; }
   nav { display: none; }
+  details::details-content { content-visibility: visible; block-size: auto; }
   figure, tr, .landmarks, .messages, .findings li { break-inside: avoid; }
   h2, h3, .note { break-after: avoid; }
   section { margin-top: 16px; padding-top: 14px; }

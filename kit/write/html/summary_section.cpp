@@ -119,7 +119,9 @@ std::string failure_of(const View& chart) {
 }  // namespace
 
 Section summary_section(Views charts) {
-  std::string html = "<section id=\"summary\" aria-label=\"Summary\">\n<div class=\"row\">\n";
+  std::string html = "<section id=\"summary\" aria-label=\"Summary\">\n";
+  if (charts.size() > 1) html += "<h2>Summary</h2>\n";  // the charts have headings below it
+  html += "<div class=\"row\">\n";
   for (const View& chart : charts) {
     html += "<div class=\"cell\">\n" + chart_heading(charts, chart);
     if (charts.size() > 1 && !chart.title.empty()) {

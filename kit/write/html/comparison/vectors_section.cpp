@@ -102,11 +102,11 @@ void draw_vectors(Plot& plot, const SampleView& sample, const VectorScales& scal
 std::string vectors_of(const SampleView& sample, const VectorScales& scales) {
   if (sample.worst.empty()) return "";
   const double width = scales.width;
-  Plot hue({width, width + 16.0}, {scales.axes.a, "a*"}, {scales.axes.b, "b*"},
+  Plot hue(square_plot(width), {scales.axes.a, "a*"}, {scales.axes.b, "b*"},
            "Differences in a* and b* of " + sample.name);
   draw_opponent_lines(hue, scales.axes);
   draw_vectors(hue, sample, scales, hue_point);
-  Plot chroma({width, width + 16.0},
+  Plot chroma(square_plot(width),
               {scales.axes.chroma, "C*<tspan class=\"sub\" dy=\"3\">ab</tspan>"},
               {scales.axes.lightness, "L*"}, "Differences in C* and L* of " + sample.name);
   draw_vectors(chroma, sample, scales, chroma_point);

@@ -138,7 +138,9 @@ std::string content_of(const SampleView& sample, std::size_t samples) {
 }  // namespace
 
 Section verdict_section(SampleViews samples) {
-  std::string html = "<section id=\"summary\" aria-label=\"Summary\">\n<div class=\"row\">\n";
+  std::string html = "<section id=\"summary\" aria-label=\"Summary\">\n";
+  if (samples.size() > 1) html += "<h2>Summary</h2>\n";  // the samples have headings below it
+  html += "<div class=\"row\">\n";
   for (const SampleView& sample : samples) {
     html += "<div class=\"cell\">\n" + sample_heading(samples, sample) +
             content_of(sample, samples.size()) + "</div>\n";
