@@ -5,6 +5,8 @@ from typing import Iterable, Sequence
 
 Row = Sequence[object]
 BANDS = [f"SPECTRAL_NM{380 + 10 * band}" for band in range(36)]
+COMPARISONS = {"compared": ("reference", "sample"), "compared-equal": ("odd-names", "odd-names"),
+               "compared-three": ("reference", "sample", "transmittance")}
 CMYK = [f"CMYK_{ink}" for ink in "CMYK"]
 
 
@@ -53,7 +55,7 @@ def display() -> str:
 
 
 def odd_names() -> str:
-    names = ["<script>alert(1)</script>", "&amp;&lt;b&gt;", "Unbreakable" * 12, "a 'b' `c` </style>", "x"]
+    names = ["<script>alert(1)</script>", "&amp;&lt;b&gt;", "Unbreakable" * 12, "a 'b' `c` </style>"]
     return chart(["SAMPLE_ID", "SAMPLE_NAME", *CMYK, "LAB_L", "LAB_A", "LAB_B"],
                  ([row, f'"{name}"', row * 20, 0, 0, 0, *lab(row)] for row, name in enumerate(names)),
                  f'DESCRIPTOR\t"<i>{"Endless" * 30}</i>"\nINSTRUMENTATION\t"{"Word" * 40}"')
@@ -64,7 +66,8 @@ def write(folder: pathlib.Path, examples: pathlib.Path) -> dict[str, list[pathli
     grey = (str(0.2 + 0.001 * band) for band in range(36))
     texts = {
         "grey": chart(["SAMPLE_ID", "GRAY", *BANDS], ([step, step, *(
-            f"{0.26 - step * 0.001 + band * 0.0002:.4f}" for band in range(36))] for step in range(0, 101, 10))),
+            f"{0.26 - step * 0.001 + band * 0.0002:.4f}" for band in range(36))]
+            for step in range(0, 101, 10))),
         "device-only": chart(["SAMPLE_ID", *CMYK], ([row, *mixed(row, 4, 3)] for row in range(81))),
         "one-patch": chart(["SAMPLE_ID", "GRAY", *BANDS], [["A1", 50, *grey]]),
         "one-repeated": chart(["SAMPLE_ID", "GRAY", "LAB_L", "LAB_A", "LAB_B"],
@@ -81,7 +84,8 @@ def write(folder: pathlib.Path, examples: pathlib.Path) -> dict[str, list[pathli
     for name, text in texts.items():
         (folder / f"{name}.txt").write_text(text, encoding="utf-8")
     pages = {name: [folder / f"{name}.txt"] for name in texts if name not in ("sample", "reference")}
-    pages.update((path.stem, [path]) for path in sorted(examples.iterdir()) if path.suffix in (".txt", ".csv"))
+    pages.update((path.stem, [path]) for path in sorted(examples.iterdir())
+                 if path.suffix in (".txt", ".csv"))
     pages["six"] = [folder / f"{name}.txt" for name in
                     ("rgb-260", "grey", "seven-inks", "odd-names", "unreadable", "transmittance")]
     return pages

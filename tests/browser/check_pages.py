@@ -87,7 +87,8 @@ def told_events(page: chromium.Page, path: pathlib.Path) -> Iterable[Fault]:
             yield "console", told["type"], str([part.get("value") for part in told["args"]])
         elif event["method"] == "Runtime.exceptionThrown":
             details = told["exceptionDetails"]
-            yield "console", "exception", str(details.get("exception", {}).get("description", details["text"]))
+            thrown = details.get("exception", {})
+            yield "console", "exception", str(thrown.get("description", details["text"]))
         elif event["method"] == "Log.entryAdded":
             yield "console", told["entry"]["source"], told["entry"]["text"]
         elif event["method"] == "Network.requestWillBeSent":
@@ -109,7 +110,7 @@ def check_keyboard(page: chromium.Page) -> list[Any]:
     start = run(page, "keyboard")
     for _ in range(start["count"] + 3):  # scrollable regions and the page itself may come along
         page.press("Tab", 9)
-        run(page, "focused")
+        start["faults"] += run(page, "focused")
     return [*start["faults"], *run(page, "unreached")]
 
 
@@ -243,9 +244,11 @@ def make_pages(tools: pathlib.Path, folder: pathlib.Path) -> dict[str, pathlib.P
         pages[name] = folder / f"{name}.html"
         subprocess.run([tools / "measreport", "-o", pages[name], *files], check=False,
                        capture_output=True)
-    pages["compared"] = folder / "compared.html"
-    subprocess.run([tools / "meascompare", "-o", pages["compared"], folder / "reference.txt",
-                    folder / "sample.txt"], check=False, capture_output=True)
+    for name, compared in charts.COMPARISONS.items():
+        pages[name] = folder / f"{name}.html"
+        files = [folder / f"{chart}.txt" for chart in compared]
+        subprocess.run([tools / "meascompare", "-o", pages[name], *files], check=False,
+                       capture_output=True)
     return pages
 
 
@@ -254,6 +257,10 @@ def check_pages(browser: chromium.Browser, tools: pathlib.Path, folder: pathlib.
     faults = 0
     for name, path in make_pages(tools, folder).items():
         if wanted and name not in wanted:
+            continue
+        if not path.exists():
+            report(name, {("page", "page", "was not written"): ["any"]})
+            faults += 1
             continue
         found = check(browser, path)
         size = path.stat().st_size

@@ -5,6 +5,7 @@ const pageChecks = (() => {
   const kInteractive = "a[href], button, input:not([type=hidden]), select, textarea, summary, [tabindex]";
   const kControls = "button, input, select, textarea, label, output, [aria-live], [role=status]";
   const kLongLabel = 16;  // characters; longer names may end in an ellipsis if a title tells all
+  const kSmallest = 8;  // CSS pixels of a text as shown
   const all = (selector) => [...document.querySelectorAll(selector)];
   const short = (text) => text.trim().replace(/\s+/g, " ").slice(0, 60);
 
@@ -25,22 +26,36 @@ const pageChecks = (() => {
       element.checkVisibility({ opacityProperty: true, visibilityProperty: true });
   }
 
-  // The part of a box that the elements around it let show, or null.
-  function shown(box, element) {
-    let { left, top, right, bottom } = box;
-    for (let at = element; at && at !== document.body; at = at.parentElement) {
-      if (at instanceof SVGElement && at.localName !== "svg") continue;
-      const style = getComputedStyle(at);
-      if (style.overflowX === "visible" && style.overflowY === "visible") continue;
-      const around = at.getBoundingClientRect();
-      [left, right] = [Math.max(left, around.left), Math.min(right, around.right)];
-      [top, bottom] = [Math.max(top, around.top), Math.min(bottom, around.bottom)];
+  // The box that the elements around an element let show; kept until the layout changes.
+  const frames = new Map();
+  const kWholePage = { left: -1e9, top: -1e9, right: 1e9, bottom: 1e9 };
+  function frameOf(element) {
+    if (!element || element === document.body) return kWholePage;
+    if (!frames.has(element)) {
+      let { left, top, right, bottom } = frameOf(element.parentElement);
+      const style = getComputedStyle(element);
+      const inPicture = element instanceof SVGElement && element.localName !== "svg";
+      if (!inPicture && (style.overflowX !== "visible" || style.overflowY !== "visible")) {
+        const around = element.getBoundingClientRect();
+        [left, right] = [Math.max(left, around.left), Math.min(right, around.right)];
+        [top, bottom] = [Math.max(top, around.top), Math.min(bottom, around.bottom)];
+      }
+      frames.set(element, { left, top, right, bottom });
     }
+    return frames.get(element);
+  }
+
+  // The part of a box that shows, or null.
+  function shown(box, element) {
+    const frame = frameOf(element);
+    const [left, right] = [Math.max(box.left, frame.left), Math.min(box.right, frame.right)];
+    const [top, bottom] = [Math.max(box.top, frame.top), Math.min(box.bottom, frame.bottom)];
     return right - left > 1 && bottom - top > 1 ? { left, top, right, bottom } : null;
   }
 
   // Every text node that shows: its element, its text and the boxes of its lines.
   function textLeaves(root = document.body) {
+    frames.clear();
     const walker = document.createTreeWalker(root, NodeFilter.SHOW_TEXT);
     const leaves = [];
     const range = document.createRange();
@@ -86,7 +101,7 @@ const pageChecks = (() => {
       const toldInFull = style.textOverflow === "ellipsis" && !high && text.length > kLongLabel &&
         element.closest("[title]")?.title.includes(text);
       if ((wide || high) && text && !toldInFull) {
-        faults.push(["cut", path(element), `"${short(element.textContent)}" needs ${element.scrollWidth} x ` +
+        faults.push(["cut", path(element), `"${short(text)}" needs ${element.scrollWidth} x ` +
           `${element.scrollHeight}, has ${element.clientWidth} x ${element.clientHeight}`]);
       }
     }
@@ -97,7 +112,8 @@ const pageChecks = (() => {
       const frame = picture.getBoundingClientRect();
       const beyond = Math.max(frame.left - box.left, box.right - frame.right, frame.top - box.top,
         box.bottom - frame.bottom);
-      if (beyond > 1) faults.push(["cut", path(element), `"${text}" is ${beyond.toFixed(0)} px outside of its picture`]);
+      const what = `"${text}" is ${beyond.toFixed(0)} px outside of its picture`;
+      if (beyond > 1) faults.push(["cut", path(element), what]);
     }
     return faults;
   }
@@ -109,8 +125,10 @@ const pageChecks = (() => {
       const box = shown(element.getBoundingClientRect(), element.parentElement);
       return box && box.right > width + 0.5;
     });
-    const last = wide.filter((element) => !wide.some((other) => other !== element && element.contains(other)));
-    return [["sideways", last.length ? path(last[0]) : "body", `the page is ${document.scrollingElement.scrollWidth} px wide`]];
+    const holds = (element, other) => other !== element && element.contains(other);
+    const innermost = wide.find((element) => !wide.some((other) => holds(element, other)));
+    const what = `the page is ${document.scrollingElement.scrollWidth} px wide`;
+    return [["sideways", innermost ? path(innermost) : "body", what]];
   }
 
   // Colours as [red, green, blue, alpha], each from 0 to 1, whatever CSS calls them.
@@ -199,13 +217,16 @@ const pageChecks = (() => {
       const ink = colour(inPicture ? style.fill : style.color).slice();
       ink[3] *= opacity(element);
       const halo = inPicture && style.stroke !== "none" && style.paintOrder.startsWith("stroke");
-      const under = halo ? [colour(style.stroke)] : inPicture ? groundsInPicture(element, boxes[0]) : groundsOf(element);
-      const scale = inPicture ? Math.hypot(element.getScreenCTM().a, element.getScreenCTM().b) : 1;
+      const behind = inPicture ? groundsInPicture(element, boxes[0]) : groundsOf(element);
+      const under = halo ? [colour(style.stroke)] : behind;
+      const turned = inPicture && element.getScreenCTM();
+      const scale = turned ? Math.hypot(turned.a, turned.b) : 1;
       const size = parseFloat(style.fontSize) * scale;
       const needed = size >= 24 || (size >= 18.66 && style.fontWeight >= 700) ? 3 : 4.5;
       const lowest = Math.min(...under.map((ground) => ratio(over(ink, ground), ground)));
-      if (lowest < needed - 0.005) faults.push(["contrast", path(element), `${lowest.toFixed(2)}:1 "${text}"`]);
-      if (size < 8) faults.push(["small", path(element), `${size.toFixed(1)} px "${text}"`]);
+      const low = lowest < needed - 0.005;
+      if (low) faults.push(["contrast", path(element), `${lowest.toFixed(2)}:1 "${text}"`]);
+      if (size < kSmallest) faults.push(["small", path(element), `${size.toFixed(1)} px "${text}"`]);
     }
     return faults;
   }
@@ -221,7 +242,8 @@ const pageChecks = (() => {
   function isNamed(element) {
     const texts = (element.getAttribute("aria-labelledby") || "").split(" ").filter(Boolean)
       .map((id) => document.getElementById(id)?.textContent);
-    texts.push(element.getAttribute("aria-label"), element.title, ...[...(element.labels || [])].map((l) => l.textContent));
+    texts.push(element.getAttribute("aria-label"), element.title, element.alt);
+    for (const label of element.labels || []) texts.push(label.textContent);
     if (element instanceof SVGElement) texts.push(element.querySelector(":scope > title")?.textContent);
     else texts.push(element.textContent);
     return texts.some((text) => typeof text === "string" && text.trim());
@@ -249,7 +271,8 @@ const pageChecks = (() => {
     let level = 0;
     for (const heading of all("h1, h2, h3, h4, h5, h6")) {
       const own = Number(heading.localName[1]);
-      if (own > level + 1) report("headings", heading, `h${own} after h${level} "${short(heading.textContent)}"`);
+      const what = `h${own} after h${level} "${short(heading.textContent)}"`;
+      if (own > level + 1) report("headings", heading, what);
       level = own;
     }
     for (const table of all("table")) {
@@ -258,11 +281,13 @@ const pageChecks = (() => {
         report("tables", table, "has no caption and not a scope in each th");
       }
     }
-    for (const element of all("svg, img, [role=img], a[href], button, input:not([type=hidden]), select, textarea, summary")) {
-      if (element.closest("svg svg")) continue;
-      if (!element.closest("[aria-hidden=true]") && !isNamed(element)) report("names", element, "has no name");
+    const named = kInteractive.replace(", [tabindex]", ", svg, img, [role=img]");
+    for (const element of all(named)) {
+      const matters = !element.closest("[aria-hidden=true], svg svg, img[alt='']");
+      if (matters && !isNamed(element)) report("names", element, "has no name");
     }
-    if (!document.documentElement.lang || !document.title.trim()) report("names", document.body, "no language or no title");
+    const told = document.documentElement.lang && document.title.trim();
+    if (!told) report("names", document.body, "no language or no title");
     return faults;
   }
 
@@ -286,12 +311,14 @@ const pageChecks = (() => {
         faults.push(["keyboard", path(element), "scrolls but takes no focus"]);
       }
       if (style.cursor === "pointer" && !element.closest(kInteractive + ", label")) {
-        faults.push(["keyboard", path(element), `looks like a control but is none "${short(element.textContent)}"`]);
+        const what = `looks like a control but is none "${short(element.textContent)}"`;
+        faults.push(["keyboard", path(element), what]);
       }
     }
     const radios = new Set();
     const reachable = all(kInteractive).filter((element) => {
-      if (!isVisible(element) || element.disabled || element.getAttribute("tabindex") === "-1") return false;
+      const left = element.disabled || element.getAttribute("tabindex") === "-1";
+      if (left || !isVisible(element)) return false;
       const group = element.type === "radio" && element.name;
       return !group || (!radios.has(group) && radios.add(group));
     });
@@ -299,7 +326,15 @@ const pageChecks = (() => {
     document.activeElement?.blur();
     return { faults, count: reachable.length };
   }
-  const focused = () => { const at = document.activeElement; if (at) at.pageChecksWaits = false; };
+  // Notes what the last Tab reached; its focus must show by an outline or a shadow.
+  function focused() {
+    const at = document.activeElement;
+    if (!at || at === document.body) return [];
+    at.pageChecksWaits = false;
+    const style = getComputedStyle(at);
+    const shows = style.outlineStyle !== "none" || style.boxShadow !== "none";
+    return shows ? [] : [["keyboard", path(at), `focus does not show "${short(at.textContent)}"`]];
+  }
   const unreached = () => all("*").filter((element) => element.pageChecksWaits)
     .map((element) => ["keyboard", path(element), `Tab does not reach "${short(element.textContent)}"`]);
 
@@ -313,7 +348,9 @@ const pageChecks = (() => {
     for (const element of all("input[type=search], input[type=text], input:not([type])")) {
       ["zz\\(<", "1", ""].forEach((text) => type(element, text));
     }
-    for (const element of all("select")) [...element.options].forEach((option) => type(element, option.value));
+    for (const element of all("select")) {
+      [...element.options].forEach((option) => type(element, option.value));
+    }
   }
 
   // The texts of main, and which of them are not in controls.
@@ -328,13 +365,15 @@ const pageChecks = (() => {
     const add = (element, kind, what) => {
       const mark = document.createElement("span");
       mark.textContent = `qz${marks.length}zq`;
-      mark.style.cssText = "font: 2px sans-serif; color: #777; position: " +
+      mark.style.cssText = "font: 2px sans-serif; color: #777; white-space: nowrap; position: " +
         (kind === "heading" ? "static" : "absolute");  // on the baseline, or out of the way
       element.append(mark);
       marks.push({ word: mark.textContent, kind, where: path(element), what });
     };
-    for (const heading of all("h1, h2, h3").filter(isVisible)) add(heading, "heading", short(heading.textContent));
-    for (const details of all("details:not([open])").filter(isVisible)) add(details, "details", short(details.textContent));
+    const addAll = (selector, kind) =>
+      all(selector).filter(isVisible).forEach((element) => add(element, kind, short(element.textContent)));
+    addAll("h1, h2, h3", "heading");
+    addAll("details:not([open])", "details");
     for (const grid of all("body *").filter((element) => getComputedStyle(element).display === "grid")) {
       const cells = [...grid.children].filter(isVisible);
       const painted = (cell) => colour(getComputedStyle(cell).backgroundColor)[3] > 0;

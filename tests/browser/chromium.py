@@ -19,7 +19,7 @@ PROGRAMS = ("chromium", "chromium-browser", "google-chrome")
 FLAGS = ("--headless", "--remote-debugging-pipe", "--no-sandbox", "--disable-gpu", "--disable-quic",
          "--no-first-run", "--disable-background-networking", "--disable-component-update",
          "--disable-sync", "--disable-extensions", "--disable-dev-shm-usage")
-TIMEOUT = 120.0  # seconds until a command or an event is missed
+TIMEOUT = 300.0  # seconds until a command or an event is missed
 
 Message = dict[str, Any]
 

@@ -8,11 +8,12 @@ body { font: 16px/1.5 sans-serif; background: #fff; color: #222 }
 @keyframes turn { to { rotate: 360deg } }
 @media screen { #wide { width: 2000px } }
 .cells { display: grid; grid-template-columns: repeat(4, 1fr) } .cells i { height: 150px; background: #abc }
-.cells i::after { content: "" }</style></head><body><main><h1>Title</h1>"""
+.thin { width: 50px; white-space: nowrap }</style></head><body><main><h1>Title</h1>"""
 CLEAN = """<p>Text</p><details open><summary>More</summary><p>Inside</p></details><button>Press</button>
-<svg role="img" aria-label="two" viewBox="0 0 300 60" style="width: 300px"><rect width="300" height="60" fill="#222"/>
+<svg role="img" aria-label="two" viewBox="0 0 300 60" width="300"><rect width="300" height="60"/>
 <text x="9" y="30" fill="#fff">one</text><text x="99" y="30" fill="#fff">two</text></svg>"""
-PICTURE = '<svg id="%s" role="img" aria-label="p" viewBox="0 0 200 60" style="width: 200px">%s</svg>'
+PICTURE = '<svg id="%s" role="img" aria-label="p" viewBox="0 0 200 60" width="200">%s</svg>'
+PAGE = '<div style="break-before: page"></div>'
 # What is planted, the check that tells it, and what it says.
 FAULTS = [
     ('<script>console.log("chatter")</script>', "console", "chatter"),
@@ -21,12 +22,12 @@ FAULTS = [
     ('<img src="http://127.0.0.1:9/asked.png" alt="">', "network", "asked.png"),
     (PICTURE % ("o", '<text y="30">first</text><text x="9" y="33">second</text>'), "overlap", "first"),
     ('<p id="under">under</p><p style="margin-top: -2.4em">above</p>', "overlap", "under"),
-    ('<div id="cut" style="width: 50px; overflow: hidden; white-space: nowrap">much too long</div>', "cut", "cut"),
+    ('<div id="cut" class="thin" style="overflow: hidden">much too long</div>', "cut", "cut"),
     (PICTURE % ("beyond", '<text x="180" y="30">beyond</text>'), "cut", "beyond"),
     ('<div id="wide">wide</div>', "sideways", "wide"),
     ('<p id="pale" style="color: #999">pale</p>', "contrast", "pale"),
     ('<p id="faint" style="opacity: 0.4">faint</p>', "contrast", "faint"),
-    (PICTURE % ("dark", '<rect width="200" height="60"/><text x="9" y="30" fill="#444">dim</text>'), "contrast", "dim"),
+    (PICTURE % ("d", '<rect width="99" height="60"/><text y="30" fill="#444">dim</text>'), "contrast", "dim"),
     ('<p style="font-size: 6px">tiny</p>', "small", "tiny"),
     ('<p id="twice">a</p><p id="twice">b</p>', "ids", "twice"),
     ('<a href="#nowhere">link</a>', "targets", "nowhere"),
@@ -39,14 +40,15 @@ FAULTS = [
     ('<p id="turning" style="animation: turn 9s infinite">x</p>', "motion", "turning"),
     ('<div inert><button>unreached</button></div>', "keyboard", "unreached"),
     ('<button tabindex="3" id="third">x</button>', "keyboard", "third"),
-    ('<div id="scrolls" style="width: 50px; overflow: auto; white-space: nowrap">much too long</div>', "keyboard", "scrolls"),
+    ('<div id="scrolls" class="thin" style="overflow: auto">much too long</div>', "keyboard", "scrolls"),
+    ('<button style="outline: none">unseen</button>', "keyboard", "unseen"),
     ('<p id="pointed" style="cursor: pointer">x</p>', "keyboard", "pointed"),
     ('<script>document.write("<p>made by script</p>")</script>', "scripts", "made by script"),
-    ('<p id="gone">gone</p><script>gone.remove()</script>', "scripts", "only there without scripts, 1 times: 'gone'"),
+    ('<p id="gone">gone</p><script>gone.remove()</script>', "scripts", "1 times: 'gone'"),
     ('<details id="closed"><summary>s</summary>unseen</details>', "print", "details does not show"),
-    ('<div style="break-before: page"></div><h2 id="last">Last</h2><div style="break-before: page"></div>', "print", "ends page"),
-    ('<div style="height: 900px; break-before: page">x</div><div class="cells">' + "<i></i>" * 12 + "</div>", "print", "grid of"),
-    ('<div style="break-before: page; height: 9px"></div><div style="break-before: page">x</div>', "print", "is empty"),
+    (PAGE + "<h2>Last</h2>" + PAGE, "print", "ends page"),
+    (f'{PAGE}<p style="height: 900px">x</p><div class="cells">{"<i></i>" * 12}</div>', "print", "grid of"),
+    (PAGE + '<div style="height: 9px"></div>' + PAGE + "x", "print", "is empty"),
 ]
 
 
