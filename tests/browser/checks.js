@@ -54,7 +54,7 @@ const pageChecks = (() => {
   }
 
   // Every text node that shows: its element, its text and the boxes of its lines.
-  function textLeaves(root = document.body) {
+  function textLeaves(root = document.body, evenScrolledAway = false) {
     frames.clear();
     const walker = document.createTreeWalker(root, NodeFilter.SHOW_TEXT);
     const leaves = [];
@@ -65,7 +65,7 @@ const pageChecks = (() => {
       if (!isVisible(element)) continue;
       range.selectNodeContents(node);
       const boxes = [...range.getClientRects()].filter((box) => box.width > 1)
-        .map((box) => shown(box, element)).filter(Boolean);
+        .map((box) => evenScrolledAway ? box : shown(box, element)).filter(Boolean);
       if (boxes.length) leaves.push({ element, text: short(node.data), whole: node.data, boxes });
     }
     return leaves;
@@ -355,7 +355,7 @@ const pageChecks = (() => {
 
   // The texts of main, and which of them are not in controls.
   function texts() {
-    const leaves = textLeaves(document.querySelector("main") || document.body);
+    const leaves = textLeaves(document.querySelector("main") || document.body, true);
     return leaves.map((leaf) => [leaf.text, Boolean(leaf.element.closest(kControls))]);
   }
 
