@@ -25,8 +25,9 @@ std::string framed_page(const PageHead& head, std::span<const Section> sections)
       "<meta name=\"color-scheme\" content=\"light dark\"/>\n"
       "<title>" +
       head.title + "</title>\n<style>\n" + std::string(kStyle) + std::string(head.style) +
-      "</style>\n</head>\n<body style=\"--charts:" + std::to_string(head.columns) + "\">\n" +
-      head.header + navigation_of(sections) + "</header>\n<main>\n";
+      "</style>\n</head>\n<body style=\"--charts:" + std::to_string(head.columns) +
+      "; --least:" + (head.columns > 4 ? "250px" : "300px") + "\">\n" + head.header +
+      navigation_of(sections) + "</header>\n<main>\n";
   for (const Section& section : sections) html += section.html;
   html += std::string("</main>\n<footer>measdata ") + parser_version() + "</footer>\n";
   if (!head.script.empty()) html += "<script>\n" + std::string(head.script) + "</script>\n";

@@ -144,8 +144,8 @@ std::string table_of(const View& chart, Views charts) {
       "<div class=\"patch-table scroll\" tabindex=\"0\" role=\"region\" aria-label=\"Table of the "
       "patches of " +
       chart.name + "\">\n<table class=\"compact sortable\">\n<caption>" + grouped(rows) +
-      (rows == 1 ? " patch" : " patches") + "</caption>\n" + head_of(chart, columns) +
-      "<tbody>\n" + rows_of(*chart.chart, columns, rows) + "</tbody>\n</table>\n</div>\n";
+      (rows == 1 ? " patch" : " patches") + "</caption>\n" + head_of(chart, columns) + "<tbody>\n" +
+      rows_of(*chart.chart, columns, rows) + "</tbody>\n</table>\n</div>\n";
   if (rows < chart.patch_count) {
     html += "<p class=\"note\">The first " + grouped(rows) + " of " + grouped(chart.patch_count) +
             " patches. The command measinfo --json prints all of them.</p>\n";

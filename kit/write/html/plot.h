@@ -19,8 +19,7 @@ struct PlotSize {
 /// The size of a plot whose ground is a square.
 inline PlotSize square_plot(double width) {
   PlotSize size = {width, 0.0};
-  size.height =
-      width - size.left_margin - size.right_margin + size.top_margin + size.bottom_margin;
+  size.height = width - size.left_margin - size.right_margin + size.top_margin + size.bottom_margin;
   return size;
 }
 

@@ -44,7 +44,7 @@ section { margin-top: 28px; padding-top: 24px; border-top: 1px solid var(--line)
 footer { margin-top: 48px; color: var(--soft); font-size: 13px; }
 .row {
   display: grid; gap: 32px;
-  grid-template-columns: repeat(auto-fit, minmax(min(100%, 300px), 1fr));
+  grid-template-columns: repeat(auto-fit, minmax(min(100%, var(--least)), 1fr));
 }
 .cell { min-width: 0; container-type: inline-size; }
 .letter {

@@ -162,9 +162,12 @@ std::string table_of(const View& chart) {
 
 std::string tones_of(const View& chart, Views charts, const Axis& increases) {
   if (chart.figures.curves.empty()) return "";
+  const std::string table = table_of(chart);
   return "<div class=\"figures\">\n" + plot_of(chart, charts, Kind::reflectance, increases) +
          plot_of(chart, charts, Kind::spot, increases) + "</div>\n" + legend_of(chart) +
-         table_of(chart);
+         (charts.size() == 1
+              ? table
+              : "<details>\n<summary>Tone values</summary>\n" + table + "</details>\n");
 }
 
 }  // namespace
