@@ -63,8 +63,10 @@ void gather_landmarks(Chart& chart) {
     gather_rgb_landmarks(chart);
     return;
   }
-  if (chart.paper_white)
-    chart.landmarks.push_back({LandmarkKind::white, "Paper", *chart.paper_white});
+  if (chart.paper_white) {
+    const char* const name = chart.quantity == Quantity::transmittance ? "Film" : "Paper";
+    chart.landmarks.push_back({LandmarkKind::white, name, *chart.paper_white});
+  }
   for (const Channel& channel : chart.channels) {
     if (channel.solid)
       chart.landmarks.push_back({LandmarkKind::solid, channel.name, *channel.solid});

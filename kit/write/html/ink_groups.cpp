@@ -23,6 +23,11 @@ std::size_t group_of(const View& chart, std::span<const double> device) {
   return only;
 }
 
+const char* name_of_first(const View& chart) {
+  if (chart.is_rgb) return "Greys";
+  return chart.quantity == Quantity::transmittance ? "Film" : "Paper";
+}
+
 }  // namespace
 
 std::vector<InkGroup> ink_groups(const View& chart, std::size_t patches) {
@@ -32,7 +37,7 @@ std::vector<InkGroup> ink_groups(const View& chart, std::size_t patches) {
     std::iota(all.patches.begin(), all.patches.end(), std::size_t{0});
     return {all};
   }
-  std::vector<InkGroup> groups = {{chart.is_rgb ? "Greys" : "Paper", {}}};
+  std::vector<InkGroup> groups = {{name_of_first(chart), {}}};
   for (const ChannelView& channel : chart.channels) groups.push_back({channel.name, {}});
   groups.push_back({"Mixtures", {}});
   for (std::size_t i = 0; i < patches; ++i) {
