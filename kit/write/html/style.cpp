@@ -132,7 +132,7 @@ figure { margin: 0; }
 .plot .x { text-anchor: middle; }
 .plot .y, .plot .x-title { text-anchor: end; }
 .plot .title, .plot .x-title { fill: var(--text); font-weight: 600; }
-.plot .sub { font-size: 9px; }
+.plot .sub { font-size: 10px; }
 .ground { fill: var(--ground); }
 .grid { fill: none; stroke: var(--grid); stroke-width: 1; }
 .zero { fill: none; stroke: var(--zero); stroke-width: 1; }
@@ -195,6 +195,7 @@ details[open] summary { margin-bottom: 8px; }
   .landmarks span { display: block; }
   .medium { --side: 22px; }
   .row { gap: 16px; grid-template-columns: repeat(var(--charts), minmax(0, 1fr)); }
+  .row:has(> .cell:only-child) { display: block; }  /* grids break after headings */
   .colour, .unknown, .swatches, .landmarks, .letter, .plot, .swatches li {
     -webkit-print-color-adjust: exact; print-color-adjust: exact;
   }
