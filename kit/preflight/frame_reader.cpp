@@ -127,7 +127,8 @@ bool FrameReader::next(const Table* before, Table& table) {
 
 // The identifier stands alone on the first line that is neither empty nor a comment.
 void FrameReader::take_identifier(Table& table, const Items& items) {
-  std::string_view name = items[0];
+  std::string name(items[0]);
+  std::erase(name, '"');  // without another one it opens no quotes
   if (items.size() != 1 || !is_identifier(name)) return;
   table.identifier = name;
   table.content = content_of(name);

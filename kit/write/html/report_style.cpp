@@ -42,6 +42,7 @@ constexpr std::string_view kStyle = R"(.verdict { margin-bottom: 14px; font-size
 .placed.small, .placed.tiny { max-width: calc(24px * var(--columns) + 32px); }
 .placed.large { max-width: calc(120px * var(--columns) + 32px); }
 .outline { fill: none; stroke: var(--bar); stroke-width: 1.2; stroke-dasharray: 5 3; }
+.halo { fill: none; stroke: var(--bar); stroke-width: 3.5; stroke-opacity: 0.45; }
 .fit { fill: none; stroke: var(--bar); stroke-width: 1.4; stroke-dasharray: 5 3; }
 .pooled { fill: none; stroke: var(--bar); stroke-width: 2; }
 .bands { fill: var(--bar); fill-opacity: 0.28; }

@@ -65,8 +65,9 @@ void draw_curve(Plot& plot, const View& chart, const InkCurve& curve, Kind kind,
                      chart.channels[curve.channel].name + " " + shortest(step.nominal) +
                          " %: " + decimal(*increase, 1));
   }
-  plot.draw(plot.clipped("<path class=\"wedge\" stroke=\"" + colour_of(chart, curve.steps.back()) +
-                         "\" d=\"" + path.data() + "\"/>\n"));
+  plot.draw(plot.clipped(
+      "<path class=\"halo\" d=\"" + path.data() + "\"/>\n<path class=\"wedge\" stroke=\"" +
+      colour_of(chart, curve.steps.back()) + "\" d=\"" + path.data() + "\"/>\n"));
   plot.draw_dots(3.5, dots);
 }
 
