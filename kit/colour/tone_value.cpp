@@ -31,11 +31,18 @@ double spot_colour_tone_value(const Lab& paper, const Lab& tint, const Lab& soli
   return 100.0 * std::sqrt(squared_distance(tint, paper) / squared_distance(solid, paper));
 }
 
-XyzComponent component_of_ink(std::string_view device_set, std::size_t channel) {
+XyzComponent component_of_ink(std::string_view device_set, std::size_t channel,
+                              std::string_view name) {
   constexpr std::array<XyzComponent, 4> kComponents = {&Tristimulus::x, &Tristimulus::y,
                                                        &Tristimulus::z, &Tristimulus::y};
+  constexpr std::array<std::string_view, 4> kNames = {"Cyan", "Magenta", "Yellow", "Black"};
+  if (device_set == "GRAY") return &Tristimulus::y;
   const bool is_known = device_set == "CMYK" || device_set == "CMY";
-  return is_known && channel < kComponents.size() ? kComponents[channel] : nullptr;
+  if (is_known && channel < kComponents.size()) return kComponents[channel];
+  for (std::size_t i = 0; i < kNames.size(); ++i) {
+    if (name == kNames[i]) return kComponents[i];
+  }
+  return nullptr;
 }
 
 ToneValue tone_of(const Lab& paper, const Lab& tint, const Lab& solid, XyzComponent component) {

@@ -29,9 +29,11 @@ double tone_value(double paper, double tint, double solid);
 /// tn) - 16 for X, Y and Z, as percent.
 double spot_colour_tone_value(const Lab& paper, const Lab& tint, const Lab& solid);
 
-/// Which of X, Y and Z an ink absorbs most; null for inks other than those of CMYK and CMY.
+/// Which of X, Y and Z an ink absorbs most: those of CMYK, CMY and GRAY by their place, others by
+/// the names Cyan, Magenta, Yellow and Black; null for other inks.
 using XyzComponent = double Tristimulus::*;
-XyzComponent component_of_ink(std::string_view device_set, std::size_t channel);
+XyzComponent component_of_ink(std::string_view device_set, std::size_t channel,
+                              std::string_view name);
 
 ToneValue tone_of(const Lab& paper, const Lab& tint, const Lab& solid, XyzComponent component);
 

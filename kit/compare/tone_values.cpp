@@ -42,7 +42,7 @@ std::vector<WedgeTones> wedge_tones(const Matching& matching, const AveragedSide
     std::ranges::stable_sort(steps, {}, &Step::value);
     if (steps.empty() || !space.is_full(steps.back().value)) continue;
     WedgeTones wedge{chart.channels[channel].name, channel, {}};
-    const auto component = component_of_ink(chart.device_set, channel);
+    const auto component = component_of_ink(chart.device_set, channel, wedge.ink);
     const auto tone_in = [&](const AveragedSide& of, auto group_of, std::size_t pair) {
       return tone_of(of.lab(group_of(*paper)), of.lab(group_of(pair)),
                      of.lab(group_of(steps.back().pair)), component);

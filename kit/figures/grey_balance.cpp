@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <optional>
 
 namespace measkit {
@@ -26,6 +27,19 @@ double lightness_of_overprint(const Chart& chart, const DeviceSpace& space,
     darkest = std::min(darkest, lightness);
   }
   return darkest;
+}
+
+// The patches by which presses are set up: quarter, middle and three-quarter tone.
+bool is_balance_patch(std::span<const double> device, double full) {
+  constexpr std::array<std::array<double, 3>, 3> kPercents = {
+      {{25.0, 19.0, 19.0}, {50.0, 40.0, 40.0}, {75.0, 66.0, 66.0}}};
+  constexpr double kTolerance = 0.5;  // percent: files round
+  return std::ranges::any_of(kPercents, [&](const std::array<double, 3>& percents) {
+    for (std::size_t i = 0; i < percents.size(); ++i) {
+      if (std::abs(100.0 * device[i] / full - percents[i]) > kTolerance) return false;
+    }
+    return true;
+  });
 }
 
 Triple grey_on(const Triple& paper, double lightness, double overprint) {
@@ -50,21 +64,27 @@ std::vector<GreyStep> grey_balance_of(const Chart& chart, const DeviceSpace& spa
   const double overprint = lightness_of_overprint(chart, space, patches);
   if (!(overprint < (*paper)[0])) return {};
   std::array<std::optional<GreyStep>, kSteps> nearest;
+  std::vector<GreyStep> steps;
   for (const std::size_t index : patches) {
     const Triple lab = *merged_lab(chart, index);
     const double depth = ((*paper)[0] - lab[0]) / ((*paper)[0] - overprint);
     if (!(depth >= 0.0 && depth <= 1.0)) continue;
     const Triple grey = grey_on(*paper, lab[0], overprint);
     const double error = std::hypot(lab[1] - grey[1], lab[2] - grey[2]);
+    if (is_balance_patch(chart.merged.device.row(index), space.full())) {
+      steps.push_back({index, grey, error});
+      continue;
+    }
     auto& step = nearest[std::min(static_cast<std::size_t>(depth * kSteps), kSteps - 1)];
     if (error <= kNearNeutral && (!step || error < step->chroma_error)) {
       step = {index, grey, error};
     }
   }
-  std::vector<GreyStep> steps;
   for (const auto& step : nearest) {
     if (step) steps.push_back(*step);
   }
+  std::ranges::sort(steps, std::ranges::greater(),
+                    [](const GreyStep& step) { return step.grey[0]; });
   return steps;
 }
 

@@ -1,12 +1,15 @@
 #include "kit/figures/print_figures.h"
 
+#include "colortypes/conversions.h"
 #include "kit/chart/device_space.h"
 #include "kit/figures/grey_balance.h"
 #include "kit/figures/merged_lab.h"
+#include "kit/preflight/lab_columns.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 namespace measkit {
 namespace {
@@ -14,6 +17,10 @@ namespace {
 // Black over the colours is black, whatever they are.
 bool holds_black(const Chart& chart, std::span<const double> device) {
   return chart.device_set == "CMYK" && device[3] != 0.0;
+}
+
+std::ptrdiff_t inks_of(std::span<const double> device) {
+  return std::ssize(device) - std::ranges::count(device, 0.0);
 }
 
 std::string name_of_overprint(const Chart& chart, std::span<const double> device) {
@@ -31,65 +38,119 @@ std::vector<NamedPatch> overprints_of(const Chart& chart, const DeviceSpace& spa
   std::vector<NamedPatch> overprints;
   for (std::size_t i = 0; i < chart.merged.count && overprints.size() < kMostOverprints; ++i) {
     const std::span<const double> device = chart.merged.device.row(i);
-    const std::ptrdiff_t unused = std::ranges::count(device, 0.0);
-    const bool has_few_inks = std::ssize(device) - unused <= kMostInks;
-    if (!has_few_inks || !space.is_overprint(device) || holds_black(chart, device)) continue;
+    if (inks_of(device) > kMostInks || !space.is_overprint(device) || holds_black(chart, device))
+      continue;
     if (merged_lab(chart, i)) overprints.push_back({name_of_overprint(chart, device), i});
   }
-  const auto inks = [&chart](const NamedPatch& patch) {
-    return std::ranges::count_if(chart.merged.device.row(patch.index),
-                                 [](double value) { return value != 0.0; });
-  };
-  std::ranges::stable_sort(overprints, {}, inks);
+  std::ranges::stable_sort(overprints, {}, [&chart](const NamedPatch& patch) {
+    return inks_of(chart.merged.device.row(patch.index));
+  });
   return overprints;
 }
 
-Lab as_lab(const Triple& lab) { return {lab[0], lab[1], lab[2]}; }
+// The file's own XYZ go before Lab that were not computed from spectra: both are rounded, and files
+// exist whose Lab and XYZ disagree.
+bool takes_xyz(const Chart& chart) {
+  return !chart.xyz.empty() && !chart.is_display &&
+         chart.lab_source != LabSource::weighting_table &&
+         chart.lab_source != LabSource::integration;
+}
+
+std::optional<Lab> tone_lab(const Chart& chart, std::size_t index) {
+  const auto lab = merged_lab(chart, index);
+  if (!lab) return std::nullopt;
+  if (!takes_xyz(chart)) return Lab{(*lab)[0], (*lab)[1], (*lab)[2]};
+  Tristimulus mean{};
+  const auto patches = chart.merged.patches_of(index);
+  const auto share = 1.0 / static_cast<double>(patches.size());
+  for (const std::uint32_t patch : patches) {
+    const Triple xyz = triple_at(chart.xyz, patch);
+    mean.x += share * xyz[0];
+    mean.y += share * xyz[1];
+    mean.z += share * xyz[2];
+  }
+  const Lab own = vantor::ColorTypes::xyzToLab(
+      mean, white_of(chart.conditions.illuminant, chart.conditions.observer));
+  return std::isfinite(own.l + own.a + own.b) ? std::optional(own) : std::nullopt;
+}
+
+// The library knows solids at 100 alone.
+std::optional<std::size_t> solid_of(const Chart& chart, const DeviceSpace& space,
+                                    std::size_t channel) {
+  const Channel& ink = chart.channels[channel];
+  const auto is_full = [&](std::size_t index) {
+    return space.is_full(chart.merged.device.row(index)[channel]);
+  };
+  if (ink.solid && is_full(*ink.solid)) return ink.solid;
+  return ink.wedge.empty() || !is_full(ink.wedge.back()) ? std::nullopt
+                                                         : std::optional(ink.wedge.back());
+}
 
 std::optional<InkCurve> curve_of(const Chart& chart, const DeviceSpace& space,
                                  std::size_t channel) {
-  const Channel& ink = chart.channels[channel];
-  const auto paper = merged_lab(chart, *chart.paper_white);
-  const auto solid = ink.solid ? merged_lab(chart, *ink.solid) : std::nullopt;
-  if (!paper || !solid || !space.is_full(chart.merged.device.row(*ink.solid)[channel])) {
-    return std::nullopt;
-  }
+  const auto index_of_solid = solid_of(chart, space, channel);
+  const auto paper = tone_lab(chart, *chart.paper_white);
+  const auto solid = index_of_solid ? tone_lab(chart, *index_of_solid) : std::nullopt;
+  if (!paper || !solid) return std::nullopt;
   InkCurve curve = {channel, {}};
-  const XyzComponent component = component_of_ink(chart.device_set, channel);
-  for (const std::size_t index : ink.wedge) {
-    const auto tint = merged_lab(chart, index);
+  const XyzComponent component =
+      component_of_ink(chart.device_set, channel, chart.channels[channel].name);
+  for (const std::size_t index : chart.channels[channel].wedge) {
+    const auto tint = tone_lab(chart, index);
     const double nominal = 100.0 * chart.merged.device.row(index)[channel] / space.full();
-    if (!tint || !(nominal <= 100.0)) continue;
-    const ToneValue tone = tone_of(as_lab(*paper), as_lab(*tint), as_lab(*solid), component);
+    if (!tint || !(nominal > 0.0 && nominal <= 100.0)) continue;
+    const ToneValue tone = tone_of(*paper, *tint, *solid, component);
     if (std::isfinite(tone.usual())) curve.steps.push_back({nominal, index, tone});
   }
   return curve.steps.empty() ? std::nullopt : std::optional(std::move(curve));
 }
 
-double hue_of(const Triple& lab) { return std::atan2(lab[2], lab[1]); }
+// Twice the area of the triangle: positive for a turn to the left.
+double turn(const Triple& first, const Triple& second, const Triple& third) {
+  return (second[1] - first[1]) * (third[2] - first[2]) -
+         (second[2] - first[2]) * (third[1] - first[1]);
+}
 
-// Solids and overprints of two; black is not at the edge.
+// The convex hull in a* and b*, by Andrew's monotone chain: lower side, then upper side.
+std::vector<NamedPatch> hull_of(const Chart& chart, std::vector<NamedPatch> corners) {
+  const auto lab_of = [&chart](const NamedPatch& corner) {
+    return *merged_lab(chart, corner.index);
+  };
+  std::ranges::sort(corners, {}, [&](const NamedPatch& corner) {
+    const Triple lab = lab_of(corner);
+    return std::pair(lab[1], lab[2]);
+  });
+  std::vector<NamedPatch> hull;
+  for (int side = 0; side < 2; ++side) {
+    const std::size_t start = hull.size() + 1;
+    for (const NamedPatch& corner : corners) {
+      while (hull.size() > start &&
+             turn(lab_of(hull[hull.size() - 2]), lab_of(hull.back()), lab_of(corner)) <= 0.0) {
+        hull.pop_back();
+      }
+      hull.push_back(corner);
+    }
+    if (!hull.empty()) hull.pop_back();  // the first of the other side
+    std::ranges::reverse(corners);
+  }
+  return hull;
+}
+
 std::vector<NamedPatch> outline_of(const Chart& chart, const PrintFigures& figures) {
   std::vector<NamedPatch> corners;
   for (const Landmark& landmark : chart.landmarks) {
     const bool is_corner = landmark.kind == LandmarkKind::primary ||
                            landmark.kind == LandmarkKind::secondary ||
                            landmark.kind == LandmarkKind::solid;
-    const bool is_black =
-        !chart.is_rgb && holds_black(chart, chart.merged.device.row(landmark.index));
-    if (is_corner && !is_black && merged_lab(chart, landmark.index)) {
+    if (is_corner && merged_lab(chart, landmark.index)) {
       corners.push_back({landmark.name, landmark.index});
     }
   }
-  for (const NamedPatch& overprint : figures.overprints) {
-    if (std::ranges::count(overprint.name, '+') == 1) corners.push_back(overprint);
-  }
-  std::ranges::sort(corners, {}, [&](const NamedPatch& corner) {
-    return hue_of(*merged_lab(chart, corner.index));
-  });
+  corners.insert(corners.end(), figures.overprints.begin(), figures.overprints.end());
+  std::vector<NamedPatch> hull = hull_of(chart, std::move(corners));
   constexpr std::size_t kLeastCorners = 3;
-  if (corners.size() < kLeastCorners) corners.clear();
-  return corners;
+  if (hull.size() < kLeastCorners) hull.clear();
+  return hull;
 }
 
 std::optional<std::size_t> darkest_of(const Chart& chart) {

@@ -44,7 +44,7 @@ struct PrintFigures {
   std::vector<NamedPatch> overprints;  ///< of two and three inks at full, without black of CMYK
   std::vector<InkCurve> curves;        ///< of inks with a solid, on charts with a paper white
   std::vector<GreyStep> greys;         ///< from light to dark
-  std::vector<NamedPatch> outline;     ///< solids and overprints by hue: the gamut in a* and b*
+  std::vector<NamedPatch> outline;     ///< solids and overprints at the edge of a* and b*, in turn
   std::optional<std::size_t> darkest;  ///< the least L*
   std::optional<std::size_t> most_ink;
   double total_ink = 0.0;  ///< percent, of `most_ink`: the sum of all inks

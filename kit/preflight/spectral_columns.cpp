@@ -29,13 +29,28 @@ bool has_value(const Table& table, std::string_view keyword) {
   return line != nullptr && !line->value.empty();
 }
 
-bool states(const Table& table, std::initializer_list<std::string_view> words) {
-  for (const std::string_view keyword : {"QUANTITY", "MEAS_TYPE", "DEVICE_CLASS"}) {
+using Words = std::initializer_list<std::string_view>;
+
+bool states_in(const Table& table, Words keywords, Words words) {
+  for (const std::string_view keyword : keywords) {
     for (const std::string_view word : words) {
       if (value_contains(table, keyword, word)) return true;
     }
   }
   return false;
+}
+
+bool states(const Table& table, Words words) {
+  return states_in(table, {"QUANTITY", "MEAS_TYPE", "DEVICE_CLASS"}, words);
+}
+
+// Keywords of the measurement tell it, too, in one of these words.
+bool states_transmittance(const Table& table) {
+  const auto words = {std::string_view("TRANSMITTANCE"), std::string_view("TRANSMISSI")};
+  return states(table, words) || states_in(table,
+                                           {"MEASUREMENT_TYPE", "MEASUREMENT_MODE",
+                                            "MEASUREMENT_SOURCE", "MEASUREMENT_GEOMETRY"},
+                                           words);
 }
 
 // The wavelength that a column of wavelengths has in every row; empty when rows differ.
@@ -161,8 +176,7 @@ void pair_up_spectra(Table& table) {
 
 void name_quantity(Table& table) {
   const Roles roles = table.roles();
-  const bool is_transmittance =
-      table.identifier == "IT8.7/1" || states(table, {"TRANSMITTANCE", "TRANSMISSI"});
+  const bool is_transmittance = table.identifier == "IT8.7/1" || states_transmittance(table);
   if (is_transmittance) {
     table.findings.add(Severity::note, "transmittance",
                        "The measured values are transmittances, not reflectances.");

@@ -36,7 +36,6 @@ std::string swatch_of(const View& chart, const PatchView& patch, bool has_label)
 }
 
 std::string size_class(std::size_t patches) {
-  if (patches <= kFewPatches) return "large";
   if (patches <= 400) return "medium";
   return patches <= 2000 ? "small" : "tiny";
 }
@@ -57,10 +56,13 @@ std::string swatches_of(const View& chart) {
       !std::ranges::all_of(chart.patches, &std::string::empty, &PatchView::colour);
   if (!has_colour) return "";
   const ChartLayout layout = shown_layout(chart);
-  const bool is_large = layout.patches.size() <= kFewPatches;
+  constexpr std::size_t kFewColumns = 12;  // of wider charts the labels would cover the patches
   // Labels need room: a chart in the order of its file flows as the page is wide.
-  const bool flows = is_large && layout.placed_by.empty() && layout.row_keyword.empty();
-  std::string html = "<ol class=\"swatches " + size_class(layout.patches.size()) +
+  const bool is_few = layout.patches.size() <= kFewPatches;
+  const bool flows = is_few && layout.placed_by.empty() && layout.row_keyword.empty();
+  const bool is_large = flows || (is_few && layout.columns <= kFewColumns);
+  std::string html = std::string("<ol class=\"swatches ") +
+                     (is_large ? "large" : size_class(layout.patches.size())) +
                      (flows ? "" : " placed") +
                      "\" style=\"--columns:" + std::to_string(layout.columns) +
                      "\" aria-label=\"Patches of " + chart.name + "\">\n";

@@ -45,7 +45,7 @@ std::string colour_table(const View& chart) {
   std::string html =
       "<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"Colours of " + chart.name +
       "\">\n<table class=\"compact\">\n<thead><tr><th scope=\"col\">Colour</th><th "
-      "scope=\"col\">Patch</th><th scope=\"col\" class=\"number\">Device</th>";
+      "scope=\"col\" class=\"number\">Patch</th><th scope=\"col\" class=\"number\">Device</th>";
   for (const char* title : {"L*", "a*", "b*", "C*<sub>ab</sub>", "h<sub>ab</sub>"}) {
     html += "<th scope=\"col\" class=\"number\">" + std::string(title) + "</th>";
   }
@@ -54,7 +54,7 @@ std::string colour_table(const View& chart) {
 
 std::string key_figures(const View& chart) {
   std::string items;
-  if (chart.figures.most_ink) {
+  if (chart.figures.most_ink && chart.channels.size() > 1) {
     items += key_figure(decimal(chart.figures.total_ink, 0) + " %", "most ink on one patch");
   }
   if (chart.figures.darkest && !chart.chart->merged.lab.empty()) {
@@ -82,8 +82,8 @@ std::string figures_of(const View& chart) {
 
 Section figures_section(Views charts) {
   return section_of(
-      {"figures", "Solids and overprints", "", "No device values or no colours to tell them from."},
-      charts, figures_of);
+      {"figures", "Key colours", "", "No device values or no colours to tell them from."}, charts,
+      figures_of);
 }
 
 }  // namespace measkit::html

@@ -42,8 +42,10 @@ std::string greys_of(const View& chart) {
 Section grey_section(Views charts) {
   return section_of(
       {"grey", "Grey balance",
-       "The patches of cyan, magenta and yellow that are nearest to grey, step by step from the "
-       "paper to the darkest. Grey is relative to the paper as in ISO 12647-2: its a* and b* fade "
+       "The usual balance patches, 25/19/19, 50/40/40 and 75/66/66 %, where the chart has them, "
+       "and "
+       "the patches of cyan, magenta and yellow that are nearest to grey at each lightness. Grey "
+       "is relative to the paper as in ISO 12647-2: its a* and b* fade "
        "to 15 % towards the three solids.",
        "No near-neutral patches of cyan, magenta and yellow."},
       charts, greys_of);

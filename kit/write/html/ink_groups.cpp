@@ -9,13 +9,14 @@ namespace {
 
 // 0 for paper or greys, 1 and on for a channel alone, the last for mixtures.
 std::size_t group_of(const View& chart, std::span<const double> device) {
-  const std::size_t mixtures = device.size() + 1;
+  const std::size_t mixtures = chart.channels.size() + 1;
   const bool is_grey = chart.is_rgb && std::ranges::all_of(device, [&](double value) {
                          return value == device.front();
                        });
   if (is_grey) return 0;
   std::size_t only = 0;
-  for (std::size_t channel = 0; channel < device.size(); ++channel) {
+  const std::size_t channels = std::min(device.size(), chart.channels.size());
+  for (std::size_t channel = 0; channel < channels; ++channel) {
     if (device[channel] == 0.0) continue;
     if (only != 0) return mixtures;
     only = channel + 1;

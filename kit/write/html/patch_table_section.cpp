@@ -1,3 +1,4 @@
+#include "colortypes/conversions.h"
 #include "kit/write/html/html_text.h"
 #include "kit/write/html/limits.h"
 #include "kit/write/html/numbers.h"
@@ -42,11 +43,10 @@ struct Columns {
         names(has_any(chart.names)),
         locations(has_any(chart.locations)),
         lab(!chart.lab.empty()),
-        xyz(!chart.xyz.empty()),
+        xyz(!chart.xyz.empty() || !chart.lab.empty()),
         repeats(!chart.merged.repeats.empty() && chart.merged.count < chart.patch_count),
-        device(chart.device.empty() ? 0 : std::min(chart.channels.size(), kMostColumns)),
-        densities(chart.densities.empty() ? 0
-                                          : std::min(chart.density_names.size(), kMostColumns)) {}
+        device(std::min({chart.channels.size(), chart.device.width(), kMostColumns})),
+        densities(std::min({chart.density_names.size(), chart.densities.width(), kMostColumns})) {}
 
  private:
   static bool has_any(const Texts& texts) {
@@ -68,7 +68,7 @@ std::string head_of(const View& chart, const Columns& columns) {
   if (columns.locations) add_title(html, "Location", false);
   for (std::size_t c = 0; c < columns.device; ++c) {
     const ChannelView& channel = chart.channels[c];
-    add_title(html, channel.letter.empty() ? channel.short_name : channel.letter, true);
+    add_title(html, channel.letter.empty() ? channel.name : channel.letter, true);
   }
   for (std::size_t c = 0; c < columns.densities; ++c) {
     add_title(html, html_text(chart.chart->density_names[c], kShortName), true);
@@ -96,6 +96,15 @@ void add_lab(std::string& html, const Triple& lab) {
   add_cell(html, plain_number(std::hypot(lab[1], lab[2]), 2));
   add_cell(html, plain_number(hue < 0.0 ? hue + 360.0 : hue, 1));
   add_cell(html, std::ranges::all_of(lab, is_drawable) ? hex_colour(lab) : "");
+}
+
+// The file's own, else those of Lab for D50.
+Triple xyz_of(const Chart& chart, std::size_t patch) {
+  if (!chart.xyz.empty()) return triple_at(chart.xyz, patch);
+  const Triple lab = triple_at(chart.lab, patch);
+  const auto xyz =
+      vantor::ColorTypes::labToXyz({lab[0], lab[1], lab[2]}, vantor::ColorTypes::kD50White);
+  return {xyz.x, xyz.y, xyz.z};
 }
 
 // How often the colour of each patch was measured.
@@ -127,7 +136,7 @@ std::string rows_of(const Chart& chart, const Columns& columns, std::size_t rows
       add_cell(html, plain_shortest(chart.densities.row(i)[c]));
     }
     if (columns.xyz) {
-      for (const double value : triple_at(chart.xyz, i)) add_cell(html, plain_number(value, 2));
+      for (const double value : xyz_of(chart, i)) add_cell(html, plain_number(value, 2));
     }
     if (columns.lab) add_lab(html, triple_at(chart.lab, i));
     if (columns.repeats) add_cell(html, std::to_string(readings[i]));
@@ -136,15 +145,21 @@ std::string rows_of(const Chart& chart, const Columns& columns, std::size_t rows
   return html;
 }
 
-std::string table_of(const View& chart, Views charts) {
+std::string caption_of(const View& chart, std::size_t rows) {
+  const std::string count =
+      grouped(chart.patch_count) + (chart.patch_count == 1 ? " patch" : " patches");
+  return rows < chart.patch_count ? "The first " + grouped(rows) + " of " + count : count;
+}
+
+std::string table_of(const View& chart) {
   if (chart.patch_count == 0) return "";
   const Columns columns(*chart.chart);
-  const std::size_t rows = std::min(chart.patch_count, kMostRows / charts.size());
+  const std::size_t rows = std::min(chart.patch_count, kMostRows);
   std::string html =
       "<div class=\"patch-table scroll\" tabindex=\"0\" role=\"region\" aria-label=\"Table of the "
       "patches of " +
-      chart.name + "\">\n<table class=\"compact sortable\">\n<caption>" + grouped(rows) +
-      (rows == 1 ? " patch" : " patches") + "</caption>\n" + head_of(chart, columns) + "<tbody>\n" +
+      chart.name + "\">\n<table class=\"compact sortable\">\n<caption>" + caption_of(chart, rows) +
+      "</caption>\n" + head_of(chart, columns) + "<tbody>\n" +
       rows_of(*chart.chart, columns, rows) + "</tbody>\n</table>\n</div>\n";
   if (rows < chart.patch_count) {
     html += "<p class=\"note\">The first " + grouped(rows) + " of " + grouped(chart.patch_count) +
@@ -156,8 +171,7 @@ std::string table_of(const View& chart, Views charts) {
 }  // namespace
 
 Section patch_table_section(Views charts) {
-  return section_of({"patches", "Patches", "", "No patches in this chart."}, charts,
-                    [&](const View& chart) { return table_of(chart, charts); });
+  return section_of({"patches", "Patches", "", "No patches in this chart."}, charts, table_of);
 }
 
 }  // namespace measkit::html

@@ -10,6 +10,8 @@ constexpr std::string_view kStyle = R"(.verdict { margin-bottom: 14px; font-size
 .badges li { padding: 2px 10px; border: 1px solid var(--soft); border-radius: 12px; }
 .badges .absent { border-style: dashed; color: var(--soft); }
 .badges strong { font-weight: 600; }
+.landmarks.few { grid-template-columns: none; grid-auto-flow: column; grid-auto-columns: minmax(0, 1fr); }
+.landmarks.few strong { overflow-wrap: anywhere; }
 .scroll { overflow: auto; }
 .scroll:focus-visible { outline: 2px solid var(--text); outline-offset: 2px; }
 .patch-table { max-height: 560px; border: 1px solid var(--line); }
@@ -46,9 +48,9 @@ constexpr std::string_view kStyle = R"(.verdict { margin-bottom: 14px; font-size
 .fit { fill: none; stroke: var(--bar); stroke-width: 1.4; stroke-dasharray: 5 3; }
 .pooled { fill: none; stroke: var(--bar); stroke-width: 2; }
 .bands { fill: var(--bar); fill-opacity: 0.28; }
-.spectra path { stroke: var(--casing, currentColor); vector-effect: non-scaling-stroke; }
+.spectra path { stroke: currentColor; vector-effect: non-scaling-stroke; }
 .spectra { color: var(--bar); }
-.casing { --casing: var(--bar); pointer-events: none; }
+.spectra .casing { stroke: var(--bar); pointer-events: none; }
 .few .casing { stroke-width: 4; }
 .some .casing { stroke-width: 2.6; }
 .many .casing { stroke-width: 1.6; }
@@ -57,10 +59,15 @@ constexpr std::string_view kStyle = R"(.verdict { margin-bottom: 14px; font-size
   .placed.large { gap: 2px; padding: 8px; }
 }
 @media print {
-  .swatches, .scroll, .legend, .wide, .badges, .key-figures { break-inside: avoid; }
-  .patch-table, .scroll:has(.sortable) { max-height: none; overflow: visible; break-inside: auto; }
-  .sortable { font-size: 7pt; }
-  .sortable th, .sortable td { padding: 1px 4px; white-space: normal; }
+  .swatches, .legend, .wide, .badges, .key-figures { break-inside: avoid; }
+  .swatches + .note { break-before: avoid; }
+  .scroll { max-height: none; overflow: visible; }
+  .compact, .sortable { font-size: 7pt; }
+  .compact th, .compact td, .compact th.number, .compact td.number {
+    padding: 1px 4px; white-space: normal;
+  }
+  .sortable tbody tr:nth-child(n+41), .row:not(:has(> .cell:only-child)) .patch-table { display: none; }
+  .patch-table::after { content: "Print shows the first 40 patches at most."; font-size: 8pt; }
   .patch-table thead th { position: static; }
   .filter, .selection { display: none; }
 }
@@ -86,8 +93,8 @@ const std::string_view kReportScript =
   const names = heads.map(head => head.textContent);
   const text = (row, i) => row.cells[i].textContent.trim();
   const collator = new Intl.Collator("en", { numeric: true });
-  const compare = (a, b) => a !== "" && b !== "" && !isNaN(a) && !isNaN(b)
-    ? a - b : (a === "") - (b === "") || collator.compare(a, b);
+  const compare = (a, b, sign) => (a === "") - (b === "") ||
+    sign * (a !== "" && !isNaN(a) && !isNaN(b) ? a - b : collator.compare(a, b));
   heads.forEach((head, i) => {
     const button = document.createElement("button");
     button.type = "button";
@@ -97,7 +104,7 @@ const std::string_view kReportScript =
       heads.forEach(other => other.removeAttribute("aria-sort"));
       if (next) head.setAttribute("aria-sort", next);
       const sign = next === "descending" ? -1 : 1;
-      body.append(...(next ? rows.slice().sort((a, b) => sign * compare(text(a, i), text(b, i))) : rows));
+      body.append(...(next ? rows.slice().sort((a, b) => compare(text(a, i), text(b, i), sign)) : rows));
     };
     head.append(button);
   });
@@ -112,23 +119,45 @@ const std::string_view kReportScript =
   const input = document.createElement("input"), count = document.createElement("span");
   bar.className = "filter";
   input.type = "search";
-  input.placeholder = "A12   K=0   L*<30";
+  input.placeholder = "a word, or " + names.find((name, i) => i > 0 && !isNaN(text(rows[0], i))) + " < 50";
   count.setAttribute("role", "status");
   label.append("Filter ", input);
   bar.append(label, count);
   table.parentElement.before(bar);
-  const matches = (row, word) => {
-    const [, name, sign, value] = word.match(/^(.+?)(<|>|=)(-?[\d.]+)$/) || [];
-    const i = names.findIndex(one => one.toLowerCase() === (name || "").toLowerCase());
-    if (i < 0) return [...row.cells].some(cell => cell.textContent.toLowerCase().includes(word.toLowerCase()));
-    const cell = text(row, i);
-    return cell !== "" && (sign === "<" ? +cell < +value : sign === ">" ? +cell > +value : +cell === +value);
+  const lower = value => value.toLowerCase().replace(/\u2212/g, "-");
+  const tests = {
+    "=": (a, b) => a === b, "<": (a, b) => a < b, ">": (a, b) => a > b,
+    "<=": (a, b) => a <= b, ">=": (a, b) => a >= b
+  };
+  const columns = names.map(lower);
+  const word = part => row => [...row.cells].some(cell => lower(cell.textContent).includes(part));
+  const condition = (i, sign, right) => {
+    const number = +right.replace(",", ".");
+    return row => {
+      const cell = text(row, i);
+      if (isNaN(number) || isNaN(cell)) return sign === "=" && lower(cell) === right;
+      return cell !== "" && tests[sign](+cell, number);
+    };
+  };
+  // Words and conditions in turn; names of columns may hold blanks.
+  const filtersOf = value => {
+    const filters = [];
+    for (const [, left, sign, right, rest] of lower(value).matchAll(
+        /([^<>=;]*)(<=|>=|<|>|=)\s*([^\s;]+)|([^<>=;]+)$/g)) {
+      const words = (left ?? rest).trim().split(/\s+/).filter(part => part !== "");
+      const first = sign ? words.findIndex((part, k) => columns.includes(words.slice(k).join(" "))) : words.length;
+      if (first < 0) return "No column " + words.join(" ");
+      filters.push(...words.slice(0, first).map(word));
+      if (sign) filters.push(condition(columns.indexOf(words.slice(first).join(" ")), sign, right));
+    }
+    return filters;
   };
   input.oninput = () => {
-    const words = input.value.trim().split(/\s+/).filter(word => word !== "");
+    const filters = filtersOf(input.value);
+    if (typeof filters === "string") { count.textContent = filters; return; }
     let shown = 0;
-    for (const row of rows) shown += !(row.hidden = !words.every(word => matches(row, word)));
-    count.textContent = words.length ? shown + " of " + rows.length : "";
+    for (const row of rows) shown += !(row.hidden = !filters.every(filter => filter(row)));
+    count.textContent = filters.length ? shown + " of " + rows.length : "";
   };
 }
 )js";

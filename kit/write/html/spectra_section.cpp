@@ -141,6 +141,16 @@ std::string spectrum_of(const SpectraGrid& grid, const PatchView& patch, double 
          patch.label + "</title></path>\n";
 }
 
+// One dark line behind all lines of a group.
+std::string casing_of(const SpectraGrid& grid, const View& chart, const InkGroup& group,
+                      double factor) {
+  std::string html = "<path class=\"casing\" d=\"";
+  for (const std::size_t patch : group.patches) {
+    html += "M0 0" + grid.path_of(chart.patches[patch].spectrum, factor);
+  }
+  return html + "\"/>\n";
+}
+
 // Colours like that of the ground, or too few to tell apart without an outline.
 bool needs_outline(const View& chart, std::size_t shown) {
   constexpr std::size_t kFew = 60;
@@ -220,7 +230,7 @@ std::string deviation_plot(const View& chart, Views charts, const SpectraAxes& a
   const std::string label = html_text(label_of(*chart.chart, worst.front().index), kLongName);
   line_of(worst.front().deviation, "fit", label);
   return std::move(plot).finish() +
-         "<p class=\"note\">Line: all repeats taken together. Dashed: " + label +
+         "<p class=\"note\">Line: all repeats taken together. Dashed: patch " + label +
          ", which scatters most.</p>\n";
 }
 
@@ -237,15 +247,15 @@ std::string spectra_of(const View& chart, Views charts, const SpectraAxes& axes)
   const std::size_t most = std::max<std::size_t>(kMostPoints / chart.wavelengths.size(), 1);
   const std::size_t shown = std::min(most, chart.patches.size());
   const std::vector<InkGroup> groups = ink_groups(chart, shown);
-  plot.draw(bands_of(plot, chart, factor));
+  const std::string bands = bands_of(plot, chart, factor);
+  plot.draw(bands);
   plot.draw(std::string("<g class=\"spectra ") + density_class(shown) + "\">\n");
-  if (needs_outline(chart, shown)) {
-    plot.draw("<use class=\"casing\" href=\"#spectra-" + position + "\"/>\n");
-  }
   const SpectraGrid grid(plot, chart.wavelengths);
-  plot.draw("<g id=\"spectra-" + position + "\" transform=\"" + grid.transform() + "\">\n");
+  const bool is_outlined = needs_outline(chart, shown);
+  plot.draw("<g transform=\"" + grid.transform() + "\">\n");
   for (std::size_t i = 0; i < groups.size(); ++i) {
     plot.draw("<g class=\"group-" + std::to_string(i + 1) + "\">\n");
+    if (is_outlined) plot.draw(casing_of(grid, chart, groups[i], factor));
     for (const std::size_t patch : groups[i].patches) {
       plot.draw(spectrum_of(grid, chart.patches[patch], factor));
     }
@@ -254,6 +264,9 @@ std::string spectra_of(const View& chart, Views charts, const SpectraAxes& axes)
   plot.draw("</g>\n</g>\n");
   std::string html = "<div class=\"pickable\">\n" + selection_of(groups, "inks-" + position) +
                      wide(charts, std::move(plot).finish()) + "</div>\n";
+  if (!bands.empty()) {
+    html += "<p class=\"note\">A band is one standard deviation of repeats to either side.</p>\n";
+  }
   if (shown < chart.patches.size()) {
     html += "<p class=\"note\">The spectra of the first " + grouped(shown) + " patches.</p>\n";
   }
@@ -265,11 +278,8 @@ std::string spectra_of(const View& chart, Views charts, const SpectraAxes& axes)
 Section spectra_section(Views charts) {
   const SpectraAxes axes = axes_over(charts);
   return section_of(
-      {"spectra", "Spectra",
-       "Each patch in its own colour. A band is one standard deviation of repeats to either side, "
-       "where it is wide enough to see.",
-       "No spectra in this chart."},
-      charts, [&](const View& chart) { return spectra_of(chart, charts, axes); });
+      {"spectra", "Spectra", "Each patch in its own colour.", "No spectra in this chart."}, charts,
+      [&](const View& chart) { return spectra_of(chart, charts, axes); });
 }
 
 }  // namespace measkit::html

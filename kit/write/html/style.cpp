@@ -115,7 +115,8 @@ figure { margin: 0; }
   display: grid; gap: 2px; padding: 16px; border-radius: 6px; background: var(--surround);
   grid-template-columns: repeat(auto-fill, minmax(var(--side), 1fr));
 }
-.swatches li { min-width: 0; aspect-ratio: 1; }
+.swatches li { min-width: 0; aspect-ratio: 1; box-shadow: 0 0 0 0.5px #8888; }
+.swatches + .note { margin-top: 8px; }
 .swatches li:hover { outline: 2px solid var(--text); }
 .large { --side: 84px; gap: 4px; }
 .medium { --side: 30px; }
@@ -185,7 +186,8 @@ details[open] summary { margin-bottom: 8px; }
   nav { display: none; }
   details::details-content { content-visibility: visible; block-size: auto; }
   figure, tr, .landmarks, .messages, .findings li { break-inside: avoid; }
-  h2, h3, .note { break-after: avoid; }
+  h2, h3, .note, .label { break-after: avoid; }
+  .note, .entry-lists > div { break-inside: avoid; }
   section { margin-top: 16px; padding-top: 14px; }
   .cell { container-type: normal; }
   .figures { grid-template-columns: repeat(auto-fill, minmax(min(100%, 280px), 1fr)); }
@@ -194,8 +196,8 @@ details[open] summary { margin-bottom: 8px; }
   .landmarks { grid-template-columns: repeat(auto-fit, minmax(100px, 1fr)); }
   .landmarks span { display: block; }
   .medium { --side: 22px; }
-  .row { gap: 16px; grid-template-columns: repeat(var(--charts), minmax(0, 1fr)); }
-  .row:has(> .cell:only-child) { display: block; }  /* grids break after headings */
+  .row { display: block; }  /* charts one below the other; grids break after headings */
+  .cell + .cell { margin-top: 16px; }
   .colour, .unknown, .swatches, .landmarks, .letter, .plot, .swatches li {
     -webkit-print-color-adjust: exact; print-color-adjust: exact;
   }

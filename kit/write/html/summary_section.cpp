@@ -80,7 +80,10 @@ std::string messages_of(const View& chart) {
 
 std::string landmarks_of(const View& chart) {
   if (chart.landmarks.empty()) return "";
-  std::string html = "<ul class=\"landmarks\" aria-label=\"Landmarks\">\n";
+  constexpr std::size_t kOneRow = 8;
+  std::string html = std::string("<ul class=\"landmarks") +
+                     (chart.landmarks.size() <= kOneRow ? " few" : "") +
+                     "\" aria-label=\"Landmarks\">\n";
   for (const LandmarkView& landmark : chart.landmarks) {
     html += "<li>" + colour_field(landmark.colour) + "<strong>" + landmark.name +
             "</strong><span>L* " + decimal(landmark.lab[0], 1) + "</span> <span>a* " +
@@ -102,13 +105,22 @@ std::string rows_of(const char* title, const std::vector<Row>& rows) {
   return html + "</dl>\n</div>\n";
 }
 
-std::string summary_of(const View& chart) {
+// Folded for charts side by side, which would be several screens high.
+std::string entry_lists(const View& chart, bool is_alone) {
+  const std::string html = "<div class=\"entry-lists\">\n" + rows_of("Colour", chart.colour) +
+                           rows_of("Conditions, and who tells them", chart.conditions) +
+                           rows_of("Instrument", chart.instrument) +
+                           rows_of("Sample", chart.sample) + rows_of("File", chart.facts) +
+                           "</div>\n";
+  return is_alone ? html
+                  : "<details>\n<summary>Colour, conditions, instrument, file</summary>\n" + html +
+                        "</details>\n";
+}
+
+std::string summary_of(const View& chart, bool is_alone) {
   return verdict_of(chart) + findings_list(chart.findings, chart.more_findings) + badges_of(chart) +
          instrument_of(chart) + messages_of(chart) + key_figures(chart) + landmarks_of(chart) +
-         "<div class=\"entry-lists\">\n" + rows_of("Colour", chart.colour) +
-         rows_of("Conditions, and who tells them", chart.conditions) +
-         rows_of("Instrument", chart.instrument) + rows_of("Sample", chart.sample) +
-         rows_of("File", chart.facts) + "</div>\n";
+         entry_lists(chart, is_alone);
 }
 
 std::string failure_of(const View& chart) {
@@ -127,7 +139,8 @@ Section summary_section(Views charts) {
     if (charts.size() > 1 && !chart.title.empty()) {
       html += "<p class=\"chart-title\">" + chart.title + "</p>\n";
     }
-    html += (chart.is_loaded ? summary_of(chart) : failure_of(chart)) + "</div>\n";
+    html +=
+        (chart.is_loaded ? summary_of(chart, charts.size() == 1) : failure_of(chart)) + "</div>\n";
   }
   return {"summary", "Summary", html + "</div>\n</section>\n"};
 }

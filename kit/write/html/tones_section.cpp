@@ -28,17 +28,15 @@ std::optional<double> increase_of(const InkStep& step, Kind kind) {
 // Steps that are not of one wedge can have any tone value; no press is that far out.
 double within_limits(double increase) { return std::clamp(increase, -50.0, 100.0); }
 
-Axis increase_axis(Views charts) {
+Axis increase_axis(Views charts, Kind kind) {
   Extent increases;
   increases.add(0.0);
   increases.add(10.0);
   for (const View& chart : charts) {
     for (const InkCurve& curve : chart.figures.curves) {
       for (const InkStep& step : curve.steps) {
-        for (const Kind kind : {Kind::reflectance, Kind::spot}) {
-          const auto increase = increase_of(step, kind);
-          if (increase) increases.add(within_limits(*increase));
-        }
+        const auto increase = increase_of(step, kind);
+        if (increase) increases.add(within_limits(*increase));
       }
     }
   }
@@ -83,6 +81,10 @@ std::string plot_of(const View& chart, Views charts, Kind kind, const Axis& incr
       kind == Kind::spot ? "Spot colour tone value, ISO 20654" : "Tone value by reflectance";
   Plot plot({half_width(charts), 320.0}, {{0.0, 100.0, 20.0}, "nominal tone value, %"},
             {increases, "increase, %"}, name + ": increase for the inks of " + chart.name);
+  SvgPath straight;
+  straight.add(plot.left(), plot.y(0.0));
+  straight.add(plot.right(), plot.y(0.0));
+  plot.draw("<path class=\"zero\" d=\"" + straight.data() + "\"/>\n");
   for (const InkCurve& curve : chart.figures.curves)
     draw_curve(plot, chart, curve, kind, increases);
   return figure_of(name, std::move(plot).finish());
@@ -98,7 +100,12 @@ std::string legend_of(const View& chart) {
 }
 
 // The nominal values of all inks: all of them or, where they are many, evenly thinned.
-std::vector<double> nominal_values(const View& chart) {
+struct Nominals {
+  std::vector<double> shown;
+  std::size_t count = 0;
+};
+
+Nominals nominal_values(const View& chart) {
   std::vector<double> values;
   for (const InkCurve& curve : chart.figures.curves) {
     for (const InkStep& step : curve.steps)
@@ -107,11 +114,11 @@ std::vector<double> nominal_values(const View& chart) {
   std::ranges::sort(values);
   values.erase(std::unique(values.begin(), values.end()), values.end());
   const std::size_t stride = 1 + (values.size() - 1) / kMostRows;
-  std::vector<double> kept;
+  Nominals nominals = {{}, values.size()};
   for (std::size_t i = (values.size() - 1) % stride; i < values.size(); i += stride) {
-    kept.push_back(values[i]);
+    nominals.shown.push_back(values[i]);
   }
-  return kept;
+  return nominals;
 }
 
 const InkStep* step_at(const InkCurve& curve, double nominal) {
@@ -126,19 +133,24 @@ std::string cell(std::optional<double> value) {
   return "<td class=\"number\">" + (value ? decimal(*value, 1) : "") + "</td>";
 }
 
+std::string cells_of(const InkStep* step, Kind kind) {
+  if (step == nullptr) return cell(std::nullopt) + cell(std::nullopt);
+  return cell(kind == Kind::spot ? std::optional(step->tone.spot) : step->tone.value) +
+         cell(increase_of(*step, kind));
+}
+
 std::string table_of(const View& chart) {
   std::string inks, columns;
   for (const InkCurve& curve : chart.figures.curves) {
     const bool has_value = curve.steps.back().tone.value.has_value();
     inks += "<th scope=\"colgroup\" class=\"number\" colspan=\"" +
-            std::string(has_value ? "3" : "1") + "\">" + chart.channels[curve.channel].name +
+            std::string(has_value ? "4" : "2") + "\">" + chart.channels[curve.channel].name +
             "</th>";
-    if (has_value) {
-      columns +=
-          "<th scope=\"col\" class=\"number\">Tone</th><th scope=\"col\" "
-          "class=\"number\">Increase</th>";
+    for (const char* kind : {"Tone", "Spot"}) {
+      if (!has_value && kind == std::string_view("Tone")) continue;
+      columns += "<th scope=\"col\" class=\"number\">" + std::string(kind) +
+                 "</th><th scope=\"col\" class=\"number\">Increase</th>";
     }
-    columns += "<th scope=\"col\" class=\"number\">Spot</th>";
   }
   std::string html =
       "<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"Tone values of " +
@@ -146,26 +158,33 @@ std::string table_of(const View& chart) {
       "\">\n<table class=\"compact\">\n<thead><tr><th scope=\"col\" rowspan=\"2\">Nominal, "
       "%</th>" +
       inks + "</tr>\n<tr>" + columns + "</tr></thead>\n<tbody>\n";
-  for (const double nominal : nominal_values(chart)) {
+  const Nominals nominals = nominal_values(chart);
+  for (const double nominal : nominals.shown) {
     html += "<tr><th scope=\"row\">" + shortest(nominal) + "</th>";
     for (const InkCurve& curve : chart.figures.curves) {
       const InkStep* const step = step_at(curve, nominal);
-      if (curve.steps.back().tone.value) {
-        html += cell(step == nullptr ? std::nullopt : step->tone.value) +
-                cell(step == nullptr ? std::nullopt : increase_of(*step, Kind::reflectance));
-      }
-      html += cell(step == nullptr ? std::nullopt : std::optional(step->tone.spot));
+      if (curve.steps.back().tone.value) html += cells_of(step, Kind::reflectance);
+      html += cells_of(step, Kind::spot);
     }
     html += "</tr>\n";
   }
-  return html + "</tbody>\n</table>\n</div>\n";
+  html += "</tbody>\n</table>\n</div>\n";
+  if (nominals.shown.size() < nominals.count) {
+    html += "<p class=\"note\">" + grouped(nominals.shown.size()) + " of " +
+            grouped(nominals.count) + " steps.</p>\n";
+  }
+  return html;
 }
 
-std::string tones_of(const View& chart, Views charts, const Axis& increases) {
+struct Axes {
+  Axis reflectance, spot;
+};
+
+std::string tones_of(const View& chart, Views charts, const Axes& axes) {
   if (chart.figures.curves.empty()) return "";
   const std::string table = table_of(chart);
-  return "<div class=\"figures\">\n" + plot_of(chart, charts, Kind::reflectance, increases) +
-         plot_of(chart, charts, Kind::spot, increases) + "</div>\n" + legend_of(chart) +
+  return "<div class=\"figures\">\n" + plot_of(chart, charts, Kind::reflectance, axes.reflectance) +
+         plot_of(chart, charts, Kind::spot, axes.spot) + "</div>\n" + legend_of(chart) +
          (charts.size() == 1
               ? table
               : "<details>\n<summary>Tone values</summary>\n" + table + "</details>\n");
@@ -174,14 +193,20 @@ std::string tones_of(const View& chart, Views charts, const Axis& increases) {
 }  // namespace
 
 Section tones_section(Views charts) {
-  const Axis increases = increase_axis(charts);
+  const Axes axes = {increase_axis(charts, Kind::reflectance), increase_axis(charts, Kind::spot)};
+  const bool has_reflectance = std::ranges::any_of(
+      charts, [](const View& chart) { return has_curves(chart, Kind::reflectance); });
+  std::string note =
+      "The increase is what a tone value exceeds its nominal value by: a straight line lies at 0. "
+      "Spot colour tone values follow ISO 20654.";
+  if (has_reflectance) {
+    note +=
+        " Tone values by reflectance are those of X for cyan, Y for magenta, black and grey, "
+        "and Z for yellow.";
+  }
   return section_of(
-      {"tones", "Tone values",
-       "The increase is what a tone value exceeds its nominal value by: a straight line would lie "
-       "at 0. Tone values by reflectance are those of X for cyan, Y for magenta and black, and Z "
-       "for yellow.",
-       "No ink with a solid on a chart with its paper."},
-      charts, [&](const View& chart) { return tones_of(chart, charts, increases); });
+      {"tones", "Tone values", note, "No ink with a solid on a chart with its paper."}, charts,
+      [&](const View& chart) { return tones_of(chart, charts, axes); });
 }
 
 }  // namespace measkit::html

@@ -85,10 +85,18 @@ std::string letter_of(std::string_view field) {
   return is_letter ? std::string(end) : "";
 }
 
+// Paper for inks, black for lights.
+std::optional<std::size_t> start_of_wedges(const Chart& chart) {
+  if (!chart.is_rgb) return chart.paper_white;
+  const auto black = std::ranges::find(chart.landmarks, LandmarkKind::black, &Landmark::kind);
+  return black == chart.landmarks.end() ? std::nullopt : std::optional(black->index);
+}
+
 // The patch with all channels 0 and the steps of the wedge, evenly thinned when there are too many.
 std::vector<WedgeStep> wedge_of(const Chart& chart, std::size_t channel) {
   std::vector<std::size_t> indices = chart.channels[channel].wedge;
-  if (chart.paper_white && !indices.empty()) indices.insert(indices.begin(), *chart.paper_white);
+  const std::optional<std::size_t> start = start_of_wedges(chart);
+  if (start && !indices.empty()) indices.insert(indices.begin(), *start);
   const std::size_t stride = 1 + indices.size() / kMostWedgeSteps;
   std::vector<WedgeStep> steps;
   for (std::size_t i = 0; i < indices.size(); i += stride) {
@@ -112,6 +120,9 @@ void fill_channels(View& view, const Chart& chart) {
     if (!shown.wedge.empty()) shown.colour = shown.wedge.back().colour;
     view.channels.push_back(std::move(shown));
   }
+  // Letters that only some channels have are those of "1 ... 9 A B C", not of inks.
+  if (!std::ranges::any_of(view.channels, &std::string::empty, &ChannelView::letter)) return;
+  for (ChannelView& channel : view.channels) channel.letter.clear();
 }
 
 void fill_landmarks(View& view, const Chart& chart) {

@@ -32,7 +32,7 @@ bool has_curve(const View& chart, const ChannelView& channel) {
 }
 
 bool is_shown(const View& chart, const ChannelView& channel, Kind kind) {
-  if (channel.wedge.size() < 2 || has_curve(chart, channel)) return false;
+  if (channel.wedge.size() < 3 || has_curve(chart, channel)) return false;
   Extent lightness;
   for (const WedgeStep& step : channel.wedge) lightness.add(step.lab[0]);
   const bool tells_lightness = lightness.high() - lightness.low() >= kLeastLightnessSpan;
@@ -140,8 +140,8 @@ std::string ramp_plot(const View& chart, Views charts) {
   if (chart.ramp.steps.empty()) return "";
   const double full = chart.chart->full_scale;
   Plot plot({half_width(charts), charts.size() <= 2 ? 400.0 : 320.0},
-            {axis_over(0.0, full, 5), "R = G = B"}, {{0.0, 100.0, 20.0}, "luminance, %"},
-            "Luminance of the greys of " + chart.name);
+            {{0.0, full, axis_over(0.0, full, 5).step}, "R = G = B"},
+            {{0.0, 100.0, 20.0}, "luminance, %"}, "Luminance of the greys of " + chart.name);
   constexpr int kPieces = 40;
   SvgPath curve;
   for (int i = 0; i <= kPieces; ++i) {
@@ -158,7 +158,7 @@ std::string ramp_plot(const View& chart, Views charts) {
   }
   plot.draw_dots(4.0, dots);
   const std::string gamma =
-      chart.ramp.gamma ? ", and gamma " + decimal(*chart.ramp.gamma, 2) + " (line)" : "";
+      chart.ramp.gamma ? ", and gamma " + decimal(*chart.ramp.gamma, 2) + " (dashed line)" : "";
   return figure_of("Greys: luminance from black to white" + gamma, std::move(plot).finish());
 }
 
@@ -167,17 +167,19 @@ std::string ramp_plot(const View& chart, Views charts) {
 Section wedges_section(Views charts) {
   const TitledAxis lightness = measure_axis(charts, Kind::lightness);
   const TitledAxis chroma = measure_axis(charts, Kind::chroma);
-  return section_of(
-      {"wedges", "Wedges",
-       "Patches of a single colorant. Lightness is drawn where the wedge spans at least " +
-           shortest(kLeastLightnessSpan) + " L*, chroma where it spans less, as yellow does.",
-       "No wedges in this chart, or no colour for them."},
-      charts, [&](const View& chart) {
-        const std::string plots = ramp_plot(chart, charts) +
-                                  wedge_plot(chart, charts, lightness, Kind::lightness) +
-                                  wedge_plot(chart, charts, chroma, Kind::chroma);
-        return plots.empty() ? "" : "<div class=\"figures\">\n" + plots + "</div>\n";
-      });
+  return section_of({"wedges", "Wedges",
+                     "Patches of a single colorant without a solid, or of a single light. "
+                     "Lightness is drawn where "
+                     "the wedge spans at least " +
+                         shortest(kLeastLightnessSpan) + " L*, chroma where it spans less.",
+                     "No wedges in this chart, or no colour for them."},
+                    charts, [&](const View& chart) {
+                      const std::string plots =
+                          ramp_plot(chart, charts) +
+                          wedge_plot(chart, charts, lightness, Kind::lightness) +
+                          wedge_plot(chart, charts, chroma, Kind::chroma);
+                      return plots.empty() ? "" : "<div class=\"figures\">\n" + plots + "</div>\n";
+                    });
 }
 
 }  // namespace measkit::html
