@@ -94,20 +94,53 @@ TEST(PrintFigures, CurvesEndAtTheSolid) {
   EXPECT_NEAR(black.steps[1].increase(), 0.0, 1e-12);
 }
 
+// Y of the patches, while their Lab would give tone values of 74 and 100.
+TEST(PrintFigures, CurvesTakeTheFilesOwnXyz) {
+  Chart chart = chart_of("SPOT", {{{0}, {100, 0, 0}}, {{50}, {60, 0, 0}}, {{100}, {20, 0, 0}}});
+  chart.channels[0].name = "Magenta";
+  std::ranges::copy(std::vector<double>{96.42, 100, 82.49, 30, 40, 30, 15, 20, 15},
+                    chart.xyz.reset(3, 3));
+  chart.lab_source = LabSource::file;
+  const auto tone = [&chart] { return print_figures_of(chart).curves.at(0).steps.at(0).tone; };
+  EXPECT_NEAR(tone().value.value_or(0.0), 75.0, 1e-9);
+  chart.lab_source = LabSource::weighting_table;
+  EXPECT_NEAR(tone().value.value_or(0.0), 74.0913, 1e-3);
+  chart.channels[0].name = "Warm Red";
+  EXPECT_FALSE(tone().value);
+}
+
+// Black and the light red lie inside of the triangle of the others.
+TEST(PrintFigures, OutlineGoesAroundAllCorners) {
+  Chart chart = chart_of("4CLR", {{{0, 0, 0, 0}, {95, 0, 0}},
+                                  {{100, 0, 0, 0}, {55, -40, -40}},
+                                  {{0, 100, 0, 0}, {50, 70, -10}},
+                                  {{0, 0, 100, 0}, {90, -5, 90}},
+                                  {{0, 0, 0, 100}, {15, 0, 0}},
+                                  {{0, 100, 0, 100}, {12, 10, 5}}});
+  for (const std::size_t index : {1U, 2U, 3U, 4U}) {
+    chart.landmarks.push_back({LandmarkKind::solid, chart.channels[index - 1].name, index});
+  }
+  std::string names;
+  for (const NamedPatch& corner : print_figures_of(chart).outline) names += corner.name + "; ";
+  EXPECT_EQ(names, "Cyan; Magenta; Yellow; ");
+}
+
 // Grey fades from the paper's a* 2 and b* -4 to 15 % of them at L* 20: half way, 57.5 % are left.
 TEST(PrintFigures, GreyIsRelativeToThePaper) {
   const Chart chart = chart_of("CMY", {{{0, 0, 0}, {100, 2, -4}},
                                        {{40, 30, 30}, {60, 1.15, 0.7}},
                                        {{40, 31, 30}, {60.5, 5, 3}},
                                        {{45, 0, 40}, {61, 1, -2}},
+                                       {{25, 19, 19}, {80, 12, -9}},
                                        {{100, 100, 100}, {20, 0.3, -0.6}}});
   const PrintFigures figures = print_figures_of(chart);
-  ASSERT_EQ(figures.greys.size(), 2U);
-  EXPECT_EQ(figures.greys[0].index, 1U);
-  EXPECT_NEAR(figures.greys[0].grey[1], 1.15, 1e-12);
-  EXPECT_NEAR(figures.greys[0].grey[2], -2.3, 1e-12);
-  EXPECT_NEAR(figures.greys[0].chroma_error, 3.0, 1e-12);
-  EXPECT_NEAR(figures.greys[1].chroma_error, 0.0, 1e-12);
+  ASSERT_EQ(figures.greys.size(), 3U);
+  EXPECT_EQ(figures.greys[0].index, 4U);  // a balance patch, however far from grey
+  EXPECT_EQ(figures.greys[1].index, 1U);
+  EXPECT_NEAR(figures.greys[1].grey[1], 1.15, 1e-12);
+  EXPECT_NEAR(figures.greys[1].grey[2], -2.3, 1e-12);
+  EXPECT_NEAR(figures.greys[1].chroma_error, 3.0, 1e-12);
+  EXPECT_NEAR(figures.greys[2].chroma_error, 0.0, 1e-12);
 }
 
 TEST(PrintFigures, AreEmptyWithoutColoursOrDeviceValues) {

@@ -18,6 +18,7 @@
 namespace measkit::html {
 namespace {
 
+constexpr std::size_t kMostLabels = 1000;  // of lines
 // More points than that make a page slow.
 constexpr std::size_t kMostPoints = 400'000;
 
@@ -135,10 +136,12 @@ class SpectraGrid {
   double x_unit_;
 };
 
-std::string spectrum_of(const SpectraGrid& grid, const PatchView& patch, double factor) {
-  return "<path d=\"" + grid.path_of(patch.spectrum, factor) + "\"" +
-         (patch.colour.empty() ? "" : " color=\"" + patch.colour + "\"") + "><title>" +
-         patch.label + "</title></path>\n";
+// Labels of many lines that nobody can point at would only make the page larger.
+std::string spectrum_of(const SpectraGrid& grid, const PatchView& patch, double factor,
+                        bool has_label) {
+  std::string html = "<path d=\"" + grid.path_of(patch.spectrum, factor) + "\"";
+  if (!patch.colour.empty()) html += " color=\"" + patch.colour + "\"";
+  return html + (has_label ? "><title>" + patch.label + "</title></path>\n" : "/>\n");
 }
 
 // One dark line behind all lines of a group.
@@ -257,7 +260,7 @@ std::string spectra_of(const View& chart, Views charts, const SpectraAxes& axes)
     plot.draw("<g class=\"group-" + std::to_string(i + 1) + "\">\n");
     if (is_outlined) plot.draw(casing_of(grid, chart, groups[i], factor));
     for (const std::size_t patch : groups[i].patches) {
-      plot.draw(spectrum_of(grid, chart.patches[patch], factor));
+      plot.draw(spectrum_of(grid, chart.patches[patch], factor, shown <= kMostLabels));
     }
     plot.draw("</g>\n");
   }
