@@ -12,6 +12,7 @@ constexpr std::string_view kStyle = R"(.verdict { margin-bottom: 14px; font-size
 .badges strong { font-weight: 600; }
 .landmarks.few { grid-template-columns: none; grid-auto-flow: column; grid-auto-columns: minmax(0, 1fr); }
 .landmarks.few strong { overflow-wrap: anywhere; }
+.landmarks.few span { white-space: normal; }
 .scroll { overflow: auto; }
 .scroll:focus-visible { outline: 2px solid var(--text); outline-offset: 2px; }
 .patch-table { max-height: 560px; border: 1px solid var(--line); }
@@ -59,7 +60,7 @@ constexpr std::string_view kStyle = R"(.verdict { margin-bottom: 14px; font-size
   .placed.large { gap: 2px; padding: 8px; }
 }
 @media print {
-  .swatches, .legend, .wide, .badges, .key-figures { break-inside: avoid; }
+  .swatches, .pickable, .legend, .wide, .badges, .key-figures { break-inside: avoid; }
   .swatches + .note { break-before: avoid; }
   .scroll { max-height: none; overflow: visible; }
   .compact, .sortable { font-size: 7pt; }

@@ -40,6 +40,9 @@ h2 + .row { margin-top: 12px; }
 nav { display: flex; flex-wrap: wrap; gap: 4px 20px; margin-top: 20px; font-size: 14px; }
 nav a { color: var(--soft); text-decoration: none; border-bottom: 1px solid var(--line); }
 nav a:hover, nav a:focus { color: var(--text); border-color: var(--text); }
+a:focus-visible, summary:focus-visible, button:focus-visible, input:focus-visible {
+  outline: 2px solid var(--text); outline-offset: 2px;
+}
 section { margin-top: 28px; padding-top: 24px; border-top: 1px solid var(--line); }
 footer { margin-top: 48px; color: var(--soft); font-size: 13px; }
 .row {
@@ -186,7 +189,7 @@ details[open] summary { margin-bottom: 8px; }
   nav { display: none; }
   details::details-content { content-visibility: visible; block-size: auto; }
   figure, tr, .landmarks, .messages, .findings li { break-inside: avoid; }
-  h2, h3, .note, .label { break-after: avoid; }
+  h2, h2 + .note, h3, .label { break-after: avoid; }
   .note, .entry-lists > div { break-inside: avoid; }
   section { margin-top: 16px; padding-top: 14px; }
   .cell { container-type: normal; }

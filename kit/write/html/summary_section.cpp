@@ -80,7 +80,7 @@ std::string messages_of(const View& chart) {
 
 std::string landmarks_of(const View& chart) {
   if (chart.landmarks.empty()) return "";
-  constexpr std::size_t kOneRow = 8;
+  constexpr std::size_t kOneRow = 6;
   std::string html = std::string("<ul class=\"landmarks") +
                      (chart.landmarks.size() <= kOneRow ? " few" : "") +
                      "\" aria-label=\"Landmarks\">\n";
