@@ -60,7 +60,9 @@ std::optional<double> correlated_colour_temperature(const Tristimulus& xyz) {
   if (!std::isfinite(uv.u + uv.v)) return std::nullopt;
   double nearest = kLeastMired;
   constexpr double kStep = 20.0;
-  for (double mired = kLeastMired; mired <= kMostMired; mired += kStep) {
+  constexpr int kSteps = static_cast<int>((kMostMired - kLeastMired) / kStep);
+  for (int i = 1; i <= kSteps; ++i) {
+    const double mired = kLeastMired + i * kStep;
     if (distance_to_black_body(uv, mired) < distance_to_black_body(uv, nearest)) nearest = mired;
   }
   double low = std::max(nearest - kStep, kLeastMired), high = std::min(nearest + kStep, kMostMired);

@@ -72,10 +72,9 @@ std::string key_figures(const View& chart) {
 }
 
 std::string figures_of(const View& chart) {
-  const std::string table = colour_table(chart);
   const std::string items = key_figures(chart);
-  if (items.empty()) return table;
-  return "<ul class=\"key-figures\">\n" + items + "</ul>\n" + table;
+  return (items.empty() ? "" : "<ul class=\"key-figures\">\n" + items + "</ul>\n") +
+         colour_table(chart);
 }
 
 }  // namespace

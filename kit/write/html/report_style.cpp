@@ -76,14 +76,16 @@ constexpr std::string_view kStyle = R"(.verdict { margin-bottom: 14px; font-size
 
 }  // namespace
 
-// A pick hides all groups but its own. The properties are inherited by copies of the lines, too.
+// A pick hides all groups but its own.
 std::string report_style(std::size_t groups) {
   std::string style(kStyle);
   for (std::size_t i = 1; i <= groups; ++i) {
     const std::string number = std::to_string(i);
-    style += ".pickable:has(.pick-" + number + ":checked) { --rest: none; --group-" + number +
-             ": inline; }\n.group-" + number + " { display: var(--group-" + number +
-             ", var(--rest, inline)); }\n";
+    style.append(".pickable:has(.pick-")
+        .append(number)
+        .append(":checked) { --rest: none; --group-");
+    style.append(number).append(": inline; }\n.group-").append(number);
+    style.append(" { display: var(--group-").append(number).append(", var(--rest, inline)); }\n");
   }
   return style;
 }
