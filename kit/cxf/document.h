@@ -78,6 +78,7 @@ struct Specification {
   std::string_view type{}, start{}, increment{}, units{}, calibration{}, aperture{}, backing{};
   std::string_view geometry{};  ///< in the words of measurement files
   std::string_view manufacturer{}, model{}, serial{}, filter{}, illumination{}, polarization{};
+  std::string_view target_type{}, substrate{}, finish{};
 };
 
 struct Keyword {

@@ -80,7 +80,9 @@ class HeaderWriter {
       line_ = lines_.line_at(one.offset);
       if (one.is_declared) write_specification(one);
     }
-    if (layer_.specifications.empty() && !document_.specifications.empty()) line_ = 0;
+    // Where no specification says the condition, the type of the readings does.
+    if (!layer_.m.empty())
+      add("MEASUREMENT_SOURCE", "MeasurementCondition=" + std::string(layer_.m));
     write_instrument_of_maker();
     if (!layer_.density_status.empty()) {
       add("FILTER_STATUS", "Status " + std::string(layer_.density_status));
@@ -113,6 +115,9 @@ class HeaderWriter {
     add("SAMPLE_BACKING", one.backing);
     add("DEVCALSTD", one.calibration);
     add("APERTURE", one.aperture);
+    add("TARGET_TYPE", one.target_type);
+    add("MATERIAL", one.substrate);
+    add("FINISH", one.finish);
     if (is_of_surface(layer_) && has_tristimulus(layer_)) write_light(one);
     if (!is_of_surface(layer_)) add("LUMINANCE_UNITS", one.units);
   }

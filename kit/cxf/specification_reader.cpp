@@ -32,6 +32,11 @@ constexpr std::array<Member, 6> kDevice = {{
     {"DeviceIllumination", &Specification::illumination},
     {"DevicePolarization", &Specification::polarization},
 }};
+constexpr std::array<Member, 3> kPhysical = {{
+    {"TargetType", &Specification::target_type},
+    {"SubstrateType", &Specification::substrate},
+    {"FinishType", &Specification::finish},
+}};
 
 class SpecificationReader {
  public:
@@ -45,6 +50,8 @@ class SpecificationReader {
     record_.for_each_child(record_.root(), [this](const Node& part) {
       if (part.name == "TristimulusSpec") {
         take_all(part, kTristimulus);
+      } else if (part.name == "PhysicalAttributes") {
+        take_all(part, kPhysical);
       } else if (part.name == "MeasurementSpec") {
         read_measurement(part);
       } else {
