@@ -152,11 +152,12 @@ class TableMaker {
 };
 
 // True when the document cannot be read at all.
-bool is_refused(const DocumentReading& reading, Findings& findings) {
+bool is_refused(const DocumentReading& reading, const LineIndex& lines, Findings& findings) {
   if (reading.outcome.end == XmlEnd::document_type) {
     findings.add(Severity::lost, "cxf-document-type",
                  "The document has a document type, which CxF has not and which can make a small "
-                 "file endless: not read.");
+                 "file endless: not read.",
+                 lines.line_at(reading.outcome.offset));
     return true;
   }
   if (reading.form == Form::older_cxf) {
@@ -178,10 +179,10 @@ std::optional<std::vector<Table>> read_cxf(std::string_view text, TextPool& pool
   // Editors leave lines before the declaration, where XML allows none.
   DocumentReading reading = read_document(text.substr(start), pool);
   if (reading.form == Form::other) return std::nullopt;
-  if (is_refused(reading, findings)) return std::vector<Table>();
   const auto lines_before =
       std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(start), '\n');
   const LineIndex lines(text.substr(start), 1 + static_cast<std::size_t>(lines_before));
+  if (is_refused(reading, lines, findings)) return std::vector<Table>();
   Document& document = reading.document;
   tell_end(reading.outcome, document.objects.size(), lines, findings);
   use_srgb_of_targets(document, lines, findings);

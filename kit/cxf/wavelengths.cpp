@@ -41,7 +41,8 @@ class Survey {
     const bool has_step = !specification.increment.empty() || !spectrum.parts[2].empty();
     if (!has_start || !has_step) remember(guess_, spectrum);
     const auto own = number_of(spectrum.parts[1]), declared = number_of(specification.start);
-    if (own && declared && *own != *declared) remember(contradiction_, spectrum);
+    const bool is_complete = !spectrum.parts[2].empty();  // needs no specification
+    if (own && declared && *own != *declared && !is_complete) remember(contradiction_, spectrum);
     count(grid_of(spectrum, specification), spectrum);
   }
 
