@@ -10,6 +10,11 @@
 
 namespace measkit::cxf {
 
+/// "1 object" or "2 objects".
+inline std::string counted(std::size_t count, std::string_view one) {
+  return std::to_string(count).append(" ").append(one).append(count == 1 ? "" : "s");
+}
+
 /// The first few names; others are counted together.
 class CountedNames {
  public:

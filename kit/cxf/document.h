@@ -38,6 +38,7 @@ struct Measured {
   int specification = 0;                    ///< index into Document::specifications
   std::array<std::string_view, 3> parts{};  ///< of a spectrum: values, start, increment
   std::string_view status{};                ///< of a density
+  std::size_t bands = 0;                    ///< of a spectrum
   std::size_t offset = 0;
 };
 

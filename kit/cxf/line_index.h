@@ -32,12 +32,7 @@ class LineIndex {
   static constexpr std::size_t kStep = 1024;
 
   static std::size_t breaks_in(std::string_view text) {
-    std::size_t count = 0;
-    for (std::size_t at = text.find('\n'); at != std::string_view::npos;
-         at = text.find('\n', at + 1)) {
-      ++count;
-    }
-    return count;
+    return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
   }
 
   std::string_view text_;

@@ -1,5 +1,6 @@
 #include "kit/cxf/number_cells.h"
 
+#include "kit/cxf/counted_names.h"
 #include "kit/cxf/numbers.h"
 #include "kit/preflight/decimal_text.h"
 
@@ -53,14 +54,14 @@ std::string_view NumberCells::rgb_cell(std::string_view text, std::string_view r
 void NumberCells::tell(Findings& findings) const {
   if (commas_.count != 0) {
     findings.add(Severity::repaired, "cxf-decimal-commas",
-                 std::to_string(commas_.count) + " numbers have a decimal comma (the first is \"" +
-                     commas_.text + "\"): read as a point.",
+                 "Read with a point: " + counted(commas_.count, "number") +
+                     " with a decimal comma, the first \"" + commas_.text + "\".",
                  commas_.line);
   }
   if (no_numbers_.count != 0) {
     findings.add(Severity::lost, "cxf-no-numbers",
-                 std::to_string(no_numbers_.count) + " values are no numbers (the first is \"" +
-                     no_numbers_.text + "\"): left out.",
+                 "Left out: " + counted(no_numbers_.count, "text") +
+                     " in place of a number, the first \"" + no_numbers_.text + "\".",
                  no_numbers_.line);
   }
 }

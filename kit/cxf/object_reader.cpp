@@ -1,6 +1,7 @@
 #include "kit/cxf/object_reader.h"
 
 #include "kit/cxf/custom_spectrum.h"
+#include "kit/cxf/numbers.h"
 
 #include <algorithm>
 #include <array>
@@ -145,7 +146,8 @@ class ObjectReader {
       return;
     }
     const int specification = specification_of_(record_.attribute(value, "ColorSpecification"));
-    document_.colours.push_back({kind, specification, parts, status, value.offset});
+    const std::size_t bands = is_spectrum(kind) ? count_words(parts[0]) : 0;
+    document_.colours.push_back({kind, specification, parts, status, bands, value.offset});
   }
 
   void read_density(const Node& value) {

@@ -131,13 +131,13 @@ bool pair_by(const Document& document, const KeyOf& key_of, const Objects& readi
 
 void tell_unpaired(PatchSet& set) {
   const auto without = [&set](std::size_t Patch::*side) {
-    return std::ranges::count(set.patches, kNoObject, side);
+    return static_cast<std::size_t>(std::ranges::count(set.patches, kNoObject, side));
   };
-  const auto targets = without(&Patch::colours), readings = without(&Patch::device);
+  const std::size_t targets = without(&Patch::colours), readings = without(&Patch::device);
   if (targets + readings == 0) return;
   set.findings.add(Severity::doubtful, "cxf-unpaired",
-                   std::to_string(targets) + " targets have no measurement, and " +
-                       std::to_string(readings) + " measurements have no target: kept alone.");
+                   "Kept alone: " + counted(targets, "target") + " without a measurement and " +
+                       counted(readings, "measurement") + " without a target.");
 }
 
 PatchSet paired(const Document& document, const Group& readings, const Objects& targets) {

@@ -24,8 +24,8 @@ std::string_view without_end(std::string_view text) {
 void tell_end(const XmlOutcome& outcome, std::size_t objects, const LineIndex& lines,
               Findings& findings) {
   const std::size_t line = lines.line_at(outcome.offset);
-  const std::string kept = " in line " + std::to_string(line) + ": the " + std::to_string(objects) +
-                           " objects before it are read.";
+  const std::string kept =
+      " in line " + std::to_string(line) + ". Before it: " + counted(objects, "object") + ".";
   if (outcome.end == XmlEnd::malformed) {
     findings.add(Severity::lost, "cxf-malformed",
                  "The document is not well-formed XML (" + outcome.words + ")" + kept, line);
@@ -48,7 +48,7 @@ void tell_left_out(const Document& document, const LineIndex& lines, Findings& f
   if (document.too_long != 0) {
     findings.add(
         Severity::lost, "cxf-limits",
-        std::to_string(document.too_long) + " texts of more than 65536 characters are left out.");
+        "Left out: " + counted(document.too_long, "text") + " of more than 65536 characters.");
   }
 }
 
@@ -72,8 +72,8 @@ void use_srgb_of_targets(Document& document, const LineIndex& lines, Findings& f
   }
   if (used == 0) return;
   findings.add(Severity::repaired, "cxf-srgb",
-               "The sRGB colours of " + std::to_string(used) +
-                   " targets are taken as device values: the document has no others.",
+               "The sRGB colours of " + counted(used, "target") +
+                   " are taken as device values: the document has no others.",
                line);
 }
 
@@ -105,7 +105,7 @@ class TableMaker {
     }
     if (left_out != 0) {
       findings.add(Severity::lost, "too-many-tables",
-                   std::to_string(left_out) + " measurements are left out: the kit makes at most " +
+                   "Left out: " + counted(left_out, "measurement") + ". The kit makes at most " +
                        std::to_string(kMostTables) + " tables of a document.");
     }
     name_tables();
@@ -120,8 +120,8 @@ class TableMaker {
     std::optional<Table> table = table_of(document_, layer, lines_, budget_);
     if (!table) {
       findings.add(Severity::lost, "cxf-limits",
-                   "A table of " + std::to_string(layer.patches.size()) +
-                       " patches is left out: most of its cells would be empty.",
+                   "A table of " + counted(layer.patches.size(), "row") +
+                       " is left out: most of its cells would be empty.",
                    lines_.line_at(document_.objects[layer.patches.front().any()].offset));
       return;
     }
@@ -190,9 +190,8 @@ std::optional<std::vector<Table>> read_cxf(std::string_view text, TextPool& pool
   std::vector<Table> tables = TableMaker(document, lines, text.size()).make(findings);
   if (tables.empty() && !findings.has("cxf-limits")) {
     findings.add(Severity::lost, "cxf-without-values",
-                 "The document is CxF3, but none of its " +
-                     std::to_string(document.objects.size()) +
-                     " objects has measured or device values.");
+                 "The document is CxF3 without measured or device values. It has " +
+                     counted(document.objects.size(), "object") + ".");
   }
   return tables;
 }

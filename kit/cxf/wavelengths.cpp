@@ -25,8 +25,12 @@ bool is_possible(const Grid& grid) {
 }
 
 std::string words_of(const Grid& grid) {
-  return std::to_string(grid.bands) + " values from " + rounded(grid.start) + " nm by " +
+  return counted(grid.bands, "value") + " from " + rounded(grid.start) + " nm by " +
          rounded(grid.step) + " nm";
+}
+
+std::string spectra(std::size_t count) {
+  return std::to_string(count) + (count == 1 ? " spectrum" : " spectra");
 }
 
 // What the spectra of a layer say about their wavelengths.
@@ -54,16 +58,14 @@ class Survey {
     if (most == counts_.end()) return std::nullopt;
     if (guess_.count != 0) {
       findings.add(Severity::doubtful, "cxf-wavelengths",
-                   "The wavelengths of " + std::to_string(guess_.count) +
-                       " spectra are not stated in full: taken as the usual " +
-                       words_of(most->grid) + ".",
+                   "The wavelengths of " + spectra(guess_.count) +
+                       " are not stated in full: taken as the usual " + words_of(most->grid) + ".",
                    guess_.line);
     }
     if (contradiction_.count != 0) {
       findings.add(Severity::doubtful, "cxf-wavelengths",
-                   std::to_string(contradiction_.count) +
-                       " spectra begin at another wavelength than their specification says: "
-                       "their own is taken.",
+                   "The specification says another first wavelength than " +
+                       spectra(contradiction_.count) + ", whose own is taken.",
                    contradiction_.line);
     }
     return most->grid;
@@ -102,8 +104,8 @@ class Survey {
   void tell_grids(std::vector<Counted>::const_iterator most, Findings& findings) const {
     if (unknown_.count != 0) {
       findings.add(Severity::lost, "cxf-wavelengths",
-                   std::to_string(unknown_.count) +
-                       " spectra are left out: their wavelengths are not known or not possible.",
+                   "Left out: " + spectra(unknown_.count) +
+                       " without wavelengths that are known and possible.",
                    unknown_.line);
     }
     Told others = other_;
@@ -111,14 +113,13 @@ class Survey {
     for (auto one = counts_.begin(); one != counts_.end(); ++one) {
       if (one == most) continue;
       others.line = others.count == 0 ? one->line : std::min(others.line, one->line);
-      if (words.empty()) words = words_of(one->grid);
+      if (words.empty()) words = ", such as " + words_of(one->grid);
       others.count += one->count;
     }
     if (others.count == 0) return;
     findings.add(Severity::lost, "cxf-wavelengths",
-                 std::to_string(others.count) + " spectra of other wavelengths, such as " + words +
-                     ", are left out: " + std::to_string(most->count) + " spectra have " +
-                     words_of(most->grid) + ".",
+                 "Left out: " + spectra(others.count) + " of other wavelengths" + words +
+                     ". Most have " + words_of(most->grid) + ".",
                  others.line);
   }
 
@@ -132,7 +133,7 @@ class Survey {
 
 std::optional<Grid> grid_of(const Measured& spectrum, const Specification& specification) {
   Grid grid;
-  grid.bands = count_words(spectrum.parts[0]);
+  grid.bands = spectrum.bands;
   const auto number_or = [](std::string_view own, std::string_view declared, double usual) {
     const std::string_view text = own.empty() ? declared : own;
     return text.empty() ? usual : number_of(text).value_or(0.0);
