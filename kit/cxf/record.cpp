@@ -8,11 +8,12 @@ namespace {
 // Names have few characters, spectra some thousand.
 constexpr std::size_t kLongestText = std::size_t{1} << 16U;
 
+constexpr bool is_space(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
 std::string_view without_space(std::string_view text) {
-  constexpr std::string_view kSpace = " \t\r\n";
-  const std::size_t start = text.find_first_not_of(kSpace);
-  if (start == std::string_view::npos) return {};
-  return text.substr(start, text.find_last_not_of(kSpace) + 1 - start);
+  while (!text.empty() && is_space(text.front())) text.remove_prefix(1);
+  while (!text.empty() && is_space(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 bool is_inside(std::string_view piece, std::string_view source) {
