@@ -152,7 +152,7 @@ PatchSet paired(const Document& document, const Group& readings, const Objects& 
     for (std::size_t i = 0; i < targets.size(); ++i) {
       set.patches.push_back({targets[i], readings.objects[i]});
     }
-    set.findings.add(Severity::doubtful, "cxf-pairs",
+    set.findings.add(Severity::doubtful, "cxf-order",
                      what + "are paired by their order: locations and names do not pair them.");
   } else {
     for (const std::size_t target : targets) set.patches.push_back({target, kNoObject});

@@ -256,7 +256,7 @@ INSTANTIATE_TEST_SUITE_P(
                  kLit),
              {"SAMPLE_ID SAMPLE_NAME RGB_R RGB_G RGB_B LAB_L LAB_A LAB_B|1 x 1 0 0 5 6 7",
               "SAMPLE_ID SAMPLE_NAME RGB_R RGB_G RGB_B LAB_L LAB_A LAB_B|1 x 3 0 0 8 9 1"},
-             "cxf-pairs cxf-pairs"},
+             "cxf-order cxf-order"},
         Case{"nothing pairs them",
              cxf(object("Measurement", "a", colours(lab("5", "6", "7"))) +
                      object("Target", "b", rgb("1")) + object("Target", "c", rgb("2")),
