@@ -60,7 +60,11 @@ void Document::read(std::string_view bytes) {
   }
   for (std::size_t i = 0; i < size(); ++i) {
     std::string name(base_name(name_));
-    if (i != 0) name += ", table " + std::to_string(i + 1);
+    if (!plain(i).table.own_name.empty()) {
+      name += ", " + plain(i).table.own_name;
+    } else if (i != 0) {
+      name += ", table " + std::to_string(i + 1);
+    }
     chart_names_.push_back(std::move(name));
   }
 }

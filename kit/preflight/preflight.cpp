@@ -1,5 +1,6 @@
 #include "kit/preflight/preflight.h"
 
+#include "kit/cxf/read_cxf.h"
 #include "kit/preflight/conditions.h"
 #include "kit/preflight/device_columns.h"
 #include "kit/preflight/encoding.h"
@@ -149,21 +150,26 @@ bool is_main(const Table& table) {
           !roles.densities.empty());
 }
 
+std::vector<Table> read_tables(std::string_view& text, Preflighted& result) {
+  if (auto tables = cxf::read_cxf(text, result.pool, result.findings)) return *std::move(tables);
+  std::vector<Table> tables;
+  if (has_marker_line(text, "BEGIN_DATA")) tables = read_frames(text, result.findings);
+  if (!tables.empty()) return tables;
+  text = with_cells_on_one_line(text, *result.text, result.findings);
+  Findings refusals;
+  tables = read_spreadsheet(text, refusals);
+  // What encoding the bytes have is no news where they are no text.
+  if (refusals.has("not-text")) result.findings = Findings();
+  result.findings.append(refusals);
+  return tables;
+}
+
 }  // namespace
 
 Preflighted preflight(std::string_view bytes, const char* name) {
   Preflighted result;
   std::string_view text = utf8_text(bytes, *result.text, result.findings);
-  std::vector<Table> tables;
-  if (has_marker_line(text, "BEGIN_DATA")) tables = read_frames(text, result.findings);
-  if (tables.empty()) {
-    text = with_cells_on_one_line(text, *result.text, result.findings);
-    Findings refusals;
-    tables = read_spreadsheet(text, refusals);
-    // What encoding the bytes have is no news where they are no text.
-    if (refusals.has("not-text")) result.findings = Findings();
-    result.findings.append(refusals);
-  }
+  std::vector<Table> tables = read_tables(text, result);
   const bool is_only_table = tables.size() == 1;
   std::stable_partition(tables.begin(), tables.end(), is_main);
   for (Table& table : tables) {

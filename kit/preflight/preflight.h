@@ -5,6 +5,7 @@
 #include "kit/finding.h"
 #include "kit/loaded_text.h"
 #include "kit/preflight/table.h"
+#include "kit/preflight/text_pool.h"
 
 #include <memory>
 #include <string>
@@ -24,6 +25,7 @@ struct PlainTable {
 struct Preflighted {
   /// The file as UTF-8 where its bytes are something else. Stays in place when the result is moved.
   std::unique_ptr<std::string> text = std::make_unique<std::string>();
+  TextPool pool;                                    ///< texts that several tables share
   std::vector<std::unique_ptr<PlainTable>> tables;  ///< the main one first
   Findings findings;                                ///< about the file as a whole
 };

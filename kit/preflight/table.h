@@ -50,6 +50,7 @@ class Table {
  public:
   std::string_view text;   ///< from the table's first line to the end of its last
   std::string identifier;  ///< of the first line; empty without one
+  std::string own_name;    ///< among the tables of its file; empty where a number names it
   std::vector<HeaderLine> header;
   std::vector<Field> fields;
   std::string_view field_list;  ///< the line that names the fields; empty when several lines do

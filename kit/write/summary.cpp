@@ -204,7 +204,7 @@ std::string kind_text(const Chart& chart) {
   if (chart.content != Content::measurement) {
     text.append(text.empty() ? "" : ", ").append(word_of(chart.content));
   }
-  if (chart.is_display) text += ", display";
+  if (chart.is_display) text.append(text.empty() ? "" : ", ").append("display");
   return text;
 }
 
