@@ -1,5 +1,5 @@
-// Reads a page of HTML from standard input and checks that its tags are closed, that it has no script
-// but its own and nothing from elsewhere, and that it holds the texts given as arguments.
+// Reads a page of HTML from standard input and checks that its tags are closed, that it has no
+// script but its own and nothing from elsewhere, and that it holds the texts given as arguments.
 #include <algorithm>
 #include <cctype>
 #include <iostream>
