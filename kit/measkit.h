@@ -182,7 +182,7 @@ typedef enum mk_formula {
 
 /** How charts are compared. Zeros are the defaults. */
 typedef struct mk_compare_options {
-  mk_match match;
+  mk_match match;       /**< what tells which patches belong together */
   mk_formula formula;   /**< of the verdicts and pictures of the page; all are computed */
   int median;           /**< 1: repeats are averaged by the median, 0: by the mean */
   double cmc_lightness; /**< l of CMC(l:c); 2 for values that are not above 0 */
