@@ -4,16 +4,10 @@
 #include "kit/write/html/sections.h"
 
 #include <cmath>
-#include <numbers>
 #include <string>
 
 namespace measkit::html {
 namespace {
-
-double hue_angle(const Triple& lab) {
-  const double degrees = std::atan2(lab[2], lab[1]) * 180.0 / std::numbers::pi;
-  return degrees < 0.0 ? degrees + 360.0 : degrees;
-}
 
 std::string colour_row(const View& chart, const std::string& name, std::size_t index) {
   const MergedPatches& merged = chart.chart->merged;
@@ -43,13 +37,13 @@ std::string colour_table(const View& chart) {
   if (chart.figures.darkest) rows += colour_row(chart, "Darkest patch", *chart.figures.darkest);
   if (rows.empty()) return "";
   std::string html =
-      "<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"Colours of " + chart.name +
-      "\">\n<table class=\"compact\">\n<thead><tr><th scope=\"col\">Colour</th><th "
+      "<table class=\"compact\">\n<thead><tr><th scope=\"col\">Colour</th><th "
       "scope=\"col\" class=\"number\">Patch</th><th scope=\"col\" class=\"number\">Device</th>";
   for (const char* title : {"L*", "a*", "b*", "C*<sub>ab</sub>", "h<sub>ab</sub>"}) {
     html += "<th scope=\"col\" class=\"number\">" + std::string(title) + "</th>";
   }
-  return html + "</tr></thead>\n<tbody>\n" + rows + "</tbody>\n</table>\n</div>\n";
+  html += "</tr></thead>\n<tbody>\n" + rows + "</tbody>\n</table>\n";
+  return scrolling("Colours of " + chart.name, html);
 }
 
 std::string key_figures(const View& chart) {

@@ -25,16 +25,14 @@ std::string row_of(const View& chart, const GreyStep& step) {
 std::string greys_of(const View& chart) {
   if (chart.figures.greys.empty()) return "";
   std::string html =
-      "<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"Grey balance of " +
-      chart.name +
-      "\">\n<table class=\"compact\">\n<thead><tr><th scope=\"col\">Patch</th><th scope=\"col\" "
+      "<table class=\"compact\">\n<thead><tr><th scope=\"col\">Patch</th><th scope=\"col\" "
       "class=\"number\">Device</th>";
   for (const char* title : {"L*", "a*", "b*", "grey a*", "grey b*", "\u0394C<sub>h</sub>"}) {
     html += "<th scope=\"col\" class=\"number\">" + std::string(title) + "</th>";
   }
   html += "</tr></thead>\n<tbody>\n";
   for (const GreyStep& step : chart.figures.greys) html += row_of(chart, step);
-  return html + "</tbody>\n</table>\n</div>\n";
+  return scrolling("Grey balance of " + chart.name, html + "</tbody>\n</table>\n");
 }
 
 }  // namespace

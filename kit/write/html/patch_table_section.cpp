@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -18,20 +17,18 @@ constexpr std::size_t kMostColumns = 16;  // of device values and densities
 
 // Spreadsheets take it for a number: a hyphen for the minus sign, nothing for what was not
 // measured.
-std::string plain_number(double value, int decimals) {
+std::string plain(double value, std::string text) {
   if (!is_drawable(value)) return "";
-  std::string text = decimal(value, decimals);
   constexpr std::string_view kMinus = "\u2212";
   if (text.starts_with(kMinus)) text.replace(0, kMinus.size(), "-");
   return text;
 }
 
-std::string plain_shortest(double value) {
-  std::string text = is_drawable(value) ? shortest(value) : "";
-  constexpr std::string_view kMinus = "\u2212";
-  if (text.starts_with(kMinus)) text.replace(0, kMinus.size(), "-");
-  return text;
+std::string plain_number(double value, int decimals) {
+  return plain(value, decimal(value, decimals));
 }
+
+std::string plain_shortest(double value) { return plain(value, shortest(value)); }
 
 // Which columns a chart has.
 struct Columns {
@@ -90,11 +87,9 @@ void add_cell(std::string& html, std::string_view text) {
 }
 
 void add_lab(std::string& html, const Triple& lab) {
-  constexpr double kDegrees = 57.29577951308232;
-  const double hue = std::atan2(lab[2], lab[1]) * kDegrees;
   for (const double value : lab) add_cell(html, plain_number(value, 2));
   add_cell(html, plain_number(std::hypot(lab[1], lab[2]), 2));
-  add_cell(html, plain_number(hue < 0.0 ? hue + 360.0 : hue, 1));
+  add_cell(html, plain_number(hue_angle(lab), 1));
   add_cell(html, std::ranges::all_of(lab, is_drawable) ? hex_colour(lab) : "");
 }
 
@@ -155,12 +150,11 @@ std::string table_of(const View& chart) {
   if (chart.patch_count == 0) return "";
   const Columns columns(*chart.chart);
   const std::size_t rows = std::min(chart.patch_count, kMostRows);
-  std::string html =
-      "<div class=\"patch-table scroll\" tabindex=\"0\" role=\"region\" aria-label=\"Table of the "
-      "patches of " +
-      chart.name + "\">\n<table class=\"compact sortable\">\n<caption>" + caption_of(chart, rows) +
-      "</caption>\n" + head_of(chart, columns) + "<tbody>\n" +
-      rows_of(*chart.chart, columns, rows) + "</tbody>\n</table>\n</div>\n";
+  const std::string table = "<table class=\"compact sortable\">\n<caption>" +
+                            caption_of(chart, rows) + "</caption>\n" + head_of(chart, columns) +
+                            "<tbody>\n" + rows_of(*chart.chart, columns, rows) +
+                            "</tbody>\n</table>\n";
+  std::string html = scrolling("Table of the patches of " + chart.name, table, "patch-table");
   if (rows < chart.patch_count) {
     html += "<p class=\"note\">The first " + grouped(rows) + " of " + grouped(chart.patch_count) +
             " patches. The command measinfo --json prints all of them.</p>\n";

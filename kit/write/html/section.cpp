@@ -3,6 +3,8 @@
 #include "kit/write/html/numbers.h"
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
 #include <vector>
 
 namespace measkit::html {
@@ -53,6 +55,18 @@ double full_width(std::size_t columns) {
 }
 
 double half_width(std::size_t columns) { return std::min(full_width(columns), 560.0); }
+
+std::string scrolling(std::string_view name, std::string_view table, std::string_view kind) {
+  std::string html = "<div class=\"";
+  html.append(kind).append(kind.empty() ? "" : " ");
+  html.append("scroll\" tabindex=\"0\" role=\"region\" aria-label=\"").append(name);
+  return html.append("\">\n").append(table).append("</div>\n");
+}
+
+double hue_angle(const Triple& lab) {
+  const double degrees = std::atan2(lab[2], lab[1]) * 180.0 / std::numbers::pi;
+  return degrees < 0.0 ? degrees + 360.0 : degrees;
+}
 
 std::string key_figure(std::string_view value, std::string_view name) {
   return "<li><strong>" + std::string(value) + "</strong> " + std::string(name) + "</li>\n";

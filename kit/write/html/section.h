@@ -47,6 +47,13 @@ double half_width(std::size_t columns);
 inline double full_width(Views charts) { return full_width(charts.size()); }
 inline double half_width(Views charts) { return half_width(charts.size()); }
 
+/// A table that scrolls when it is larger than its place. `name` is what a screen reader calls it;
+/// `kind` is a further class of CSS and may be empty.
+std::string scrolling(std::string_view name, std::string_view table, std::string_view kind = {});
+
+/// The hue angle of Lab in degrees, 0 to 360.
+double hue_angle(const Triple& lab);
+
 /// A large number over its name.
 std::string key_figure(std::string_view value, std::string_view name);
 

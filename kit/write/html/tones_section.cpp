@@ -153,9 +153,7 @@ std::string table_of(const View& chart) {
     }
   }
   std::string html =
-      "<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"Tone values of " +
-      chart.name +
-      "\">\n<table class=\"compact\">\n<thead><tr><th scope=\"col\" rowspan=\"2\">Nominal, "
+      "<table class=\"compact\">\n<thead><tr><th scope=\"col\" rowspan=\"2\">Nominal, "
       "%</th>" +
       inks + "</tr>\n<tr>" + columns + "</tr></thead>\n<tbody>\n";
   const Nominals nominals = nominal_values(chart);
@@ -168,7 +166,7 @@ std::string table_of(const View& chart) {
     }
     html += "</tr>\n";
   }
-  html += "</tbody>\n</table>\n</div>\n";
+  html = scrolling("Tone values of " + chart.name, html + "</tbody>\n</table>\n");
   if (nominals.shown.size() < nominals.count) {
     html += "<p class=\"note\">" + grouped(nominals.shown.size()) + " of " +
             grouped(nominals.count) + " steps.</p>\n";
