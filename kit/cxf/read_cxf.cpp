@@ -155,15 +155,15 @@ class TableMaker {
 bool is_refused(const DocumentReading& reading, const LineIndex& lines, Findings& findings) {
   if (reading.outcome.end == XmlEnd::document_type) {
     findings.add(Severity::lost, "cxf-document-type",
-                 "The document has a document type, which CxF has not and which can make a small "
-                 "file endless: not read.",
+                 "The document has a document type, which can make a small file endless. CxF has "
+                 "none: not read.",
                  lines.line_at(reading.outcome.offset));
     return true;
   }
   if (reading.form == Form::older_cxf) {
     findings.add(Severity::lost, "cxf-older",
-                 "The file is CxF of an older version, which is not read: the same measurements "
-                 "exported as CxF3 or as a text table would help.");
+                 "The file is CxF of an older version, which is not read. Export the measurements "
+                 "as CxF3 or as a text table.");
     return true;
   }
   return false;
