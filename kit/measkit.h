@@ -236,6 +236,57 @@ MEASKIT_API const char* mk_comparison_html(mk_comparison* comparison) MEASKIT_NO
 
 /** @} */
 
+/** @defgroup conversion Conversion
+ *
+ *  A chart in another form. What the form cannot hold is named, so that nothing is lost in silence.
+ *  @{ */
+
+/** The answer of mk_convert. */
+typedef struct mk_conversion mk_conversion;
+
+/** How a chart is converted. Zeros are the defaults: all columns, as they stand. */
+typedef struct mk_convert_options {
+  const char* select; /**< columns to write, such as "device,lab,spectra"; null: all. The words are
+                           names, device, lab, lch, xyz, xyy, density, spectra, unknown */
+  const char* lab_from; /**< "file", "xyz" or "spectra": where Lab come from; null: as they stand */
+  const char* grid;     /**< wavelengths in nm, such as "400:700:10"; null: those of the chart */
+  int merged;           /**< 1: one row a colour, the mean of its repeats */
+  int percent;          /**< 1: spectra in percent */
+  int keep_unknown;     /**< 1: text and ti3 keep columns that no answer uses */
+  int digits;           /**< significant ones of computed numbers; 0: as few as read back equal */
+  int decimal_comma; /**< 1: numbers of CSV and TSV have a comma, cells of CSV end at semicolons */
+  int bare;          /**< 1: CSV and TSV begin with the names of the columns */
+  int cxf_pairs;     /**< 1: device values and colours of CxF are objects of their own */
+} mk_convert_options;
+
+/** Converts a chart of a document; -1 takes all charts, which only JSON can hold. `form` is
+ *  "iso28178", "cgats", "sevenchar", "csv", "tsv", "json", "jsonl", "cxf" or "ti3". Null options
+ * are the defaults. Returns null without memory or when the chart does not exist. Release the
+ * answer with mk_close_conversion; it does not need the document. */
+MEASKIT_API mk_conversion* mk_convert(mk_document* document, int chart, const char* form,
+                                      const mk_convert_options* options) MEASKIT_NOEXCEPT;
+
+/** Releases `*conversion` and sets it to null. Does nothing for null. */
+MEASKIT_API void mk_close_conversion(mk_conversion** conversion) MEASKIT_NOEXCEPT;
+
+/** Why the chart cannot be converted, in a few words; null when it can. */
+MEASKIT_API const char* mk_conversion_refusal(const mk_conversion* conversion) MEASKIT_NOEXCEPT;
+
+/** The converted text, which is empty for a refused conversion. Writes its size in bytes to
+ *  `*length`, unless that is null. The text belongs to the conversion. */
+MEASKIT_API const char* mk_converted_text(const mk_conversion* conversion,
+                                          size_t* length) MEASKIT_NOEXCEPT;
+
+/** The number of sentences about what the text does not hold. */
+MEASKIT_API int mk_num_left_behind(const mk_conversion* conversion) MEASKIT_NOEXCEPT;
+
+/** A sentence about something of the chart that the text does not hold; null when there is no such
+ *  sentence. It belongs to the conversion. */
+MEASKIT_API const char* mk_left_behind(const mk_conversion* conversion,
+                                       int position) MEASKIT_NOEXCEPT;
+
+/** @} */
+
 #ifdef __cplusplus
 }
 #endif

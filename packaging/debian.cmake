@@ -67,7 +67,7 @@ if(MEASDATA_KIT)
 endif()
 if(MEASDATA_TOOLS)
   measdata_package(
-    tools measdata-tools graphics "${library} ${same_version}" "the programs measinfo, measreport and meascompare"
+    tools measdata-tools graphics "${library} ${same_version}" "the programs measinfo, measreport, meascompare and measconvert"
   )
 endif()
 include(CPack)

@@ -2,10 +2,12 @@
 
 #include "kit/cxf/read_cxf.h"
 #include "kit/preflight/conditions.h"
+#include "kit/preflight/converted_text.h"
 #include "kit/preflight/device_columns.h"
 #include "kit/preflight/encoding.h"
 #include "kit/preflight/frame_reader.h"
 #include "kit/preflight/lab_columns.h"
+#include "kit/preflight/loaded_numbers.h"
 #include "kit/preflight/plain_writer.h"
 #include "kit/preflight/spectral_columns.h"
 #include "kit/preflight/spectral_grid.h"
@@ -73,6 +75,7 @@ void repair(Table& table, const char* name) {
   use_format_names(table);
   settle_structure(table, name);
   use_format_names(table);
+  const std::vector<bool> looked_at = numeric_fields(table, table.roles());
   mark_missing_values(table);
   pair_up_spectra(table);
   recognise_display(table);
@@ -81,6 +84,8 @@ void repair(Table& table, const char* name) {
   use_xyz_of_chromaticities(table);
   const bool is_scale_known = use_scale_of_hundred(table);
   set_placeholders_aside(table);
+  // Where some fields were set aside, others may have taken their place.
+  if (numeric_fields(table, table.roles()) != looked_at) mark_missing_values(table);
   add_lab(table, is_scale_known);
   make_conditions_plain(table);
   tell_content(table);
@@ -152,7 +157,12 @@ bool is_main(const Table& table) {
 
 std::vector<Table> read_tables(std::string_view& text, Preflighted& result) {
   if (auto tables = cxf::read_cxf(text, result.pool, result.findings)) return *std::move(tables);
+  if (auto tables = read_json(text, result.findings)) return *std::move(tables);
   std::vector<Table> tables;
+  if (auto table = read_marked_csv(text, result.findings)) {
+    tables.push_back(*std::move(table));
+    return tables;
+  }
   if (has_marker_line(text, "BEGIN_DATA")) tables = read_frames(text, result.findings);
   if (!tables.empty()) return tables;
   text = with_cells_on_one_line(text, *result.text, result.findings);

@@ -88,6 +88,24 @@ const Roles& Table::roles() const {
   return roles_;
 }
 
+Table Table::view() const {
+  Table view;
+  view.text = text;
+  view.identifier = identifier;
+  view.own_name = own_name;
+  view.header = header;
+  view.fields = fields;
+  view.field_list = field_list;
+  view.data = data;
+  view.data_line = data_line;
+  view.text_cells = text_cells;
+  view.content = content;
+  view.cells_ = cells_;
+  view.is_cut_ = is_cut_;
+  view.loaded_rows_ = loaded_rows_;
+  return view;
+}
+
 void Table::rename(int field, std::string name) {
   fields[static_cast<std::size_t>(field)].name = std::move(name);
   is_as_it_stands = false;

@@ -89,11 +89,20 @@ class Table {
   /// The line of the file where a row stands.
   std::size_t line_of(std::size_t row);
   std::string_view cell(std::size_t row, int field);
+  /// What the file has in a cell of a table that is cut; empty for a field without a column.
+  std::string_view own_cell(std::size_t row, const Field& field) const {
+    if (field.source == kNoField) return {};
+    return cells_.texts[row * cells_.width + static_cast<std::size_t>(field.source)];
+  }
   /// The numbers of a field, one a row.
   std::vector<double> numbers(int field);
   /// The roles of the fields as they are now. Valid until the next call.
   const Roles& roles() const;
   std::vector<std::string_view> field_names() const;
+
+  /// A table of the same rows, to be changed apart from this one, which must outlive it. It has no
+  /// findings and no handle.
+  Table view() const;
 
   // Changes. Each makes the table differ from the file's text.
   void rename(int field, std::string name);

@@ -19,6 +19,8 @@ Encoding: texts of a file are read as UTF-8 or, if that fails, as Latin-1.
 Comparison: Chart.compare compares two charts colour by colour. Differences are the sample minus
 the reference.
 
+Conversion: Chart.save and Chart.converted write a chart in other forms: text, CSV, JSON, CxF3.
+
 Memory: a chart keeps the native data until it is closed or no longer referenced. Its patches keep
 the chart alive. The charts of a file share its data, but each is closed on its own. A comparison
 also keeps the native data of its charts, even if they are closed. All results are copies. Using a
@@ -38,6 +40,7 @@ from __future__ import annotations
 from ._channels import Channel
 from ._charts import Chart, Mode as Mode
 from ._comparisons import ComparedColour, Comparison, Formula as Formula, Group, Match as Match
+from ._conversions import ConversionError, Converted, Form as Form, LabSource as LabSource
 from ._documents import Finding, Severity
 from ._libraries import version
 from ._loading import MeasurementError, load, load_bytes
@@ -66,6 +69,8 @@ __all__ = [
     "ComparedColour",
     "Comparison",
     "ComparisonError",
+    "ConversionError",
+    "Converted",
     "Densities",
     "Figures",
     "Finding",

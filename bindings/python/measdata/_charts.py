@@ -3,10 +3,21 @@
 from __future__ import annotations
 
 import ctypes
-from typing import Literal
+import os
+from collections.abc import Iterable
+from typing import Any, Literal
 
 from ._channels import Channel
 from ._comparisons import Comparison, Formula, Match, options_of
+from ._conversions import (
+    Converted,
+    Form,
+    LabSource,
+    converted,
+    form_of,
+    options_of as options_of_conversion,
+    write_new_file,
+)
 from ._documents import Document, Facts, Finding
 from ._libraries import decoded, kit, library, text_of
 from ._native import DataSet, Native, NativeChart, Owner, messages_of
@@ -218,6 +229,70 @@ class Chart(NativeChart):
     def to_html(self) -> str:
         """The whole file with all its charts as an HTML page without scripts."""
         return self._needed_document().made(kit.mk_html)
+
+    def converted(
+        self,
+        form: Form,
+        *,
+        select: str | Iterable[str] | None = None,
+        lab_from: LabSource | None = None,
+        grid: tuple[float, float, float] | None = None,
+        merged: bool = False,
+        percent: bool = False,
+        keep_unknown: bool = False,
+        digits: int = 0,
+        decimal_comma: bool = False,
+        bare: bool = False,
+        cxf_pairs: bool = False,
+    ) -> Converted:
+        """The chart in another form, with sentences about what the form cannot hold.
+
+        `select` names columns: "names", "device", "lab", "lch", "xyz", "xyy", "density", "spectra",
+        "unknown". `lab_from` tells where Lab come from, `grid` is the first and the last wavelength
+        and the step in nm to which spectra are averaged. `merged` writes one row a colour, the mean
+        of its repeats, and `percent` spectra in percent. Text and ti3 leave out columns that no
+        answer uses, unless `keep_unknown`. Computed numbers have `digits` significant digits, or as
+        few as read back equal. CSV and TSV may have a `decimal_comma`, and may be `bare`: they
+        begin with the names of the columns. `cxf_pairs` writes device values and colours of CxF as
+        objects of their own.
+
+        Raises ConversionError if the chart cannot be converted as asked for.
+        """
+        document = self._needed_document()
+        options = options_of_conversion(
+            select,
+            lab_from,
+            grid,
+            merged,
+            percent,
+            keep_unknown,
+            digits,
+            decimal_comma,
+            bare,
+            cxf_pairs,
+        )
+        return converted(document, self._position, form, options)
+
+    def to_csv(self, **options: Any) -> str:
+        """The chart as CSV, with the options of converted()."""
+        return self.converted("csv", **options).text
+
+    def save(
+        self,
+        path: str | os.PathLike[str],
+        form: Form | None = None,
+        *,
+        overwrite: bool = False,
+        **options: Any,
+    ) -> tuple[str, ...]:
+        """Writes the chart to a file in the form that its ending tells: .txt (ISO 28178), .csv,
+        .tsv, .json, .jsonl, .cxf or .ti3; or in `form`. The options are those of converted().
+        Returns sentences about what the file does not hold. A file that exists stays, with
+        FileExistsError, unless `overwrite`."""
+        path = os.fspath(path)
+        text, left_behind = self.converted(form or form_of(path), **options)
+        write_new_file(path, text, overwrite)
+        return left_behind
 
     def compare(
         self,

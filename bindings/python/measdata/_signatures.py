@@ -30,6 +30,21 @@ class CompareOptions(ctypes.Structure):
     )
 
 
+class ConvertOptions(ctypes.Structure):
+    _fields_ = (
+        ("select", TEXT),
+        ("lab_from", TEXT),
+        ("grid", TEXT),
+        ("merged", INT),
+        ("percent", INT),
+        ("keep_unknown", INT),
+        ("digits", INT),
+        ("decimal_comma", INT),
+        ("bare", INT),
+        ("cxf_pairs", INT),
+    )
+
+
 # Functions by result and arguments.
 Signatures = Tuple[Tuple[Any, Tuple[Any, ...], str], ...]
 SIGNATURES: Signatures = (
@@ -103,4 +118,11 @@ KIT_SIGNATURES: Signatures = (
     (INT, (POINTER,), "mk_num_compared"),
     (None, (POINTER, POINTER, POINTER), "mk_compared_patches"),
     (INT, (POINTER, TEXT, POINTER), "mk_compared_measure mk_figure"),
+    (POINTER, (POINTER, INT, TEXT, ctypes.POINTER(ConvertOptions)), "mk_convert"),
+    (None, (ctypes.POINTER(POINTER),), "mk_close_conversion"),
+    (TEXT, (POINTER,), "mk_conversion_refusal"),
+    # An address, because the text may hold zero bytes.
+    (POINTER, (POINTER, ctypes.POINTER(ctypes.c_size_t)), "mk_converted_text"),
+    (INT, (POINTER,), "mk_num_left_behind"),
+    (TEXT, (POINTER, INT), "mk_left_behind"),
 )

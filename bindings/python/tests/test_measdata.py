@@ -51,8 +51,8 @@ class Declarations(unittest.TestCase):
         for result, name, arguments in re.findall(pattern, header):
             listed = [] if arguments == "void" else arguments.split(",")
             expected[name] = (kind(result), "".join(map(kind, listed)))
-        if "mk_plain_text" in expected:  # an address, because the text may hold zero bytes
-            expected["mk_plain_text"] = ("p", expected["mk_plain_text"][1])
+        for name in expected.keys() & {"mk_plain_text", "mk_converted_text"}:
+            expected[name] = ("p", expected[name][1])  # an address: the text may hold zero bytes
         return expected
 
     @staticmethod
@@ -241,6 +241,23 @@ class Kit(unittest.TestCase):
             self.assertEqual(chart.paper_white.device, white)
         without_white = RGB.replace(b"1 1 1", b"1 1 0")
         self.assertIsNone(measdata.load_bytes(without_white).paper_white)
+
+    def test_conversions(self):
+        chart = chart_of("SAMPLE_ID LAB_L LAB_A LAB_B OWN", "a 50 1 2 é", repair=True)
+        self.assertEqual(chart.to_csv(bare=True), "SAMPLE_ID,LAB_L,LAB_A,LAB_B,OWN\na,50,1,2,é\n")
+        rows = chart.converted("cgats", select=("lab",)).text.splitlines()
+        self.assertEqual(rows[-2], "a\t50\t1\t2")
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "chart.txt")
+            (sentence,) = chart.save(path)
+            self.assertIn("OWN", sentence)
+            self.assertRaises(FileExistsError, chart.save, path)
+            self.assertEqual(chart.save(path, "json", overwrite=True), ())
+            self.assertEqual(os.listdir(folder), ["chart.txt"])
+            self.assertEqual(measdata.load(path).patches[0].lab, (50, 1, 2))
+            self.assertRaises(ValueError, chart.save, os.path.join(folder, "chart"))
+        for grid in ((400, 700, 10), (700, 400, 10)):
+            self.assertRaises(measdata.ConversionError, chart.converted, "csv", grid=grid)
 
     def test_a_given_mode_does_not_repair(self):
         chart = measdata.load_bytes(b"\n" + RGB[9:], mode="table")
