@@ -69,11 +69,24 @@ class DocumentReader final : public XmlReceiver {
   }
 
   DocumentReading take() {
+    name_kinds_of_points();
     result_.document.too_long = record_.too_long();
     return std::move(result_);
   }
 
  private:
+  // Specifications come behind the values.
+  void name_kinds_of_points() {
+    Document& document = result_.document;
+    for (Measured& value : document.colours) {
+      if (!value.is_by_points) continue;
+      const std::string_view type =
+          document.specifications[static_cast<std::size_t>(value.specification)].type;
+      if (type.find("Emissive") != std::string_view::npos) value.kind = Kind::emission;
+      if (type.find("Transmittance") != std::string_view::npos) value.kind = Kind::transmittance;
+    }
+  }
+
   void take_record() {
     Document& document = result_.document;
     const Node& root = record_.root();
