@@ -11,9 +11,7 @@ constexpr std::array<std::string_view, 4> kProcessInks = {"Cyan", "Magenta", "Ye
 
 // The ranges of the schema.
 bool is_lab(const Triple& v) { return v[0] >= 0.0; }
-bool is_lch(const Triple& v) {
-  return v[0] >= 0.0 && v[1] >= 0.0 && v[2] >= 0.0 && v[2] <= 360.0;
-}
+bool is_lch(const Triple& v) { return v[0] >= 0.0 && v[1] >= 0.0 && v[2] >= 0.0 && v[2] <= 360.0; }
 bool is_xyz(const Triple& v) { return v[0] >= 0.0 && v[1] >= 0.0 && v[2] >= 0.0; }
 bool is_xyy(const Triple& v) { return is_xyz(v) && v[0] <= 1.0 && v[1] <= 1.0; }
 
@@ -25,8 +23,8 @@ const CxfTriple kXyy = {"ColorCIExyY", {"x", "y", "Y"}, {"XYY_X", "XYY_Y", "XYY_
 // "T" of "Status T"; empty for a status that CxF does not have.
 std::string_view density_status_in(std::string_view words) {
   static constexpr std::array<std::string_view, 15> kStatuses = {
-      "A",  "E",   "I",   "M",  "T",   "SpectralX", "Spectral", "HiFi",
-      "Hex", "Txp", "Ex", "DIN", "DIN-NB", "PD",       "APD"};
+      "A",   "E",   "I",  "M",   "T",      "SpectralX", "Spectral", "HiFi",
+      "Hex", "Txp", "Ex", "DIN", "DIN-NB", "PD",        "APD"};
   constexpr std::string_view kWord = "Status ";
   if (words.starts_with(kWord)) words.remove_prefix(kWord.size());
   const auto found = std::ranges::find(kStatuses, words);

@@ -16,8 +16,8 @@ namespace measkit {
 /// Three numbers that are one colour.
 struct CxfTriple {
   std::string_view element;
-  std::array<std::string_view, 3> parts;   ///< elements inside it
-  std::array<std::string_view, 3> names;   ///< of tags for numbers that the element cannot hold
+  std::array<std::string_view, 3> parts;  ///< elements inside it
+  std::array<std::string_view, 3> names;  ///< of tags for numbers that the element cannot hold
   bool (*is_allowed)(const Triple& values);
   FieldTriple fields = Roles::kNone;
 };

@@ -40,29 +40,28 @@ class Information {
   Information(const Table& table, CxfMarkup& out) : table_(table), out_(out) {}
 
   void write() {
-    out_.raw("\t<cc:FileInformation>\n");
+    out_.line(1, "<cc:FileInformation>");
     write_element("Creator", "ORIGINATOR");
     if (is_date_and_time(value_of(table_, "CREATED"))) write_element("CreationDate", "CREATED");
     const std::string_view file = value_of(table_, "FILE_DESCRIPTOR");
     if (table_.find("DESCRIPTOR") != nullptr && value_of(table_, "DESCRIPTOR") != file) {
       write_element("Description", "DESCRIPTOR");
     } else if (fits_element(file)) {
-      out_.raw("\t\t").element("Description", file);
+      out_.element(2, "Description", file);
     }
     write_comments();
     // The first line of the measurement file: it tells the kit's reader that the tags are all
     // keywords of one.
-    out_.raw("\t\t").tag("MEASUREMENT_FILE",
-                         table_.identifier.empty() ? "CGATS.17" : table_.identifier);
+    out_.tag(2, "MEASUREMENT_FILE", table_.identifier.empty() ? "CGATS.17" : table_.identifier);
     for (const HeaderLine& line : table_.header) write_tag(line);
-    out_.raw("\t</cc:FileInformation>\n");
+    out_.line(1, "</cc:FileInformation>");
   }
 
  private:
   void write_element(std::string_view element, std::string_view keyword) {
     const HeaderLine* const line = table_.find(keyword);
     if (line == nullptr || !fits_element(line->value)) return;
-    out_.raw("\t\t").element(element, line->value);
+    out_.element(2, element, line->value);
     written_.push_back(line);
   }
 
@@ -73,14 +72,14 @@ class Information {
       if (comment.find_first_not_of(" \t") == std::string_view::npos) continue;
       comments.append(comments.empty() ? "" : "\n").append(comment);
     }
-    if (!comments.empty()) out_.raw("\t\t").element("Comment", comments);
+    if (!comments.empty()) out_.element(2, "Comment", comments);
   }
 
   void write_tag(const HeaderLine& line) {
     const bool is_count = line.keyword == "NUMBER_OF_FIELDS" || line.keyword == "NUMBER_OF_SETS";
     const bool is_written = std::ranges::find(written_, &line) != written_.end();
     if (line.keyword.empty() || is_count || is_written) return;
-    out_.raw("\t\t").tag(line.keyword, line.value);
+    out_.tag(2, line.keyword, line.value);
   }
 
   const Table& table_;
@@ -129,24 +128,24 @@ class Specification {
   void write(std::string_view id) {
     out_.raw("\t\t\t<cc:ColorSpecification Id=\"").raw(id).raw("\">\n");
     write_light();
-    out_.raw("\t\t\t\t<cc:MeasurementSpec>\n\t\t\t\t\t");
-    out_.element("MeasurementType", measurement_type());
-    out_.raw("\t\t\t\t\t<cc:GeometryChoice>\n");
+    out_.line(4, "<cc:MeasurementSpec>");
+    out_.element(5, "MeasurementType", measurement_type());
+    out_.line(5, "<cc:GeometryChoice>");
     write_geometry(text_of(chart_.conditions.geometry));
-    out_.raw("\t\t\t\t\t</cc:GeometryChoice>\n");
+    out_.line(5, "</cc:GeometryChoice>");
     if (columns_.spectra.is_on_grid) {
       out_.raw("\t\t\t\t\t<cc:WavelengthRange StartWL=\"");
       out_.raw(std::to_string(columns_.spectra.start)).raw("\" Increment=\"");
       out_.raw(std::to_string(columns_.spectra.step)).raw("\"/>\n");
     }
     write_units();
-    out_.element("CalibrationStandard", value_of(table_, "DEVCALSTD"));
-    out_.element("Aperture", value_of(table_, "APERTURE"));
-    out_.element("Backing", text_of(chart_.conditions.backing));
+    out_.element(5, "CalibrationStandard", value_of(table_, "DEVCALSTD"));
+    out_.element(5, "Aperture", value_of(table_, "APERTURE"));
+    out_.element(5, "Backing", text_of(chart_.conditions.backing));
     write_device();
-    out_.raw("\t\t\t\t</cc:MeasurementSpec>\n");
+    out_.line(4, "</cc:MeasurementSpec>");
     write_target_type();
-    out_.raw("\t\t\t</cc:ColorSpecification>\n");
+    out_.line(3, "</cc:ColorSpecification>");
   }
 
  private:
@@ -154,11 +153,11 @@ class Specification {
     const std::string_view light = illuminant_in_cxf(text_of(chart_.conditions.illuminant));
     const std::string_view angle = text_of(chart_.conditions.observer);
     if (light.empty() || (angle != "2" && angle != "10")) return;
-    out_.raw("\t\t\t\t<cc:TristimulusSpec>\n");
-    out_.element("Illuminant", light);
-    out_.element("Observer", std::string(angle) + "_Degree");
-    out_.element("Method", method());
-    out_.raw("\t\t\t\t</cc:TristimulusSpec>\n");
+    out_.line(4, "<cc:TristimulusSpec>");
+    out_.element(5, "Illuminant", light);
+    out_.element(5, "Observer", std::string(angle) + "_Degree");
+    out_.element(5, "Method", method());
+    out_.line(4, "</cc:TristimulusSpec>");
   }
 
   std::string_view method() const {
@@ -174,8 +173,7 @@ class Specification {
     if (columns_.spectra.element == "EmissiveSpectrum" || chart_.quantity == Quantity::emission) {
       return what + "_Emissive";
     }
-    return what +
-           (chart_.quantity == Quantity::transmittance ? "_Transmittance" : "_Reflectance");
+    return what + (chart_.quantity == Quantity::transmittance ? "_Transmittance" : "_Reflectance");
   }
 
   // Two angles have a home in CxF only with the arrangement, which must not be made up.
@@ -187,16 +185,16 @@ class Specification {
     const bool is_45_0 = has("45/0") || has("45:0"), is_0_45 = has("0/45") || has("0:45");
     const bool is_annular = has("annular") || has("circumferential");
     if ((is_45_0 || is_0_45) && (is_annular || has("uniplanar"))) {
-      out_.raw("<cc:SingleAngle>\n");
-      out_.element("SingleAngleConfiguration", is_annular ? "Annular" : "Uniplanar");
-      out_.element("IlluminationAngle", is_45_0 ? "45" : "0");
-      out_.element("MeasurementAngle", is_45_0 ? "0" : "45");
-      out_.raw("</cc:SingleAngle>\n");
+      out_.line(6, "<cc:SingleAngle>");
+      out_.element(7, "SingleAngleConfiguration", is_annular ? "Annular" : "Uniplanar");
+      out_.element(7, "IlluminationAngle", is_45_0 ? "45" : "0");
+      out_.element(7, "MeasurementAngle", is_45_0 ? "0" : "45");
+      out_.line(6, "</cc:SingleAngle>");
     } else if (has("specular included") || has("specular excluded")) {
-      out_.element("SphereGeometry",
+      out_.element(6, "SphereGeometry",
                    has("included") ? "Specular_Included" : "Specular_Excluded");
     } else {
-      out_.element("UnknownGeometry", geometry.empty() ? "not specified" : geometry);
+      out_.element(6, "UnknownGeometry", geometry.empty() ? "not specified" : geometry);
     }
   }
 
@@ -205,36 +203,36 @@ class Specification {
                                                                "cd/m2"};
     const std::string_view units = value_of(table_, "LUMINANCE_UNITS");
     if (std::ranges::find(kUnits, units) != kUnits.end()) {
-      out_.element("LuminanceUnitsType", units);
+      out_.element(5, "LuminanceUnitsType", units);
     }
   }
 
   void write_device() {
     CxfMarkup device;
-    device.element("Manufacturer", answer_to(chart_, "manufacturer"));
-    device.element("Model", answer_to(chart_, "model"));
-    device.element("SerialNumber", answer_to(chart_, "serial number"));
+    device.element(6, "Manufacturer", answer_to(chart_, "manufacturer"));
+    device.element(6, "Model", answer_to(chart_, "model"));
+    device.element(6, "SerialNumber", answer_to(chart_, "serial number"));
     write_filter(device);
-    device.element("DeviceIllumination", illumination_in_cxf(text_of(chart_.conditions.m)));
+    device.element(6, "DeviceIllumination", illumination_in_cxf(text_of(chart_.conditions.m)));
     const std::string polarization = small_letters(text_of(chart_.conditions.polarization));
     if (polarization == "yes" || polarization == "no") {
-      device.element("DevicePolarization", polarization == "yes" ? "true" : "false");
+      device.element(6, "DevicePolarization", polarization == "yes" ? "true" : "false");
     }
     if (device.view().empty()) return;
-    out_.raw("\t\t\t\t\t<cc:Device>\n").raw(device.view()).raw("\t\t\t\t\t</cc:Device>\n");
+    out_.line(5, "<cc:Device>").raw(device.view()).raw("\t\t\t\t\t</cc:Device>\n");
   }
 
   void write_filter(CxfMarkup& device) const {
     const std::string_view words = text_of(chart_.conditions.filter);
     const std::string filter = small_letters(words);
     if (filter == "none" || filter == "no") {
-      device.element("DeviceFilter", "Filter_None");
+      device.element(6, "DeviceFilter", "Filter_None");
     } else if (filter.starts_with("uv")) {
-      device.element("DeviceFilter", "Filter_UVExcluded");
+      device.element(6, "DeviceFilter", "Filter_UVExcluded");
     } else if (filter == "d65") {
-      device.element("DeviceFilter", "Filter_UVD65");
+      device.element(6, "DeviceFilter", "Filter_UVD65");
     } else if (!words.empty()) {
-      device.raw("<cc:DeviceFilter FilterDescription=\"").escaped(words);
+      device.raw("\t\t\t\t\t\t<cc:DeviceFilter FilterDescription=\"").escaped(words);
       device.raw("\">Filter_Custom</cc:DeviceFilter>\n");
     }
   }
@@ -244,13 +242,15 @@ class Specification {
                                                                "IT8.7/4", "ECI2002"};
     const std::string_view type = value_of(table_, "TARGET_TYPE");
     if (type.empty()) return;
-    out_.raw("\t\t\t\t<cc:PhysicalAttributes>\n");
+    out_.line(4, "<cc:PhysicalAttributes>");
     if (std::ranges::find(kTypes, type) != kTypes.end()) {
-      out_.element("TargetType", type);
+      out_.element(5, "TargetType", type);
     } else {
-      out_.raw("<cc:TargetType OtherType=\"").escaped(type).raw("\">Other</cc:TargetType>\n");
+      out_.raw("\t\t\t\t\t<cc:TargetType OtherType=\"")
+          .escaped(type)
+          .raw("\">Other</cc:TargetType>\n");
     }
-    out_.raw("\t\t\t\t</cc:PhysicalAttributes>\n");
+    out_.line(4, "</cc:PhysicalAttributes>");
   }
 
   const Table& table_;
@@ -280,11 +280,10 @@ bool is_up_to(std::string_view two_digits, int least, int most) {
 bool is_date_and_time(std::string_view text) {
   const std::string_view whole = text;
   if (!take_pattern(text, "dddd-dd-ddTdd:dd:dd")) return false;
-  const bool is_possible = is_up_to(whole.substr(5, 2), 1, 12) &&
-                           is_up_to(whole.substr(8, 2), 1, 31) &&
-                           is_up_to(whole.substr(11, 2), 0, 23) &&
-                           is_up_to(whole.substr(14, 2), 0, 59) &&
-                           is_up_to(whole.substr(17, 2), 0, 59);
+  const bool is_possible =
+      is_up_to(whole.substr(5, 2), 1, 12) && is_up_to(whole.substr(8, 2), 1, 31) &&
+      is_up_to(whole.substr(11, 2), 0, 23) && is_up_to(whole.substr(14, 2), 0, 59) &&
+      is_up_to(whole.substr(17, 2), 0, 59);
   if (!is_possible) return false;
   if (take_pattern(text, ".d")) {
     while (take_pattern(text, "d")) {
@@ -295,13 +294,11 @@ bool is_date_and_time(std::string_view text) {
   return has_zone && text.empty();
 }
 
-void write_cxf_information(const Table& table, CxfMarkup& out) {
-  Information(table, out).write();
-}
+void write_cxf_information(const Table& table, CxfMarkup& out) { Information(table, out).write(); }
 
 void write_cxf_specifications(const Table& table, const Chart& chart, const CxfColumns& columns,
                               const CxfSpecificationIds& ids, CxfMarkup& out) {
-  out.raw("\t\t<cc:ColorSpecificationCollection>\n");
+  out.line(2, "<cc:ColorSpecificationCollection>");
   Specification(table, chart, columns, out).write(ids.colours);
   out.raw("\t\t\t<cc:ColorSpecification Id=\"").raw(ids.device).raw("\">\n");
   out.raw(
@@ -312,7 +309,7 @@ void write_cxf_specifications(const Table& table, const Chart& chart, const CxfC
       "\t\t\t\t\t</cc:GeometryChoice>\n"
       "\t\t\t\t</cc:MeasurementSpec>\n"
       "\t\t\t</cc:ColorSpecification>\n");
-  out.raw("\t\t</cc:ColorSpecificationCollection>\n");
+  out.line(2, "</cc:ColorSpecificationCollection>");
 }
 
 }  // namespace measkit

@@ -22,13 +22,13 @@ std::size_t likely_size(const Table& table) {
 }
 
 void write_objects(CxfObjects& objects, const std::string& type, bool in_pairs, CxfMarkup& out) {
-  out.raw("\t\t<cc:ObjectCollection>\n");
+  out.line(2, "<cc:ObjectCollection>");
   if (in_pairs) {
     objects.write_pairs(type);
   } else {
     objects.write_samples();
   }
-  out.raw("\t\t</cc:ObjectCollection>\n");
+  out.line(2, "</cc:ObjectCollection>");
 }
 
 }  // namespace
@@ -46,7 +46,7 @@ std::string cxf_of(Table& table, const Chart& chart, const CxfForm& form,
   out.reserve(likely_size(table));
   out.raw(kStart);
   write_cxf_information(table, out);
-  out.raw("\t<cc:Resources>\n");
+  out.line(1, "<cc:Resources>");
   CxfObjects objects(table, columns, ids, has_date ? created->value : form.time_of_writing, out);
   if (table.row_count() != 0) write_objects(objects, type, form.in_pairs, out);
   write_cxf_specifications(table, chart, columns, ids, out);
@@ -54,8 +54,8 @@ std::string cxf_of(Table& table, const Chart& chart, const CxfForm& form,
   objects.tell(left_behind);
   const std::size_t forbidden = out.forbidden_characters() + objects.forbidden_characters();
   if (forbidden != 0) {
-    left_behind.push_back("Control codes that XML forbids are left out: " +
-                          std::to_string(forbidden) + ".");
+    left_behind.push_back(
+        "Control codes that XML forbids are left out: " + std::to_string(forbidden) + ".");
   }
   return out.take();
 }

@@ -76,13 +76,20 @@ CxfMarkup& CxfMarkup::escaped(std::string_view text) {
   return *this;
 }
 
-void CxfMarkup::element(std::string_view name, std::string_view text) {
-  if (text.empty()) return;
-  raw("<cc:").raw(name).raw(">").escaped(text).raw("</cc:").raw(name).raw(">\n");
+CxfMarkup& CxfMarkup::line(std::size_t depth, std::string_view markup) {
+  text_.append(depth, '\t').append(markup).append("\n");
+  return *this;
 }
 
-void CxfMarkup::tag(std::string_view name, std::string_view value) {
-  raw("<cc:Tag Name=\"").escaped(name).raw("\" Value=\"").escaped(value).raw("\"/>\n");
+void CxfMarkup::element(std::size_t depth, std::string_view name, std::string_view text) {
+  if (text.empty()) return;
+  text_.append(depth, '\t').append("<cc:").append(name).append(">");
+  escaped(text).raw("</cc:").raw(name).raw(">\n");
+}
+
+void CxfMarkup::tag(std::size_t depth, std::string_view name, std::string_view value) {
+  text_.append(depth, '\t').append("<cc:Tag Name=\"");
+  escaped(name).raw("\" Value=\"").escaped(value).raw("\"/>\n");
 }
 
 }  // namespace measkit

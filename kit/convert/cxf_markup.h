@@ -17,9 +17,11 @@ class CxfMarkup {
   }
   /// A text with markup characters escaped. Characters that XML forbids are left out and counted.
   CxfMarkup& escaped(std::string_view text);
-  /// <cc:name>text</cc:name>; nothing for an empty text.
-  void element(std::string_view name, std::string_view text);
-  void tag(std::string_view name, std::string_view value);
+  /// Markup on a line of its own behind `depth` tabs.
+  CxfMarkup& line(std::size_t depth, std::string_view markup);
+  /// <cc:name>text</cc:name> on a line; nothing for an empty text.
+  void element(std::size_t depth, std::string_view name, std::string_view text);
+  void tag(std::size_t depth, std::string_view name, std::string_view value);
 
   void reserve(std::size_t size) { text_.reserve(size); }
   void clear() { text_.clear(); }

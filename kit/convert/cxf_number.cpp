@@ -40,9 +40,9 @@ CxfNumber CxfNumbers::read(std::string_view cell) const {
 
 std::string decimal_text(double value) {
   std::array<char, 400> digits{};  // the smallest doubles have 324 zeros
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                 std::chars_format::fixed)
-                       .ptr;
+  const auto end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed)
+          .ptr;
   return {digits.data(), end};
 }
 

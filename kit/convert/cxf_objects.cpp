@@ -59,7 +59,7 @@ CxfObjects::CxfObjects(Table& table, const CxfColumns& columns, const CxfSpecifi
                        std::string_view created, CxfMarkup& out)
     : table_(table), columns_(columns), ids_(ids), out_(out), reader_(table.pool) {
   CxfMarkup markup;
-  markup.element("CreationDate", created);
+  markup.element(4, "CreationDate", created);
   creation_ = markup.take();
   const CxfSpectra& spectra = columns.spectra;
   for (const SpectralField& band : spectra.bands) bands_.push_back(band.field);
@@ -85,12 +85,15 @@ void CxfObjects::write_samples() {
 }
 
 void CxfObjects::write_pairs(std::string_view type) {
+  if (columns_.inks == CxfInks::none || !columns_.has_colours()) {
+    write_samples();
+    return;
+  }
   has_name_tags_ = true;
   for (const bool is_target : {false, true}) {
     const std::string_view stem = is_target ? "Target" : type;
     for (std::size_t row = 0; row < table_.row_count(); ++row) {
-      write_object(row, stem, std::string(stem) + std::to_string(row + 1),
-                   {!is_target, is_target});
+      write_object(row, stem, std::string(stem) + std::to_string(row + 1), {!is_target, is_target});
     }
   }
 }
@@ -98,7 +101,7 @@ void CxfObjects::write_pairs(std::string_view type) {
 void CxfObjects::write_object(std::size_t row, std::string_view type, std::string_view name,
                               Parts parts) {
   out_.raw("\t\t\t<cc:Object ObjectType=\"").raw(type).raw("\" Name=\"").escaped(name);
-  out_.raw("\" Id=\"p").raw(std::to_string(++objects_)).raw("\">\n\t\t\t\t").raw(creation_);
+  out_.raw("\" Id=\"p").raw(std::to_string(++objects_)).raw("\">\n").raw(creation_);
   values_.clear();
   tags_.clear();
   if (parts.colours) write_colours(row);
@@ -137,7 +140,7 @@ bool CxfObjects::are_in(double least, double most) const {
 template <typename Name>
 void CxfObjects::keep_as_tags(Name name_of, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
-    if (numbers_[i].is_number()) tags_.raw("\t\t\t\t\t").tag(name_of(i), numbers_[i].text);
+    if (numbers_[i].is_number()) tags_.tag(5, name_of(i), numbers_[i].text);
   }
 }
 
@@ -250,9 +253,9 @@ void CxfObjects::write_rgb() {
 
 void CxfObjects::write_inks() {
   const bool is_custom = columns_.inks == CxfInks::custom;
-  const std::string_view element = is_custom                         ? "ColorCustom"
-                                   : columns_.inks == CxfInks::cmyk  ? "ColorCMYK"
-                                                                     : "ColorCMYKPlusN";
+  const std::string_view element = is_custom                        ? "ColorCustom"
+                                   : columns_.inks == CxfInks::cmyk ? "ColorCMYK"
+                                                                    : "ColorCMYKPlusN";
   static constexpr std::array<std::string_view, 4> kParts = {"Cyan", "Magenta", "Yellow", "Black"};
   values_.raw("\t\t\t\t\t<cc:").raw(element);
   if (is_custom) values_.raw(" Name=\"").escaped(columns_.set).raw("\"");
@@ -283,12 +286,12 @@ std::string_view CxfObjects::text_at(std::size_t row, int field) {
 }
 
 void CxfObjects::write_place(std::string_view location) {
-  out_.raw("\t\t\t\t\t").tag("SAMPLE_LOC", location);
+  out_.tag(5, "SAMPLE_LOC", location);
   const std::optional<Place> place = place_in(location);
   if (!place) return;
-  out_.raw("\t\t\t\t\t").tag("Page", place->page);
-  out_.raw("\t\t\t\t\t").tag("Row", std::to_string(place->row));
-  out_.raw("\t\t\t\t\t").tag("Column", std::to_string(place->column));
+  out_.tag(5, "Page", place->page);
+  out_.tag(5, "Row", std::to_string(place->row));
+  out_.tag(5, "Column", std::to_string(place->column));
 }
 
 // An object without values has an empty collection, so that the patch is not lost.
@@ -296,13 +299,13 @@ void CxfObjects::write_tags(std::size_t row, bool is_main, bool has_values) {
   const std::string_view location =
       columns_.location == kNoField ? std::string_view() : text_at(row, columns_.location);
   const bool has_id = columns_.id != kNoField && !table_.cell(row, columns_.id).empty();
-  const bool has_name = has_name_tags_ && columns_.name != kNoField &&
-                        !table_.cell(row, columns_.name).empty();
+  const bool has_name =
+      has_name_tags_ && columns_.name != kNoField && !table_.cell(row, columns_.name).empty();
   if (!location.empty() || has_id || has_name) {
     out_.raw("\t\t\t\t<cc:TagCollection Name=\"Location\">\n");
     if (!location.empty()) write_place(location);
-    if (has_id) out_.raw("\t\t\t\t\t").tag("SampleID", text_at(row, columns_.id));
-    if (has_name) out_.raw("\t\t\t\t\t").tag("SampleName", text_at(row, columns_.name));
+    if (has_id) out_.tag(5, "SampleID", text_at(row, columns_.id));
+    if (has_name) out_.tag(5, "SampleName", text_at(row, columns_.name));
     out_.raw("\t\t\t\t</cc:TagCollection>\n");
   }
   for (const int field : columns_.others) {
@@ -310,7 +313,7 @@ void CxfObjects::write_tags(std::size_t row, bool is_main, bool has_values) {
     const std::string_view text = text_at(row, field);
     // The first object has the tags of all columns.
     if (text.empty() && row != 0) continue;
-    tags_.raw("\t\t\t\t\t").tag(table_.fields[static_cast<std::size_t>(field)].name, text);
+    tags_.tag(5, table_.fields[static_cast<std::size_t>(field)].name, text);
   }
   if (tags_.view().empty() && has_values) return;
   out_.raw("\t\t\t\t<cc:TagCollection Name=\"Fields\">\n").raw(tags_.view());

@@ -29,7 +29,8 @@ class CxfObjects {
 
   /// One object a patch.
   void write_samples();
-  /// Objects with the colours and then objects with the device values. `type` is that of the first.
+  /// Objects with the colours and then objects with the device values, if the table has both.
+  /// `type` is that of the first.
   void write_pairs(std::string_view type);
   void tell(std::vector<std::string>& left_behind) const;
   std::size_t forbidden_characters() const {

@@ -64,8 +64,8 @@ struct Object {
   std::array<std::string_view, 3> rgb{}, srgb{};
   std::string_view rgb_range{}, srgb_range{};  ///< the value of full light; empty for 255
   std::string_view page{}, row{}, column{}, location{}, sample_id{}, sample_name{};
-  std::string_view ink_set{};                  ///< the name that the inks have as a set
-  bool has_cells = false;                      ///< says cells of fields, perhaps none
+  std::string_view ink_set{};  ///< the name that the inks have as a set
+  bool has_cells = false;      ///< says cells of fields, perhaps none
 
   bool has_colours() const { return colours.count != 0; }
   bool has_rgb() const { return !rgb[0].empty(); }

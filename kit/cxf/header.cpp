@@ -294,8 +294,8 @@ bool has_own_keywords(const Document& document, const Layer& layer) {
   if (document.measurement_file.empty() || !is_plain) return false;
   const auto is_told = [&document](std::string_view words) {
     return words.empty() || std::ranges::any_of(document.keywords, [words](const Keyword& keyword) {
-      return keyword.value.find(words) != std::string_view::npos;
-    });
+             return keyword.value.find(words) != std::string_view::npos;
+           });
   };
   return is_told(layer.m) && std::ranges::all_of(layer.specifications, [&](int index) {
            const Specification& one = document.specifications[static_cast<std::size_t>(index)];

@@ -77,7 +77,7 @@ class ObjectReader {
   void read() {
     const Node& root = record_.root();
     object_.type = record_.attribute(root, "ObjectType");
-    object_.name = record_.attribute(root, "Name");
+    object_.name = text_of(root, "Name", false);
     object_.offset = root.offset;
     if (!record_.attribute(root, "GUID").empty()) document_.passed_over.add("GUID", root.offset);
     object_.colours.first = document_.colours.size();
@@ -111,6 +111,12 @@ class ObjectReader {
     } else {
       pass_over(part);
     }
+  }
+
+  // Texts of measurement files have blanks around them only where someone put them into quotes.
+  std::string_view text_of(const Node& node, std::string_view attribute, bool is_cell) const {
+    const bool is_whole = is_cell || !document_.measurement_file.empty();
+    return is_whole ? record_.whole_attribute(node, attribute) : record_.attribute(node, attribute);
   }
 
   void read_date(const Node& date) {
@@ -226,7 +232,7 @@ class ObjectReader {
 
   void read_tag(const Node& tag, bool is_cell) {
     const std::string_view name = record_.attribute(tag, "Name");
-    const std::string_view value = record_.attribute(tag, "Value");
+    const std::string_view value = text_of(tag, "Value", is_cell);
     if (tag.name != "Tag") {
       pass_over(tag);
       return;

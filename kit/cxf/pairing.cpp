@@ -47,7 +47,10 @@ Role role_of(const Document& document, Group& group) {
     return Role::readings;
   }
   if (!take_ending(group.stem, "target")) return Role::samples;
-  const bool is_plain = any_has(&Object::has_device) && !any_has(&Object::has_colours);
+  const bool has_cells = std::ranges::any_of(
+      group.objects, [&](std::size_t i) { return document.objects[i].has_cells; });
+  const bool is_plain =
+      (has_cells || any_has(&Object::has_device)) && !any_has(&Object::has_colours);
   return is_plain ? Role::targets : Role::samples;
 }
 

@@ -37,9 +37,8 @@ void Record::begin(const XmlName& name, bool is_foreign, std::span<const XmlAttr
                     attributes.size()});
   for (const XmlAttribute& attribute : attributes) {
     const bool is_own = attribute.uri.empty();
-    attributes_.push_back(
-        {is_own ? known(attribute.local) : std::string_view(),
-         is_own ? pool_.add(limited(without_space(attribute.value))) : std::string_view()});
+    attributes_.push_back({is_own ? known(attribute.local) : std::string_view(),
+                           is_own ? pool_.add(limited(attribute.value)) : std::string_view()});
   }
 }
 
@@ -79,6 +78,10 @@ void Record::clear() {
 }
 
 std::string_view Record::attribute(const Node& node, std::string_view name) const {
+  return without_space(whole_attribute(node, name));
+}
+
+std::string_view Record::whole_attribute(const Node& node, std::string_view name) const {
   for (std::size_t i = 0; i < node.attributes; ++i) {
     const Attribute& one = attributes_[node.first_attribute + i];
     if (one.name == name) return one.value;

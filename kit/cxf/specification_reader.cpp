@@ -162,7 +162,9 @@ void read_file_information(const Record& record, Document& document) {
       if (name == "MEASUREMENT_FILE" && !value.empty()) {
         document.measurement_file = value;
       } else {
-        document.keywords.push_back({name, value, node.offset});
+        const bool is_whole = !document.measurement_file.empty();
+        document.keywords.push_back(
+            {name, is_whole ? record.whole_attribute(node, "Value") : value, node.offset});
       }
     } else {
       document.passed_over.add(node.name.empty() ? "elements of other namespaces" : node.name,

@@ -72,6 +72,7 @@ class TableBuilder {
     budget.left -= size;
     cells_.width = columns_.size();
     cells_.texts.resize(size);
+    if (!document_.measurement_file.empty()) mark_missing_numbers();
     for (std::size_t row = 0; row < layer_.patches.size(); ++row) fill(row);
     write_header(document_, layer_, lines_, table_);
     name_inks();
@@ -115,6 +116,7 @@ class TableBuilder {
       add_column("SPECTRAL_NM" +
                  measkit::text_of(grid_->start + grid_->step * static_cast<double>(i)));
     }
+    end_of_numbers_ = columns_.size();
     for (std::string& field : tags_.fields_beside(columns_)) {
       tag_columns_.push_back(add_column(std::move(field)));
     }
@@ -144,11 +146,18 @@ class TableBuilder {
     return cells_.texts[row * cells_.width + column];
   }
 
+  // As measurement files mark them; other documents leave it to the repairs, which tell it.
+  void mark_missing_numbers() {
+    for (std::size_t row = 0; row < layer_.patches.size(); ++row) {
+      for (std::size_t column = first_ink_; column < end_of_numbers_; ++column) {
+        cell(row, column) = "nan";
+      }
+    }
+  }
+
   // A text on one line.
   std::string_view plain(std::string_view text) {
-    const auto is_control = [](char c) {
-      return static_cast<unsigned char>(c) < ' ' && c != '\t';
-    };
+    const auto is_control = [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; };
     if (std::ranges::none_of(text, is_control)) return text;
     std::string made(text);
     std::ranges::replace_if(made, is_control, ' ');
@@ -204,7 +213,8 @@ class TableBuilder {
     if (!grid_ || grid_of(spectrum, specification) != grid_) return;
     std::string_view list = spectrum.parts[0];
     for (std::size_t i = 0; i < grid_->bands; ++i) {
-      cell(row, first_band_ + i) = numbers_.cell(next_word(list), spectrum.offset);
+      const std::string_view number = numbers_.cell(next_word(list), spectrum.offset);
+      if (!number.empty()) cell(row, first_band_ + i) = number;
     }
   }
 
@@ -254,7 +264,7 @@ class TableBuilder {
   std::unordered_map<std::string, std::size_t> positions_;
   std::vector<std::string_view> ids_, names_, locations_, tag_texts_;
   std::array<std::array<std::size_t, 3>, kKinds> kind_columns_{};
-  std::size_t first_ink_ = 0, first_rgb_ = 0, first_band_ = 0;
+  std::size_t first_ink_ = 0, first_rgb_ = 0, first_band_ = 0, end_of_numbers_ = 0;
   std::vector<std::size_t> tag_columns_;
   bool has_rgb_ = false;
 };
