@@ -1,6 +1,7 @@
 #include "kit/cxf/document_reader.h"
 
 #include "kit/cxf/object_reader.h"
+#include "kit/cxf/plain_xml.h"
 #include "kit/cxf/record.h"
 #include "kit/cxf/specification_reader.h"
 
@@ -138,6 +139,8 @@ Form form_named(std::string_view root) {
 }  // namespace
 
 DocumentReading read_document(std::string_view text, TextPool& pool) {
+  DocumentReader plain(text, pool);
+  if (read_plain_xml(text, plain)) return plain.take();
   DocumentReader reader(text, pool);
   XmlOutcome outcome = read_xml(text, reader);
   DocumentReading result = reader.take();

@@ -58,6 +58,7 @@ class Record {
   };
 
   std::string_view known(std::string_view name);
+  std::string_view kept(std::string_view text);
   std::string_view limited(std::string_view text);
   std::string_view kept_text();
 
