@@ -77,9 +77,14 @@ class PlainReader {
     ++at_;
     return true;
   }
+  void skip(unsigned char classes) {
+    std::size_t at = at_;
+    while (at < text_.size() && is_of(text_[at], classes)) ++at;
+    at_ = at;
+  }
   bool skip_blanks() {
     const std::size_t start = at_;
-    while (at_ < text_.size() && is_of(text_[at_], kBlank)) ++at_;
+    skip(kBlank);
     return at_ != start;
   }
 
@@ -90,7 +95,7 @@ class PlainReader {
       return true;
     }
     std::size_t start = at_;
-    while (at_ < text_.size() && text_[at_] != '<') {
+    while (skip(kText | kBlank), at_ < text_.size() && text_[at_] != '<') {
       if (text_[at_] == '&') {
         if (at_ != start) receiver_.text(text_.substr(start, at_ - start));
         const std::optional<char> character = read_reference();
@@ -191,7 +196,7 @@ class PlainReader {
 
   bool skip_name_part() {
     if (at_ == text_.size() || !is_of(text_[at_], kNameStart)) return false;
-    while (at_ < text_.size() && is_of(text_[at_], kNameInside)) ++at_;
+    skip(kNameInside);
     return true;
   }
 
@@ -232,7 +237,7 @@ class PlainReader {
 
   bool read_value(char quote, std::string_view& value) {
     const std::size_t start = at_;
-    while (at_ < text_.size() && is_of(text_[at_], kText)) ++at_;
+    skip(kText);
     if (take(quote)) {
       value = text_.substr(start, at_ - 1 - start);
       return true;
