@@ -193,6 +193,59 @@ std::string single_patch_chart(int rows) {
   return writer.take();
 }
 
+std::string cxf_document(int patches) {
+  Random random;
+  Writer writer(' ');
+  writer.text(
+      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+      "<cc:CxF xmlns:cc=\"http://colorexchangeformat.com/CxF3-core\">\n<cc:Resources>\n"
+      "<cc:ObjectCollection>\n");
+  for (int patch = 0; patch < patches; ++patch) {
+    const auto number = static_cast<std::uint32_t>(patch + 1);
+    writer.text("\t<cc:Object ObjectType=\"Sample\" Name=\"\" Id=\"p");
+    writer.integer(number);
+    writer.text(
+        "\">\n\t\t<cc:CreationDate>2026-01-02T03:04:05Z</cc:CreationDate>\n\t\t<cc:ColorValues>\n"
+        "\t\t\t<cc:ReflectanceSpectrum StartWL=\"380\" ColorSpecification=\"s\">");
+    for (int band = 0; band < kBands; ++band) {
+      if (band != 0) writer.next_cell();
+      writer.number(random.below(10000), 4);
+    }
+    writer.text(
+        "</cc:ReflectanceSpectrum>\n\t\t</cc:ColorValues>\n\t\t<cc:DeviceColorValues>\n"
+        "\t\t\t<cc:ColorCMYK ColorSpecification=\"d\">\n");
+    for (const char* const ink : {"Cyan", "Magenta", "Yellow", "Black"}) {
+      writer.text("\t\t\t\t<cc:");
+      writer.text(ink);
+      writer.text(">");
+      writer.number(random.below(10000), 2);
+      writer.text("</cc:");
+      writer.text(ink);
+      writer.text(">\n");
+    }
+    writer.text(
+        "\t\t\t</cc:ColorCMYK>\n\t\t</cc:DeviceColorValues>\n"
+        "\t\t<cc:TagCollection Name=\"Location\">\n\t\t\t<cc:Tag Name=\"SampleID\" Value=\"");
+    writer.integer(number);
+    writer.text("\"/>\n\t\t</cc:TagCollection>\n\t</cc:Object>\n");
+  }
+  const auto specification = [&writer](const char* id, const char* type) {
+    writer.text("<cc:ColorSpecification Id=\"");
+    writer.text(id);
+    writer.text("\"><cc:MeasurementSpec><cc:MeasurementType>");
+    writer.text(type);
+    writer.text(
+        "</cc:MeasurementType><cc:GeometryChoice><cc:UnknownGeometry>45/0</cc:UnknownGeometry>"
+        "</cc:GeometryChoice><cc:WavelengthRange StartWL=\"380\" Increment=\"10\"/>"
+        "</cc:MeasurementSpec></cc:ColorSpecification>\n");
+  };
+  writer.text("</cc:ObjectCollection>\n<cc:ColorSpecificationCollection>\n");
+  specification("s", "Spectrum_Reflectance");
+  specification("d", "Colorimetric_Reflectance");
+  writer.text("</cc:ColorSpecificationCollection>\n</cc:Resources>\n</cc:CxF>\n");
+  return writer.take();
+}
+
 std::string keyword_file(int count) {
   Writer writer('\t');
   writer.text("CGATS.17\n");

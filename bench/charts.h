@@ -22,6 +22,9 @@ std::string semicolon_table(int rows);
 /// `rows` measurements of one gray patch: id, gray and 36 bands.
 std::string single_patch_chart(int rows);
 
+/// A CxF3 document of the spectra of spectral_chart, about 850 bytes a patch.
+std::string cxf_document(int patches);
+
 /// A small chart behind `count` keywords of different names.
 std::string keyword_file(int count);
 

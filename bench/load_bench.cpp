@@ -37,6 +37,7 @@ constexpr int kSmallRows = 1617;
 constexpr int kBigRows = 100000;
 constexpr int kNarrowRows = 1000000;
 constexpr int kPairRows = 5000;
+constexpr int kCxfPatches = 20000;
 constexpr int kFirstDoubled = 15625;
 constexpr int kLastDoubled = 1000000;
 
@@ -185,6 +186,13 @@ void add_parts() {
       vantor::DataSet::PatchDataSet unique;
       vantor::DataSet::merge_repeats(all, unique);
       benchmark::DoNotOptimize(unique.num_patches);
+    }
+  });
+  benchmark::RegisterBenchmark("cxf", [](benchmark::State& state) {
+    const std::string text = bench::cxf_document(kCxfPatches);
+    for (auto _ : state) {
+      const measkit::Preflighted tables = measkit::preflight(text, "bench");
+      check(tables.tables.size() == 1, "preflight of CxF");
     }
   });
   benchmark::RegisterBenchmark("lab", [](benchmark::State& state) {
@@ -353,6 +361,10 @@ void print_parts(const std::vector<File>& files, const bench::Times& times) {
   }
   table.push_back(
       {"merging 100,000 distinct rows of 4 channels", format("%.1f ms", times.of("merge") * 1e3)});
+  table.push_back(
+      {"reading and loading CxF of 20,000 spectra of 36 bands",
+       format("%.0f MB/s", static_cast<double>(bench::cxf_document(kCxfPatches).size()) /
+                               times.of("cxf") / 1e6)});
   table.push_back({"Lab from spectra of 36 bands",
                    format("%.1f million patches per second", kSmallRows / times.of("lab") / 1e6)});
   table.push_back({"CIEDE2000", format("%.1f million pairs per second",

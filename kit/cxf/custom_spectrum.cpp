@@ -20,10 +20,11 @@ std::optional<std::array<std::string_view, 3>> even_spectrum(
     if (!nm || point.value.empty()) return std::nullopt;
     sorted.emplace_back(*nm, point.value);
   }
-  if (sorted.size() < 2) return std::nullopt;
+  if (sorted.empty()) return std::nullopt;
   std::stable_sort(sorted.begin(), sorted.end(),
                    [](const auto& a, const auto& b) { return a.first < b.first; });
-  const double step = sorted[1].first - sorted[0].first;
+  constexpr double kAnyStep = 10.0;
+  const double step = sorted.size() == 1 ? kAnyStep : sorted[1].first - sorted[0].first;
   if (!(step > kTolerance)) return std::nullopt;
   std::string values;
   for (std::size_t i = 0; i < sorted.size(); ++i) {

@@ -39,6 +39,7 @@ struct Measured {
   std::array<std::string_view, 3> parts{};  ///< of a spectrum: values, start, increment
   std::string_view status{};                ///< of a density
   std::size_t bands = 0;                    ///< of a spectrum
+  bool is_by_points = false;                ///< a spectrum of the kind that its specification says
   std::size_t offset = 0;
 };
 
@@ -48,6 +49,7 @@ struct Ink {
 
 struct Tag {
   std::string_view name, value;
+  bool is_cell = false;  ///< of the field with this name
 };
 
 /// Part of one of the document's lists.
@@ -62,6 +64,8 @@ struct Object {
   std::array<std::string_view, 3> rgb{}, srgb{};
   std::string_view rgb_range{}, srgb_range{};  ///< the value of full light; empty for 255
   std::string_view page{}, row{}, column{}, location{}, sample_id{}, sample_name{};
+  std::string_view ink_set{};  ///< the name that the inks have as a set
+  bool has_cells = false;      ///< says cells of fields, perhaps none
 
   bool has_colours() const { return colours.count != 0; }
   bool has_rgb() const { return !rgb[0].empty(); }
@@ -85,6 +89,7 @@ struct Specification {
 struct Keyword {
   std::string_view name, value;
   std::size_t offset = 0;
+  bool is_element = false;  ///< and not a tag
 };
 
 struct Document {
@@ -94,10 +99,14 @@ struct Document {
   std::vector<Ink> inks;
   std::vector<Tag> tags;
   std::vector<Specification> specifications;
+  /// The first line of the measurement file that the document was made of, whose keywords are the
+  /// tags of the file's information.
+  std::string_view measurement_file;
   std::string_view created;            ///< of the file, else of its first object
   std::string_view custom_instrument;  ///< as a maker's own part names it
   CountedNames lost;                   ///< colour and device values that no field can hold
   CountedNames passed_over;            ///< other content
+  CountedNames repeated_tags;          ///< of patches, with another value than the first
   std::size_t too_long = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "kit/cxf/document_reader.h"
 
 #include "kit/cxf/object_reader.h"
+#include "kit/cxf/plain_xml.h"
 #include "kit/cxf/record.h"
 #include "kit/cxf/specification_reader.h"
 
@@ -69,11 +70,24 @@ class DocumentReader final : public XmlReceiver {
   }
 
   DocumentReading take() {
+    name_kinds_of_points();
     result_.document.too_long = record_.too_long();
     return std::move(result_);
   }
 
  private:
+  // Specifications come behind the values.
+  void name_kinds_of_points() {
+    Document& document = result_.document;
+    for (Measured& value : document.colours) {
+      if (!value.is_by_points) continue;
+      const std::string_view type =
+          document.specifications[static_cast<std::size_t>(value.specification)].type;
+      if (type.find("Emissive") != std::string_view::npos) value.kind = Kind::emission;
+      if (type.find("Transmittance") != std::string_view::npos) value.kind = Kind::transmittance;
+    }
+  }
+
   void take_record() {
     Document& document = result_.document;
     const Node& root = record_.root();
@@ -125,6 +139,8 @@ Form form_named(std::string_view root) {
 }  // namespace
 
 DocumentReading read_document(std::string_view text, TextPool& pool) {
+  DocumentReader plain(text, pool);
+  if (read_plain_xml(text, plain)) return plain.take();
   DocumentReader reader(text, pool);
   XmlOutcome outcome = read_xml(text, reader);
   DocumentReading result = reader.take();

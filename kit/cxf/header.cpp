@@ -75,6 +75,10 @@ class HeaderWriter {
       : document_(document), layer_(layer), lines_(lines), table_(table) {}
 
   void write() {
+    if (has_own_keywords(document_, layer_)) {
+      write_own_keywords();
+      return;
+    }
     for (const int index : layer_.specifications) {
       const Specification& one = document_.specifications[static_cast<std::size_t>(index)];
       line_ = lines_.line_at(one.offset);
@@ -176,11 +180,71 @@ class HeaderWriter {
       }
       add_keyword_at(table_, name, keyword.value, lines_.line_at(keyword.offset));
     }
-    if (twice.empty()) return;
+    tell_left_out(twice);
+  }
+
+  void tell_left_out(const CountedNames& names) {
+    if (names.empty()) return;
     table_.findings.add(
         Severity::lost, "cxf-left-out",
-        "No keyword can hold these values, or one holds another value: " + twice.list() + ".",
-        lines_.line_at(twice.first_offset()));
+        "No keyword can hold these values, or one holds another value: " + names.list() + ".",
+        lines_.line_at(names.first_offset()));
+  }
+
+  // In the order of the tags, some of them twice or empty, as in the measurement file.
+  void write_own_keywords() {
+    if (is_identifier(document_.measurement_file)) {
+      table_.identifier = document_.measurement_file;
+    }
+    const auto tag = [this](std::string_view name) -> const Keyword* {
+      const auto found = std::ranges::find_if(document_.keywords, [name](const Keyword& one) {
+        return !one.is_element && one.name == name;
+      });
+      return found == document_.keywords.end() ? nullptr : &*found;
+    };
+    const Keyword* const file = tag("FILE_DESCRIPTOR");
+    CountedNames left_out;
+    for (const Keyword& keyword : document_.keywords) {
+      const bool is_declaration =
+          keyword.name == "KEYWORD" || keyword.name == "DATA_FORMAT_IDENTIFIER";
+      const std::string name =
+          is_declaration ? std::string(keyword.name) : keyword_of(keyword.name);
+      if (name.empty()) {
+        left_out.add(keyword.name, keyword.offset);
+      } else if (keyword.is_element && name == "COMMENT") {
+        write_comments(keyword);
+      } else if (!keyword.is_element || name != "DESCRIPTOR" || file == nullptr ||
+                 file->value != keyword.value) {  // else the description is a copy of it
+        table_.add_keyword(name, one_line(keyword.value));
+        table_.header.back().line = lines_.line_at(keyword.offset);
+      }
+    }
+    const bool is_emission = layer_.quantity == Quantity::emission;
+    if (is_emission && tag("DEVICE_CLASS") == nullptr && tag("QUANTITY") == nullptr) {
+      add("QUANTITY", "EMISSION");
+    }
+    tell_left_out(left_out);
+  }
+
+  void write_comments(const Keyword& comments) {
+    std::string_view rest = comments.value;
+    while (!rest.empty()) {
+      const std::string_view line = rest.substr(0, rest.find('\n'));
+      rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+      table_.header.push_back({table_.pool.add("# " + one_line(line)), {}, {}, 0});
+      table_.header.back().line = lines_.line_at(comments.offset);
+    }
+  }
+
+  // What the first line of a measurement file may be.
+  static bool is_identifier(std::string_view text) {
+    constexpr std::size_t kLongest = 20;
+    const auto is_kept = [](char c) {
+      const bool is_letter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+      return is_letter || (c >= '0' && c <= '9') || c == '.' || c == '/' || c == '-' || c == '_';
+    };
+    return text.size() <= kLongest && std::ranges::all_of(text, is_kept) &&
+           keyword_of(text) == text;
   }
 
   // Empty for names that would break the frame of a measurement file.
@@ -211,7 +275,7 @@ class HeaderWriter {
 std::string one_line(std::string_view text) {
   std::string result(text);
   for (char& c : result) {
-    if (static_cast<unsigned char>(c) < ' ') c = ' ';
+    if (static_cast<unsigned char>(c) < ' ' && c != '\t') c = ' ';
     if (c == '"') c = '\'';
   }
   return result;
@@ -222,6 +286,21 @@ void add_keyword_at(Table& table, std::string_view keyword, std::string_view val
   if (value.empty()) return;
   table.add_keyword(keyword, one_line(value));
   table.header.back().line = line;
+}
+
+bool has_own_keywords(const Document& document, const Layer& layer) {
+  constexpr std::size_t kMostSpecifications = 4;
+  const bool is_plain = layer.is_only && layer.specifications.size() <= kMostSpecifications;
+  if (document.measurement_file.empty() || !is_plain) return false;
+  const auto is_told = [&document](std::string_view words) {
+    return words.empty() || std::ranges::any_of(document.keywords, [words](const Keyword& keyword) {
+             return keyword.value.find(words) != std::string_view::npos;
+           });
+  };
+  return is_told(layer.m) && std::ranges::all_of(layer.specifications, [&](int index) {
+           const Specification& one = document.specifications[static_cast<std::size_t>(index)];
+           return is_told(one.manufacturer) && is_told(one.model) && is_told(one.serial);
+         });
 }
 
 void write_header(const Document& document, const Layer& layer, const LineIndex& lines,

@@ -16,6 +16,10 @@ namespace measkit::cxf {
 /// A text on one line and without quotation marks, as values of keywords are.
 std::string one_line(std::string_view text);
 
+/// True when the keywords of a measurement file, of which the document was made, still tell
+/// everything: there is one chart, and its specification names no other instrument or condition.
+bool has_own_keywords(const Document& document, const Layer& layer);
+
 /// Adds a keyword that stands at a line of the document; nothing for an empty value.
 void add_keyword_at(Table& table, std::string_view keyword, std::string_view value,
                     std::size_t line);

@@ -14,6 +14,7 @@
 namespace measkit::cxf {
 
 /// Inks are told apart by their names: cyan, magenta, yellow and black first, then as they stand.
+/// Where the document names the set as measurement files do, such as PC6, all are as they stand.
 class InkSet {
  public:
   static constexpr std::size_t kMost = 15;  // channels that a measurement file can name
@@ -23,7 +24,7 @@ class InkSet {
   std::size_t size() const { return names_.size(); }
   bool is_too_large() const { return names_.size() > kMost; }
   /// The fields, such as CMYK_C or 6CLR_5.
-  std::vector<std::string> fields() const;
+  const std::vector<std::string>& fields() const { return fields_; }
   /// True when the fields do not name the inks.
   bool needs_names() const;
   const std::vector<std::string_view>& names() const { return names_; }
@@ -32,8 +33,10 @@ class InkSet {
  private:
   void add(std::string_view name);
   bool is(std::initializer_list<std::string_view> names) const;
+  void name_fields();
 
   std::vector<std::string_view> names_;
+  std::vector<std::string> fields_;
   std::unordered_map<std::string_view, std::size_t> positions_;
 };
 

@@ -19,6 +19,7 @@ struct Layer {
   std::vector<int> specifications;
   unsigned kinds = 0;  ///< one bit each
   Quantity quantity = Quantity::unknown;
+  bool is_only = false;  ///< of the document
   /// M0 to M3, illuminant, observer, backing; empty where nothing says it.
   std::string_view m{}, illuminant{}, observer{}, backing{}, density_status{};
   std::vector<Patch> patches;

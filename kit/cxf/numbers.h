@@ -24,7 +24,12 @@ inline std::string_view next_word(std::string_view& list) {
 
 inline std::size_t count_words(std::string_view list) {
   std::size_t count = 0;
-  while (!next_word(list).empty()) ++count;
+  bool is_in_word = false;
+  for (const char c : list) {
+    const bool is_word = c != ' ' && c != '\n' && c != '\t' && c != '\r';
+    count += static_cast<std::size_t>(is_word && !is_in_word);
+    is_in_word = is_word;
+  }
   return count;
 }
 

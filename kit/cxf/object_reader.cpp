@@ -55,6 +55,19 @@ constexpr std::array<Filter, 8> kFilters = {{
 constexpr std::array<std::string_view, 6> kProcessInks = {"Cyan",  "Magenta", "Yellow",
                                                           "Black", "Orange",  "Green"};
 
+struct PatchTag {
+  std::string_view name;
+  std::string_view Object::*member;
+};
+constexpr std::array<PatchTag, 6> kPatchTags = {{
+    {"Page", &Object::page},
+    {"Row", &Object::row},
+    {"Column", &Object::column},
+    {"SampleID", &Object::sample_id},
+    {"SampleName", &Object::sample_name},
+    {"SAMPLE_LOC", &Object::location},
+}};
+
 class ObjectReader {
  public:
   ObjectReader(const Record& record, const SpecificationOf& specification_of, TextPool& pool,
@@ -64,8 +77,9 @@ class ObjectReader {
   void read() {
     const Node& root = record_.root();
     object_.type = record_.attribute(root, "ObjectType");
-    object_.name = record_.attribute(root, "Name");
+    object_.name = text_of(root, "Name", false);
     object_.offset = root.offset;
+    if (!record_.attribute(root, "GUID").empty()) document_.passed_over.add("GUID", root.offset);
     object_.colours.first = document_.colours.size();
     object_.inks.first = document_.inks.size();
     object_.tags.first = document_.tags.size();
@@ -83,7 +97,9 @@ class ObjectReader {
     } else if (part.name == "DeviceColorValues") {
       record_.for_each_child(part, [this](const Node& value) { read_device(value); });
     } else if (part.name == "TagCollection") {
-      record_.for_each_child(part, [this](const Node& tag) { read_tag(tag); });
+      const bool are_cells = record_.attribute(part, "Name") == "Fields";
+      object_.has_cells = object_.has_cells || are_cells;
+      record_.for_each_child(part, [&](const Node& tag) { read_tag(tag, are_cells); });
     } else if (part.name == "PhysicalAttributes") {
       record_.for_each_child(part, [this](const Node& one) { read_attribute(one); });
     } else if (part.name == "Comment") {
@@ -97,7 +113,14 @@ class ObjectReader {
     }
   }
 
+  // Texts of measurement files have blanks around them only where someone put them into quotes.
+  std::string_view text_of(const Node& node, std::string_view attribute, bool is_cell) const {
+    const bool is_whole = is_cell || !document_.measurement_file.empty();
+    return is_whole ? record_.whole_attribute(node, attribute) : record_.attribute(node, attribute);
+  }
+
   void read_date(const Node& date) {
+    if (!document_.measurement_file.empty()) return;
     if (document_.created.empty()) {
       document_.created = date.text;
       document_.keywords.push_back({"CREATED", date.text, date.offset});
@@ -147,7 +170,7 @@ class ObjectReader {
     }
     const int specification = specification_of_(record_.attribute(value, "ColorSpecification"));
     const std::size_t bands = is_spectrum(kind) ? count_words(parts[0]) : 0;
-    document_.colours.push_back({kind, specification, parts, status, bands, value.offset});
+    document_.colours.push_back({kind, specification, parts, status, bands, false, value.offset});
   }
 
   void read_density(const Node& value) {
@@ -171,7 +194,8 @@ class ObjectReader {
     });
     const std::optional<std::array<std::string_view, 3>> parts = even_spectrum(points, pool_);
     if (parts) {
-      add(value, Kind::reflectance, *parts);  // the specification tells what it is
+      add(value, Kind::reflectance, *parts);
+      document_.colours.back().is_by_points = true;
     } else {
       document_.lost.add("CustomSpectrum with uneven wavelengths", value.offset);
     }
@@ -192,6 +216,7 @@ class ObjectReader {
 
   void read_inks(const Node& value) {
     const std::size_t inks = document_.inks.size();
+    if (value.name == "ColorCustom") object_.ink_set = record_.attribute(value, "Name");
     record_.for_each_child(value, [&](const Node& ink) {
       if (ink.name == "SpotColor") {
         document_.inks.push_back(
@@ -205,25 +230,23 @@ class ObjectReader {
     if (document_.inks.size() == inks) lose(value);
   }
 
-  void read_tag(const Node& tag) {
+  void read_tag(const Node& tag, bool is_cell) {
     const std::string_view name = record_.attribute(tag, "Name");
-    const std::string_view value = record_.attribute(tag, "Value");
+    const std::string_view value = text_of(tag, "Value", is_cell);
     if (tag.name != "Tag") {
       pass_over(tag);
-    } else if (name == "Page") {
-      object_.page = value;
-    } else if (name == "Row") {
-      object_.row = value;
-    } else if (name == "Column") {
-      object_.column = value;
-    } else if (name == "SampleID") {
-      object_.sample_id = value;
-    } else if (name == "SampleName") {
-      object_.sample_name = value;
-    } else if (name == "SAMPLE_LOC") {
-      object_.location = value;
-    } else {
-      add_tag(name, value);
+      return;
+    }
+    const auto known = std::ranges::find(kPatchTags, name, &PatchTag::name);
+    if (is_cell || known == kPatchTags.end()) {
+      add_tag(name, value, is_cell);
+      return;
+    }
+    std::string_view& kept = object_.*(known->member);
+    if (kept.empty()) {
+      kept = value;
+    } else if (kept != value) {
+      document_.repeated_tags.add(name, tag.offset);
     }
   }
 
@@ -237,8 +260,11 @@ class ObjectReader {
     add_tag(units.empty() ? "QUANTITY" : units, attribute.text);
   }
 
-  void add_tag(std::string_view name, std::string_view value) {
-    if (!name.empty() && !value.empty()) document_.tags.push_back({name, value});
+  // An empty cell still tells of its field.
+  void add_tag(std::string_view name, std::string_view value, bool is_cell = false) {
+    if (!name.empty() && (is_cell || !value.empty())) {
+      document_.tags.push_back({name, value, is_cell});
+    }
   }
 
   void lose(const Node& node) { document_.lost.add(name_of(node), node.offset); }

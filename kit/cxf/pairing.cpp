@@ -47,7 +47,10 @@ Role role_of(const Document& document, Group& group) {
     return Role::readings;
   }
   if (!take_ending(group.stem, "target")) return Role::samples;
-  const bool is_plain = any_has(&Object::has_device) && !any_has(&Object::has_colours);
+  const bool has_cells = std::ranges::any_of(
+      group.objects, [&](std::size_t i) { return document.objects[i].has_cells; });
+  const bool is_plain =
+      (has_cells || any_has(&Object::has_device)) && !any_has(&Object::has_colours);
   return is_plain ? Role::targets : Role::samples;
 }
 
@@ -56,7 +59,7 @@ std::vector<Group> groups_of(const Document& document) {
   std::unordered_map<std::string_view, std::size_t> places;
   for (std::size_t i = 0; i < document.objects.size(); ++i) {
     const Object& object = document.objects[i];
-    if (!object.has_colours() && !object.has_device()) continue;
+    if (!object.has_colours() && !object.has_device() && !object.has_cells) continue;
     const auto [found, is_new] = places.emplace(object.type, groups.size());
     if (is_new) groups.push_back({object.type, {}, Role::samples, {}});
     groups[found->second].objects.push_back(i);
@@ -166,7 +169,8 @@ PatchSet paired(const Document& document, const Group& readings, const Objects& 
 
 Patch patch_alone(const Document& document, std::size_t i) {
   const Object& object = document.objects[i];
-  return {object.has_device() ? i : kNoObject, object.has_colours() ? i : kNoObject};
+  const bool has_device = object.has_device() || !object.has_colours();
+  return {has_device ? i : kNoObject, object.has_colours() ? i : kNoObject};
 }
 
 PatchSet alone(const Document& document, std::string_view type, const Objects& objects) {

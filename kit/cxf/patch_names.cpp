@@ -64,6 +64,12 @@ std::string_view text_of(const Document& document, const Patch& patch,
 
 Texts ids_of(const Document& document, const Layer& layer, TextPool& pool) {
   Texts ids;
+  if (!document.measurement_file.empty()) {
+    for (const Patch& patch : layer.patches) {
+      ids.push_back(text_of(document, patch, &Object::sample_id));
+    }
+    return unless_empty(std::move(ids));
+  }
   std::unordered_set<std::string_view> seen;
   for (const Patch& patch : layer.patches) {
     const std::string_view id = text_of(document, patch, &Object::sample_id);

@@ -45,6 +45,12 @@ void tell_left_out(const Document& document, const LineIndex& lines, Findings& f
                  "Other content is not read: " + document.passed_over.list() + ".",
                  lines.line_at(document.passed_over.first_offset()));
   }
+  if (!document.repeated_tags.empty()) {
+    findings.add(Severity::lost, "cxf-repeated-tags",
+                 "Tags of objects stand twice with different texts, of which the first is kept: " +
+                     document.repeated_tags.list() + ".",
+                 lines.line_at(document.repeated_tags.first_offset()));
+  }
   if (document.too_long != 0) {
     findings.add(
         Severity::lost, "cxf-limits",
@@ -94,13 +100,15 @@ class TableMaker {
 
   std::vector<Table> make(Findings& findings) {
     std::size_t left_out = 0;
-    for (const PatchSet& set : patch_sets_of(document_, kMostTables, left_out)) {
+    const std::vector<PatchSet> sets = patch_sets_of(document_, kMostTables, left_out);
+    for (const PatchSet& set : sets) {
       if (set.patches.empty()) continue;
       if (tables_.size() == kMostTables) {
         left_out += set.patches.size();
         continue;
       }
-      const auto layers = layers_of(document_, set, kMostTables - tables_.size(), left_out);
+      auto layers = layers_of(document_, set, kMostTables - tables_.size(), left_out);
+      layers.front().is_only = sets.size() == 1 && layers.size() == 1;
       for (const Layer& layer : layers) add(set, layer, findings);
     }
     if (left_out != 0) {

@@ -18,7 +18,7 @@ std::string_view without_space(std::string_view text) {
 
 bool is_inside(std::string_view piece, std::string_view source) {
   const std::less_equal<> before;
-  return before(source.data(), piece.data()) &&
+  return !piece.empty() && before(source.data(), piece.data()) &&
          before(piece.data() + piece.size(), source.data() + source.size());
 }
 
@@ -37,9 +37,8 @@ void Record::begin(const XmlName& name, bool is_foreign, std::span<const XmlAttr
                     attributes.size()});
   for (const XmlAttribute& attribute : attributes) {
     const bool is_own = attribute.uri.empty();
-    attributes_.push_back(
-        {is_own ? known(attribute.local) : std::string_view(),
-         is_own ? pool_.add(limited(without_space(attribute.value))) : std::string_view()});
+    attributes_.push_back({is_own ? known(attribute.local) : std::string_view(),
+                           is_own ? kept(limited(attribute.value)) : std::string_view()});
   }
 }
 
@@ -79,6 +78,10 @@ void Record::clear() {
 }
 
 std::string_view Record::attribute(const Node& node, std::string_view name) const {
+  return without_space(whole_attribute(node, name));
+}
+
+std::string_view Record::whole_attribute(const Node& node, std::string_view name) const {
   for (std::size_t i = 0; i < node.attributes; ++i) {
     const Attribute& one = attributes_[node.first_attribute + i];
     if (one.name == name) return one.value;
@@ -100,9 +103,14 @@ std::string_view Record::text_of(const Node& node, std::string_view child_name) 
 }
 
 std::string_view Record::known(std::string_view name) {
+  if (is_inside(name, source_)) return name;
   const auto found = names_.find(name);
   if (found != names_.end()) return *found;
   return *names_.insert(pool_.add(name)).first;
+}
+
+std::string_view Record::kept(std::string_view text) {
+  return is_inside(text, source_) ? text : pool_.add(text);
 }
 
 std::string_view Record::limited(std::string_view text) {

@@ -39,8 +39,10 @@ class Record {
 
   // Asking.
   const Node& root() const { return nodes_.front(); }
-  /// The text of an attribute; empty without it.
+  /// The text of an attribute without white space around it; empty without the attribute.
   std::string_view attribute(const Node& node, std::string_view name) const;
+  /// The same with the white space.
+  std::string_view whole_attribute(const Node& node, std::string_view name) const;
   /// The first child of a name; null without one.
   const Node* child(const Node& node, std::string_view name) const;
   std::string_view text_of(const Node& node, std::string_view child_name) const;
@@ -56,6 +58,7 @@ class Record {
   };
 
   std::string_view known(std::string_view name);
+  std::string_view kept(std::string_view text);
   std::string_view limited(std::string_view text);
   std::string_view kept_text();
 

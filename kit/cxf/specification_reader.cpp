@@ -1,5 +1,7 @@
 #include "kit/cxf/specification_reader.h"
 
+#include "kit/preflight/conditions.h"
+
 #include <algorithm>
 #include <array>
 #include <string>
@@ -61,11 +63,19 @@ class SpecificationReader {
   }
 
  private:
+  static std::string_view or_else(std::string_view text, std::string_view other) {
+    return text.empty() ? other : text;
+  }
+
   template <std::size_t Size>
   bool take(const Node& node, const std::array<Member, Size>& members) {
     const auto found = std::ranges::find(members, node.name, &Member::element);
     if (found == members.end()) return false;
-    specification_.*(found->member) = node.text;
+    std::string_view text = node.text;
+    // What the words of CxF do not say stands in an attribute.
+    if (text == "Other") text = or_else(record_.attribute(node, "OtherType"), text);
+    if (text == "Filter_Custom") text = or_else(record_.attribute(node, "FilterDescription"), text);
+    specification_.*(found->member) = text;
     return true;
   }
 
@@ -103,7 +113,8 @@ class SpecificationReader {
       if (geometry.text == "Specular_Excluded") text += ", specular excluded";
       specification_.geometry = pool_.add(text);
     } else if (geometry.name == "UnknownGeometry") {
-      if (geometry.text != "Target") specification_.geometry = geometry.text;
+      const bool is_told = geometry.text != "Target" && !is_placeholder(geometry.text);
+      if (is_told) specification_.geometry = geometry.text;
     } else if (geometry.name != "EmissiveMode") {
       pass_over(geometry);
     }
@@ -141,13 +152,20 @@ void read_file_information(const Record& record, Document& document) {
   record.for_each_child(record.root(), [&](const Node& node) {
     for (const auto& [element, keyword] : kInformation) {
       if (element != node.name) continue;
-      document.keywords.push_back({keyword, node.text, node.offset});
+      document.keywords.push_back({keyword, node.text, node.offset, true});
       if (keyword == "CREATED") document.created = node.text;
       return;
     }
     if (node.name == "Tag") {
-      document.keywords.push_back(
-          {record.attribute(node, "Name"), record.attribute(node, "Value"), node.offset});
+      const std::string_view name = record.attribute(node, "Name");
+      const std::string_view value = record.attribute(node, "Value");
+      if (name == "MEASUREMENT_FILE" && !value.empty()) {
+        document.measurement_file = value;
+      } else {
+        const bool is_whole = !document.measurement_file.empty();
+        document.keywords.push_back(
+            {name, is_whole ? record.whole_attribute(node, "Value") : value, node.offset});
+      }
     } else {
       document.passed_over.add(node.name.empty() ? "elements of other namespaces" : node.name,
                                node.offset);

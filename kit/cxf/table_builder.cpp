@@ -72,6 +72,7 @@ class TableBuilder {
     budget.left -= size;
     cells_.width = columns_.size();
     cells_.texts.resize(size);
+    if (!document_.measurement_file.empty()) mark_missing_numbers();
     for (std::size_t row = 0; row < layer_.patches.size(); ++row) fill(row);
     write_header(document_, layer_, lines_, table_);
     name_inks();
@@ -99,7 +100,7 @@ class TableBuilder {
     ids_ = ids_of(document_, layer_, table_.pool);
     names_ = names_of(document_, layer_);
     locations_ = locations_of(document_, layer_, table_.pool);
-    add_column("SAMPLE_ID");
+    if (!ids_.empty()) add_column("SAMPLE_ID");
     if (!names_.empty()) add_column("SAMPLE_NAME");
     if (!locations_.empty()) add_column("SAMPLE_LOC");
     name_device_columns();
@@ -115,8 +116,10 @@ class TableBuilder {
       add_column("SPECTRAL_NM" +
                  measkit::text_of(grid_->start + grid_->step * static_cast<double>(i)));
     }
-    first_tag_ = columns_.size();
-    for (std::string& field : tags_.fields_beside(columns_)) columns_.push_back(std::move(field));
+    end_of_numbers_ = columns_.size();
+    for (std::string& field : tags_.fields_beside(columns_)) {
+      tag_columns_.push_back(add_column(std::move(field)));
+    }
   }
 
   void name_device_columns() {
@@ -128,7 +131,7 @@ class TableBuilder {
                               std::to_string(InkSet::kMost) + ".",
                           table_.data_line);
     } else if (inks_.size() != 0) {
-      for (std::string& field : inks_.fields()) add_column(std::move(field));
+      for (const std::string& field : inks_.fields()) add_column(field);
     }
     first_rgb_ = columns_.size();
     has_rgb_ = std::ranges::any_of(layer_.patches, [this](const Patch& patch) {
@@ -143,9 +146,18 @@ class TableBuilder {
     return cells_.texts[row * cells_.width + column];
   }
 
+  // As measurement files mark them; other documents leave it to the repairs, which tell it.
+  void mark_missing_numbers() {
+    for (std::size_t row = 0; row < layer_.patches.size(); ++row) {
+      for (std::size_t column = first_ink_; column < end_of_numbers_; ++column) {
+        cell(row, column) = "nan";
+      }
+    }
+  }
+
   // A text on one line.
   std::string_view plain(std::string_view text) {
-    const auto is_control = [](char c) { return static_cast<unsigned char>(c) < ' '; };
+    const auto is_control = [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; };
     if (std::ranges::none_of(text, is_control)) return text;
     std::string made(text);
     std::ranges::replace_if(made, is_control, ' ');
@@ -163,7 +175,7 @@ class TableBuilder {
     for (const std::size_t value : layer_.values[row]) fill_colour(row, document_.colours[value]);
     tags_.texts_of(patch, tag_texts_);
     for (std::size_t i = 0; i < tag_texts_.size(); ++i) {
-      cell(row, first_tag_ + i) = plain(tag_texts_[i]);
+      if (!tag_texts_[i].empty()) cell(row, tag_columns_[i]) = plain(tag_texts_[i]);
     }
   }
 
@@ -201,12 +213,14 @@ class TableBuilder {
     if (!grid_ || grid_of(spectrum, specification) != grid_) return;
     std::string_view list = spectrum.parts[0];
     for (std::size_t i = 0; i < grid_->bands; ++i) {
-      cell(row, first_band_ + i) = numbers_.cell(next_word(list), spectrum.offset);
+      const std::string_view number = numbers_.cell(next_word(list), spectrum.offset);
+      if (!number.empty()) cell(row, first_band_ + i) = number;
     }
   }
 
   void name_inks() {
     if (inks_.size() == 0 || inks_.is_too_large() || !inks_.needs_names()) return;
+    if (has_own_keywords(document_, layer_)) return;
     for (std::size_t i = 0; i < inks_.size(); ++i) {
       add_keyword_at(table_, "INK_NAME_" + std::to_string(i + 1), inks_.names()[i],
                      table_.data_line);
@@ -219,6 +233,13 @@ class TableBuilder {
       table_.findings.add(Severity::lost, "cxf-left-out",
                           "Tags of patches are left out: " + tags_.left_out().list() + ".",
                           lines_.line_at(tags_.left_out().first_offset()));
+    }
+    if (!tags_.repeated().empty()) {
+      table_.findings.add(Severity::lost, "cxf-repeated-tags",
+                          "Tags of patches stand twice with different texts, of which the first "
+                          "is kept: " +
+                              tags_.repeated().list() + ".",
+                          lines_.line_at(tags_.repeated().first_offset()));
     }
     const bool is_undeclared = std::ranges::any_of(layer_.specifications, [this](int index) {
       return !document_.specifications[static_cast<std::size_t>(index)].is_declared;
@@ -243,7 +264,8 @@ class TableBuilder {
   std::unordered_map<std::string, std::size_t> positions_;
   std::vector<std::string_view> ids_, names_, locations_, tag_texts_;
   std::array<std::array<std::size_t, 3>, kKinds> kind_columns_{};
-  std::size_t first_ink_ = 0, first_rgb_ = 0, first_band_ = 0, first_tag_ = 0;
+  std::size_t first_ink_ = 0, first_rgb_ = 0, first_band_ = 0, end_of_numbers_ = 0;
+  std::vector<std::size_t> tag_columns_;
   bool has_rgb_ = false;
 };
 

@@ -17,23 +17,28 @@ class TagColumns {
  public:
   TagColumns(const Document& document, const Layer& layer);
 
-  const std::vector<std::string_view>& tags() const { return tags_; }
   /// The texts of a patch, one a tag: of its device values, else of its colours.
-  void texts_of(const Patch& patch, std::vector<std::string_view>& texts) const;
+  void texts_of(const Patch& patch, std::vector<std::string_view>& texts);
   /// Values of tags beyond those that have columns.
   const CountedNames& left_out() const { return left_out_; }
+  /// Tags that stand twice with other texts in the patches asked for; the first counts.
+  const CountedNames& repeated() const { return repeated_; }
 
-  /// Names for the fields that no reader takes for measured values beside `others`.
+  /// Names for the fields. A tag that is a cell names its field, which may be one of `others`; no
+  /// reader takes the fields of other tags for measured values beside those.
   std::vector<std::string> fields_beside(const std::vector<std::string>& others) const;
 
  private:
   template <typename Action>
   void for_each_tag(const Patch& patch, Action action) const;
 
+  using Positions = std::unordered_map<std::string_view, std::size_t>;
+  Positions& positions_of(const Tag& tag) { return tag.is_cell ? cells_ : others_; }
+
   const Document& document_;
-  std::vector<std::string_view> tags_;
-  std::unordered_map<std::string_view, std::size_t> positions_;
-  CountedNames left_out_;
+  std::vector<Tag> tags_;  ///< the first of each name
+  Positions cells_, others_;
+  CountedNames left_out_, repeated_;
 };
 
 }  // namespace measkit::cxf
