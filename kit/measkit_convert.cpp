@@ -14,43 +14,43 @@ using measkit::has_chart;
 
 struct mk_conversion {
   measkit::Conversion conversion;
-  std::optional<std::string> refusal = {};
 };
 
 namespace {
 
-measkit::ConversionOptions options_of(const mk_convert_options* given) {
+measkit::ConversionOptions options_of(const mk_convert_options& given, std::string& refusal) {
   measkit::ConversionOptions options;
-  if (given == nullptr) return options;
-  if (given->select != nullptr) options.select = measkit::column_groups_of(given->select);
-  if (given->lab_from != nullptr) options.lab_from = measkit::lab_from_of(given->lab_from);
-  if (given->grid != nullptr) options.grid = measkit::wavelength_range_of(given->grid);
-  options.merged = given->merged == 1;
-  options.percent = given->percent == 1;
-  options.keep_unknown = given->keep_unknown == 1;
-  options.digits = std::max(given->digits, 0);
-  options.decimal_comma = given->decimal_comma == 1;
-  options.bare = given->bare == 1;
-  options.cxf_pairs = given->cxf_pairs == 1;
+  if (given.select != nullptr) {
+    options.select = measkit::column_groups_of(given.select, refusal)
+                         .value_or(std::vector<measkit::ColumnGroup>());
+  }
+  if (given.lab_from != nullptr) {
+    options.lab_from =
+        measkit::lab_from_of(given.lab_from, refusal).value_or(measkit::LabFrom::columns);
+  }
+  if (given.grid != nullptr) options.grid = measkit::wavelength_range_of(given.grid, refusal);
+  options.merged = given.merged == 1;
+  options.percent = given.percent == 1;
+  options.keep_unknown = given.keep_unknown == 1;
+  options.digits = std::max(given.digits, 0);
+  options.decimal_comma = given.decimal_comma == 1;
+  options.bare = given.bare == 1;
+  options.cxf_pairs = given.cxf_pairs == 1;
   return options;
 }
 
-measkit::Form form_of(const char* name) {
-  const std::string word = name == nullptr ? "" : name;
-  const std::optional<measkit::Form> form = measkit::form_named(word);
-  if (form) return *form;
-  throw measkit::ConversionRefusal("\"" + word + "\" is none of " + measkit::form_names());
-}
-
 mk_conversion converted(measkit::Document& document, int chart, const char* form,
-                        const mk_convert_options* options) {
+                        const mk_convert_options* given) {
+  std::string refusal;
+  const std::string word = form == nullptr ? "" : form;
+  const std::optional<measkit::Form> named = measkit::form_named(word);
+  if (!named) refusal = "\"" + word + "\" is none of " + measkit::form_names();
+  const measkit::ConversionOptions options =
+      given == nullptr ? measkit::ConversionOptions() : options_of(*given, refusal);
+  if (!refusal.empty()) return {{{}, {}, std::move(refusal)}};
   std::vector<std::size_t> charts(chart == -1 ? document.size() : 1);
   std::iota(charts.begin(), charts.end(), chart == -1 ? 0 : static_cast<std::size_t>(chart));
-  try {
-    return {measkit::convert(document, charts, form_of(form), options_of(options))};
-  } catch (const measkit::ConversionRefusal& refusal) {
-    return {{}, refusal.what()};
-  }
+  return {measkit::convert(document, charts, *named, options)};
 }
 
 }  // namespace
@@ -72,7 +72,8 @@ void mk_close_conversion(mk_conversion** conversion) noexcept {
 }
 
 const char* mk_conversion_refusal(const mk_conversion* conversion) noexcept {
-  return conversion == nullptr || !conversion->refusal ? nullptr : conversion->refusal->c_str();
+  const bool is_refused = conversion != nullptr && !conversion->conversion.refusal.empty();
+  return is_refused ? conversion->conversion.refusal.c_str() : nullptr;
 }
 
 const char* mk_converted_text(const mk_conversion* conversion, std::size_t* length) noexcept {

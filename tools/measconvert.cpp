@@ -83,11 +83,17 @@ int positive_count(const CommandLine& line, std::string_view option) {
 
 ConversionOptions options_of(const CommandLine& line) {
   ConversionOptions options;
-  if (const auto list = line.value_of("--select"))
-    options.select = measkit::column_groups_of(*list);
-  if (const auto word = line.value_of("--lab-from")) options.lab_from = measkit::lab_from_of(*word);
-  if (const auto range = line.value_of("--grid"))
-    options.grid = measkit::wavelength_range_of(*range);
+  std::string refusal;
+  if (const auto list = line.value_of("--select")) {
+    if (auto groups = measkit::column_groups_of(*list, refusal)) options.select = *groups;
+  }
+  if (const auto word = line.value_of("--lab-from")) {
+    if (const auto source = measkit::lab_from_of(*word, refusal)) options.lab_from = *source;
+  }
+  if (const auto range = line.value_of("--grid")) {
+    options.grid = measkit::wavelength_range_of(*range, refusal);
+  }
+  if (!refusal.empty()) throw tools::Refusal(refusal);
   options.merged = line.has("--merged");
   options.percent = line.has("--percent");
   options.keep_unknown = line.has("--keep-unknown");
@@ -195,11 +201,9 @@ class Run {
   }
 
   void write(Document& document, std::span<const std::size_t> charts, const std::string& path) {
-    Conversion conversion;
-    try {
-      conversion = measkit::convert(document, charts, form_, options_);
-    } catch (const measkit::ConversionRefusal& refusal) {
-      throw tools::Refusal(document.name() + ": " + refusal.what());
+    const Conversion conversion = measkit::convert(document, charts, form_, options_);
+    if (!conversion.refusal.empty()) {
+      throw tools::Refusal(document.name() + ": " + conversion.refusal);
     }
     for (const std::string& sentence : conversion.left_behind) {
       tell(document.name(), "left behind: " + sentence);
@@ -236,11 +240,7 @@ class Run {
 int run(const CommandLine& line) {
   const std::string output = line.value_of("-o").value_or("");
   if (line.files().empty() || output.empty()) return tools::kBadCall;
-  try {
-    return Run(line, output).convert_all();
-  } catch (const measkit::ConversionRefusal& refusal) {
-    throw tools::Refusal(refusal.what());
-  }
+  return Run(line, output).convert_all();
 }
 
 }  // namespace

@@ -59,14 +59,15 @@ double widest_step(const std::vector<double>& wavelengths) {
   return widest;
 }
 
-void check_range(const WavelengthRange& range, const std::vector<double>& wavelengths) {
+RefusalWords check_range(const WavelengthRange& range, const std::vector<double>& wavelengths) {
   constexpr double kTolerance = 1e-6;  // nm
   if (range.start < wavelengths.front() - kTolerance ||
       range.end > wavelengths.back() + kTolerance) {
-    throw ConversionRefusal("the spectra reach from " + text_of(wavelengths.front()) + " to " +
-                            text_of(wavelengths.back()) + " nm, not from " + text_of(range.start) +
-                            " to " + text_of(range.end));
+    return "the spectra reach from " + text_of(wavelengths.front()) + " to " +
+           text_of(wavelengths.back()) + " nm, not from " + text_of(range.start) + " to " +
+           text_of(range.end);
   }
+  return {};
 }
 
 }  // namespace
@@ -90,9 +91,9 @@ void use_lab(Table& table, const Values& lab, int digits) {
   set_columns(table, std::move(columns));
 }
 
-void use_lab_of_xyz(Table& table, int digits) {
+RefusalWords use_lab_of_xyz(Table& table, int digits) {
   const Roles roles = table.roles();
-  if (!roles.has_xyz()) throw ConversionRefusal("the chart has no XYZ to compute Lab of");
+  if (!roles.has_xyz()) return "the chart has no XYZ to compute Lab of";
   const Conditions conditions = conditions_of(table.header);
   const Tristimulus white = white_of(conditions.illuminant, conditions.observer);
   const std::vector<double> x = table.numbers(roles.xyz[0]), y = table.numbers(roles.xyz[1]),
@@ -105,9 +106,10 @@ void use_lab_of_xyz(Table& table, int digits) {
     columns[2].push_back(number_text(lab.b, digits, table.pool));
   }
   set_columns(table, std::move(columns));
+  return {};
 }
 
-void use_grid(Table& table, const WavelengthRange& range, int digits) {
+RefusalWords use_grid(Table& table, const WavelengthRange& range, int digits) {
   std::vector<SpectralField> spectra = table.roles().spectra;
   std::ranges::sort(spectra, {}, &SpectralField::nm);
   std::vector<double> wavelengths;
@@ -116,8 +118,8 @@ void use_grid(Table& table, const WavelengthRange& range, int digits) {
     wavelengths.push_back(spectral.nm);
     old_fields.push_back(spectral.field);
   }
-  if (wavelengths.size() < 2) throw ConversionRefusal("the chart has no spectra for --grid");
-  check_range(range, wavelengths);
+  if (wavelengths.size() < 2) return "the chart has no spectra to average";
+  if (RefusalWords refusal = check_range(range, wavelengths); !refusal.empty()) return refusal;
   std::vector<std::vector<double>> old_values;
   for (const int field : old_fields) old_values.push_back(table.numbers(field));
   const double reach = std::max(range.step, widest_step(wavelengths));
@@ -141,6 +143,7 @@ void use_grid(Table& table, const WavelengthRange& range, int digits) {
   }
   table.remove_fields(old_fields);
   for (auto& [name, column] : made) table.add_field(std::move(name), std::move(column));
+  return {};
 }
 
 }  // namespace measkit

@@ -14,14 +14,14 @@ namespace measkit {
 std::string_view number_text(double value, int digits, TextPool& pool);
 
 /// Replaces the Lab of a table by, or adds, those of its XYZ for the light that the header states.
-void use_lab_of_xyz(Table& table, int digits);
+RefusalWords use_lab_of_xyz(Table& table, int digits);
 /// The same with those of the library, one row a row of the table.
 void use_lab(Table& table, const Values& lab, int digits);
 
 /// Brings spectra to other wavelengths. Each new value is the mean of the samples around it, with
 /// weights that fall linearly to 0 at the distance of a step: that of the new wavelengths or, where
 /// it is larger, that of the old ones.
-void use_grid(Table& table, const WavelengthRange& range, int digits);
+RefusalWords use_grid(Table& table, const WavelengthRange& range, int digits);
 
 }  // namespace measkit
 

@@ -36,14 +36,14 @@ constexpr std::array<std::pair<std::string_view, ColumnGroup>, 9> kGroups = {
      {"spectra", ColumnGroup::spectra},
      {"unknown", ColumnGroup::unknown}}};
 
-// The number at the start of a text, which is shortened by it and by what follows it.
-double take_number(std::string_view& text, std::string_view whole) {
+// The number at the start of a text, which is shortened by it and by the colon behind it.
+std::optional<double> take_number(std::string_view& text) {
   double number = 0.0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   const auto length = static_cast<std::size_t>(end - text.data());
   const bool is_at_end = length == text.size();
   if (error != std::errc() || !std::isfinite(number) || (!is_at_end && text[length] != ':')) {
-    throw ConversionRefusal("\"" + std::string(whole) + "\" is no range such as 400:700:10");
+    return std::nullopt;
   }
   text.remove_prefix(is_at_end ? length : length + 1);
   return number;
@@ -89,17 +89,19 @@ std::string time_now() {
 class Converter {
  public:
   Converter(Document& document, std::size_t chart, Form form, const ConversionOptions& options,
-            std::vector<std::string>& left_behind)
+            Conversion& conversion)
       : document_(document),
         chart_(chart),
         form_(form),
         options_(options),
-        left_behind_(left_behind),
+        left_behind_(conversion.left_behind),
+        refusal_(conversion.refusal),
         table_(document.plain(chart).table.view()) {}
 
   // The chart behind the text of those before it, which JSON has alone.
   std::string text(std::string before) {
     use_options();
+    if (!refusal_.empty()) return {};
     tell_text_behind();
     switch (form_) {
       case Form::iso28178:
@@ -123,7 +125,7 @@ class Converter {
       case Form::ti3:
         break;
     }
-    return ti3_of(table_, rgb_scale(), lab(), options_.digits, left_behind_);
+    return ti3_of(table_, rgb_scale(), lab(), options_.digits, left_behind_, refusal_);
   }
 
  private:
@@ -136,11 +138,14 @@ class Converter {
 
   void use_options() {
     if (options_.merged) {
-      if (chart().merged.count == 0) throw ConversionRefusal("the chart has no patches to merge");
+      if (chart().merged.count == 0) return refuse("the chart has no patches to merge");
       merge_rows(table_, chart().merged, options_.digits, left_behind_);
     }
     use_lab_option();
-    if (options_.grid) use_grid(table_, *options_.grid, options_.digits);
+    if (options_.grid && refusal_.empty()) {
+      refusal_ = use_grid(table_, *options_.grid, options_.digits);
+    }
+    if (!refusal_.empty()) return;
     const bool keeps_unknown =
         options_.keep_unknown || !(is_text_form(form_) || form_ == Form::ti3);
     choose_columns(table_, options_.select, keeps_unknown, left_behind_);
@@ -149,6 +154,8 @@ class Converter {
       for (const SpectralField& spectral : spectra) table_.move_point(spectral.field, 2);
     }
   }
+
+  void refuse(std::string_view words) { refusal_ = words; }
 
   void use_lab_option() {
     switch (options_.lab_from) {
@@ -159,12 +166,11 @@ class Converter {
         check_lab_of_file();
         break;
       case LabFrom::xyz:
-        if (is_display(table_))
-          throw ConversionRefusal("XYZ of a display have no Lab of their own");
-        use_lab_of_xyz(table_, options_.digits);
+        if (is_display(table_)) return refuse("XYZ of a display have no Lab of their own");
+        refusal_ = use_lab_of_xyz(table_, options_.digits);
         break;
       case LabFrom::spectra:
-        if (!table_.roles().has_spectra()) throw ConversionRefusal("the chart has no spectra");
+        if (!table_.roles().has_spectra()) return refuse("the chart has no spectra");
         use_computed_lab();
         break;
     }
@@ -175,7 +181,7 @@ class Converter {
   }
 
   void use_computed_lab() {
-    if (lab().empty()) throw ConversionRefusal("the chart has nothing to compute Lab of");
+    if (lab().empty()) return refuse("the chart has nothing to compute Lab of");
     use_lab(table_, lab(), options_.digits);
   }
 
@@ -186,7 +192,7 @@ class Converter {
         roles.has_lab() && std::ranges::all_of(roles.lab, [&](int field) {
           return plain.table.fields[static_cast<std::size_t>(field)].source != kNoField;
         });
-    if (!is_of_file) throw ConversionRefusal("the file has no Lab of its own");
+    if (!is_of_file) return refuse("the file has no Lab of its own");
   }
 
   std::string delimited(char delimiter) {
@@ -233,22 +239,25 @@ class Converter {
   Form form_;
   const ConversionOptions& options_;
   std::vector<std::string>& left_behind_;
+  RefusalWords& refusal_;
   Table table_;
 };
 
 }  // namespace
 
-std::vector<ColumnGroup> column_groups_of(std::string_view list) {
+std::optional<std::vector<ColumnGroup>> column_groups_of(std::string_view list,
+                                                         RefusalWords& refusal) {
   std::vector<ColumnGroup> groups;
   while (!list.empty()) {
     const std::string_view word = list.substr(0, list.find(','));
     const auto found =
         std::ranges::find(kGroups, word, &std::pair<std::string_view, ColumnGroup>::first);
     if (found == kGroups.end()) {
-      std::string names;
-      for (const auto& [name, group] : kGroups)
-        names.append(names.empty() ? "" : ", ").append(name);
-      throw ConversionRefusal("\"" + std::string(word) + "\" is none of " + names);
+      refusal = "\"" + std::string(word) + "\" is none of ";
+      for (const auto& [name, group] : kGroups) {
+        refusal.append(name == kGroups.front().first ? "" : ", ").append(name);
+      }
+      return std::nullopt;
     }
     groups.push_back(found->second);
     list.remove_prefix(std::min(word.size() + 1, list.size()));
@@ -256,49 +265,62 @@ std::vector<ColumnGroup> column_groups_of(std::string_view list) {
   return groups;
 }
 
-WavelengthRange wavelength_range_of(std::string_view text) {
+std::optional<WavelengthRange> wavelength_range_of(std::string_view text, RefusalWords& refusal) {
   constexpr double kMostBands = 1000.0;
   std::string_view rest = text;
-  const double start = take_number(rest, text), end = take_number(rest, text),
-               step = take_number(rest, text);
-  const bool is_usable =
-      rest.empty() && start > 0.0 && step > 0.0 && end > start && (end - start) / step < kMostBands;
-  if (!is_usable) {
-    throw ConversionRefusal("\"" + std::string(text) + "\" is no range such as 400:700:10");
-  }
-  return {start, end, step};
+  const std::optional<double> start = take_number(rest), end = take_number(rest),
+                              step = take_number(rest);
+  const bool is_usable = rest.empty() && start && end && step && *start > 0.0 && *step > 0.0 &&
+                         *end > *start && (*end - *start) / *step < kMostBands;
+  if (is_usable) return WavelengthRange{*start, *end, *step};
+  refusal = "\"" + std::string(text) + "\" is no range such as 400:700:10";
+  return std::nullopt;
 }
 
-LabFrom lab_from_of(std::string_view word) {
+std::optional<LabFrom> lab_from_of(std::string_view word, RefusalWords& refusal) {
   if (word == "file") return LabFrom::file;
   if (word == "xyz") return LabFrom::xyz;
   if (word == "spectra") return LabFrom::spectra;
-  throw ConversionRefusal("\"" + std::string(word) + "\" is none of file, xyz, spectra");
+  refusal = "\"" + std::string(word) + "\" is none of file, xyz, spectra";
+  return std::nullopt;
 }
+
+namespace {
+
+// Why these charts cannot be in that form, whatever they hold.
+RefusalWords refusal_of(const Document& document, std::span<const std::size_t> charts, Form form) {
+  if (charts.empty()) return "there is no chart";
+  if (document.plain(charts.front()).table.fields.empty()) {
+    return "a document that was opened without repairs has no columns to convert";
+  }
+  if (charts.size() > 1 && form != Form::json) {
+    return "the form takes one chart, and there are " + std::to_string(charts.size());
+  }
+  return {};
+}
+
+}  // namespace
 
 Conversion convert(Document& document, std::span<const std::size_t> charts, Form form,
                    const ConversionOptions& options) {
-  if (charts.empty()) throw ConversionRefusal("there is no chart");
-  if (document.plain(charts.front()).table.fields.empty()) {
-    throw ConversionRefusal("a document that was opened without repairs has no columns to convert");
-  }
-  if (charts.size() > 1 && form != Form::json) {
-    throw ConversionRefusal("the form takes one chart, and there are " +
-                            std::to_string(charts.size()));
-  }
   Conversion conversion;
+  conversion.refusal = refusal_of(document, charts, form);
+  if (!conversion.refusal.empty()) return conversion;
+  std::vector<std::string> left_behind;
   if (form == Form::json) conversion.text = json_start();
   for (const std::size_t chart : charts) {
     if (chart != charts.front()) conversion.text += ',';
-    std::vector<std::string> left_behind;
+    conversion.left_behind.clear();
     conversion.text =
-        Converter(document, chart, form, options, left_behind).text(std::move(conversion.text));
-    for (std::string& sentence : left_behind) {
+        Converter(document, chart, form, options, conversion).text(std::move(conversion.text));
+    if (!conversion.refusal.empty()) return {{}, {}, std::move(conversion.refusal)};
+    for (std::string& sentence : conversion.left_behind) {
       if (charts.size() > 1) sentence = document.chart_name(chart) + ": " + sentence;
-      conversion.left_behind.push_back(std::move(sentence));
+      left_behind.push_back(std::move(sentence));
     }
   }
   if (form == Form::json) conversion.text += json_end();
+  conversion.left_behind = std::move(left_behind);
   return conversion;
 }
 

@@ -7,7 +7,6 @@
 
 #include <optional>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,25 +51,24 @@ struct ConversionOptions {
   bool cxf_pairs = false;  ///< device values and colours of CxF in objects of their own
 };
 
-/// Why a conversion is not possible, as a sentence.
-class ConversionRefusal : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
+/// Why something is not possible, in a few words; empty when it is.
+using RefusalWords = std::string;
 
-/// Groups from a list such as "device,lab,spectra"; a ConversionRefusal for an unknown word.
-std::vector<ColumnGroup> column_groups_of(std::string_view list);
-/// A range such as "400:700:10"; a ConversionRefusal for anything else.
-WavelengthRange wavelength_range_of(std::string_view text);
-/// "file", "xyz" or "spectra"; a ConversionRefusal for anything else.
-LabFrom lab_from_of(std::string_view word);
+/// Groups from a list such as "device,lab,spectra"; none for an unknown word, with the reason.
+std::optional<std::vector<ColumnGroup>> column_groups_of(std::string_view list,
+                                                         RefusalWords& refusal);
+/// A range such as "400:700:10"; none for anything else.
+std::optional<WavelengthRange> wavelength_range_of(std::string_view text, RefusalWords& refusal);
+/// "file", "xyz" or "spectra"; none for anything else.
+std::optional<LabFrom> lab_from_of(std::string_view word, RefusalWords& refusal);
 
 struct Conversion {
   std::string text;
   std::vector<std::string> left_behind;  ///< what the text does not hold, a sentence each
+  RefusalWords refusal;                  ///< there is no text then
 };
 
-/// Writes charts of a document, by position. Only JSON takes several. Throws a ConversionRefusal.
+/// Writes charts of a document, by position. Only JSON takes several.
 Conversion convert(Document& document, std::span<const std::size_t> charts, Form form,
                    const ConversionOptions& options);
 

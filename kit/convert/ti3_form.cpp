@@ -77,9 +77,12 @@ void use_spectra_in_percent(Table& table, std::vector<std::string>& left_behind)
 }  // namespace
 
 std::string ti3_of(Table& table, double rgb_scale, const Values& lab, int digits,
-                   std::vector<std::string>& left_behind) {
+                   std::vector<std::string>& left_behind, RefusalWords& refusal) {
   if (!table.roles().has_xyz() && !table.roles().has_lab()) {
-    if (lab.empty()) throw ConversionRefusal("the chart has neither XYZ nor Lab");
+    if (lab.empty()) {
+      refusal = "the chart has neither XYZ nor Lab";
+      return {};
+    }
     use_lab(table, lab, digits);
   }
   const bool is_of_display = is_display(table);

@@ -16,7 +16,6 @@ namespace {
 
 using measkit::Conversion;
 using measkit::ConversionOptions;
-using measkit::ConversionRefusal;
 using measkit::Document;
 using measkit::Form;
 
@@ -190,9 +189,10 @@ TEST(Convert, OptionsChooseAndCompute) {
   };
   for (const Case& test : cases) {
     ConversionOptions options;
-    options.select = measkit::column_groups_of(test.select);
-    if (test.lab_from != nullptr) options.lab_from = measkit::lab_from_of(test.lab_from);
-    if (test.grid != nullptr) options.grid = measkit::wavelength_range_of(test.grid);
+    std::string refusal;
+    options.select = *measkit::column_groups_of(test.select, refusal);
+    if (test.lab_from != nullptr) options.lab_from = *measkit::lab_from_of(test.lab_from, refusal);
+    if (test.grid != nullptr) options.grid = *measkit::wavelength_range_of(test.grid, refusal);
     options.merged = test.merged;
     options.percent = test.percent;
     options.digits = test.digits;
@@ -215,26 +215,28 @@ TEST(Convert, LabIsComputedWhereItIsAskedFor) {
                             "\nEND_DATA_FORMAT\nNUMBER_OF_SETS 1\nBEGIN_DATA\n" + row +
                             "\nEND_DATA\n";
   ConversionOptions options;
-  options.select = measkit::column_groups_of("lab");
+  std::string refusal;
+  options.select = *measkit::column_groups_of("lab", refusal);
   options.digits = 6;
   EXPECT_EQ(rows_of(converted(chart, Form::cgats, options).text), "1\t100\t0\t0\n");
   EXPECT_EQ(converted(kChart, Form::cgats, options).left_behind.size(), 0U);
   options.lab_from = measkit::LabFrom::file;
-  EXPECT_THROW(converted(chart, Form::cgats, options), ConversionRefusal);
+  EXPECT_EQ(converted(chart, Form::cgats, options).refusal, "the file has no Lab of its own");
 }
 
 TEST(Convert, RefusesWhatItCannotDo) {
+  std::string refusal;
   for (const char* const range : {"", "400", "400:700", "400:700:0", "700:400:10", "400:700:10x",
                                   "1:1e9:1", "nan:700:10", "400:700:10:1"}) {
-    EXPECT_THROW(measkit::wavelength_range_of(range), ConversionRefusal) << range;
+    EXPECT_FALSE(measkit::wavelength_range_of(range, refusal)) << range;
   }
-  EXPECT_THROW(measkit::column_groups_of("device,,lab"), ConversionRefusal);
-  EXPECT_THROW(measkit::lab_from_of("XYZ"), ConversionRefusal);
+  EXPECT_FALSE(measkit::column_groups_of("device,,lab", refusal));
+  EXPECT_FALSE(measkit::lab_from_of("XYZ", refusal));
   ConversionOptions options;
   options.grid = measkit::WavelengthRange{400.0, 700.0, 10.0};
-  EXPECT_THROW(converted(kChart, Form::csv, options), ConversionRefusal);
+  EXPECT_FALSE(converted(kChart, Form::csv, options).refusal.empty());
   const std::string two = kChart + "BEGIN_DATA\n1 x 0 0 0 0 1 2 3\nEND_DATA\n";
-  EXPECT_THROW(converted(two, Form::csv), ConversionRefusal);
+  EXPECT_FALSE(converted(two, Form::csv).refusal.empty());
   const std::unique_ptr<Document> both = opened(converted(two, Form::json).text);
   ASSERT_EQ(both->size(), 2U);
   EXPECT_EQ(num_patches(both->plain(1).loaded.handle()), 1);
