@@ -11,7 +11,8 @@ namespace {
 
 std::string_view value_of(const Table& table, std::string_view keyword) {
   const HeaderLine* const line = table.find(keyword);
-  return line == nullptr ? std::string_view() : std::string_view(line->value);
+  if (line == nullptr) return {};
+  return line->value;
 }
 
 // Elements of the file's information have texts on one line.
@@ -94,7 +95,8 @@ std::string small_letters(std::string_view text) {
 }
 
 std::string_view text_of(const std::optional<Stated>& stated) {
-  return stated ? std::string_view(stated->value) : std::string_view();
+  if (!stated) return {};
+  return stated->value;
 }
 
 std::string_view answer_to(const Chart& chart, std::string_view question) {

@@ -54,7 +54,7 @@ class PlainReader {
 
   bool read() {
     static constexpr std::array<std::string_view, 2> kDeclarations = {
-        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>", "<?xml version=\"1.0\" encoding=\"utf-8\"?>"};
+        R"(<?xml version="1.0" encoding="UTF-8"?>)", R"(<?xml version="1.0" encoding="utf-8"?>)"};
     for (const std::string_view declaration : kDeclarations) take(declaration);
     do {
       if (!read_text() || at_ == text_.size() || !read_markup()) return false;
@@ -262,7 +262,8 @@ class PlainReader {
         made += text_.substr(from, at_ - from);
       }
     }
-    value = is_made ? std::string_view(made) : text_.substr(start, at_ - 1 - start);
+    value = text_.substr(start, at_ - 1 - start);
+    if (is_made) value = made;
     return true;
   }
 
@@ -283,8 +284,8 @@ class PlainReader {
   }
 
   std::optional<std::string_view> uri_of(std::string_view prefix) const {
-    for (auto one = bindings_.rbegin(); one != bindings_.rend(); ++one) {
-      if (one->prefix == prefix) return one->uri;
+    for (std::size_t i = bindings_.size(); i-- > 0;) {
+      if (bindings_[i].prefix == prefix) return bindings_[i].uri;
     }
     return prefix.empty() ? std::optional<std::string_view>("") : std::nullopt;
   }

@@ -85,7 +85,7 @@ std::vector<std::string> TagColumns::fields_beside(const std::vector<std::string
     const auto position = others.size() + i;
     const bool is_free = std::ranges::count(names, names[position]) == 1;
     const bool is_unused = std::ranges::find(unused, static_cast<int>(position)) != unused.end();
-    if (is_free && is_unused) continue;
+    if (is_free && is_unused && is_field_name(fields[i])) continue;
     fields[i] = "TAG_" + std::to_string(i + 1) + "_" + field_of(tags_[i].name) + "_TEXT";
   }
   return fields;

@@ -1,5 +1,6 @@
 // What the kit makes of CxF3 documents. Expectations are derived by hand.
 #include "api/measdata.h"
+#include "kit/cxf/plain_xml.h"
 #include "kit/document.h"
 
 #include <gtest/gtest.h>
@@ -318,6 +319,22 @@ INSTANTIATE_TEST_SUITE_P(
                  "<y xmlns=\"other\"/>"),
              {kOneTable},
              "cxf-values-left-out:2 cxf-passed-over:3 cxf-light cxf-specification:2"},
+        Case{"a GUID, and tags twice",
+             cxf("<Object ObjectType=\"S\" Name=\"x\" GUID=\"1\">" + colours(lab("50", "1", "2")) +
+                     "<TagCollection><Tag Name=\"t\" Value=\"1\"/><Tag Name=\"t\" Value=\"2\"/>"
+                     "<Tag Name=\"t\" Value=\"1\"/><Tag Name=\"SAMPLE_LOC\" Value=\"A1\"/>\n"
+                     "<Tag Name=\"SAMPLE_LOC\" Value=\"A2\"/></TagCollection></Object>",
+                 kLit),
+             {"SAMPLE_ID SAMPLE_NAME SAMPLE_LOC LAB_L LAB_A LAB_B t|1 x A1 50 1 2 1"},
+             "cxf-passed-over:2 cxf-repeated-tags:3 cxf-repeated-tags:2"},
+        Case{"cells of fields that elements fill, too",
+             cxf(object("S", "x",
+                        colours(lab("50", "1", "2")) +
+                            "<TagCollection Name=\"Fields\"><Tag Name=\"LAB_B\" Value=\"3\"/>"
+                            "<Tag Name=\"END_DATA\" Value=\"4\"/></TagCollection>"),
+                 kLit),
+             {"SAMPLE_ID SAMPLE_NAME LAB_L LAB_A LAB_B TAG_2_END_DATA_TEXT|1 x 50 1 3 4"},
+             ""},
         Case{"cut off",
              cxf(kFifty, kLit).substr(0, cxf(kFifty, kLit).size() - 90),
              {kOneTable},
@@ -394,6 +411,62 @@ TEST(Cxf, EmissionIsThatOfADisplay) {
   ASSERT_EQ(document->size(), 1U);
   EXPECT_TRUE(document->charts()[0].is_display);
   EXPECT_FALSE(has_color_data(document->plain(0).loaded.handle()));  // no patch is white
+}
+
+class EventLog final : public measkit::cxf::XmlReceiver {
+ public:
+  bool begin(const measkit::cxf::XmlName& name,
+             std::span<const measkit::cxf::XmlAttribute> attributes, std::size_t offset) override {
+    log.append(std::to_string(offset)).append("<").append(name.uri).append(":").append(name.local);
+    for (const auto& [uri, local, value] : attributes) {
+      log.append(" ").append(uri).append(":").append(local).append("=").append(value);
+    }
+    log += ">";
+    return true;
+  }
+  void text(std::string_view piece) override { log += piece; }
+  void end() override { log += "</>"; }
+  std::string log;
+};
+
+TEST(Cxf, PlainXmlIsReadAsExpatReadsIt) {
+  const std::string plain[] = {
+      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!-- c --><a x=\"1\" y='&lt;\"2'> <b/>\n</a >\n",
+      "<p:a xmlns:p='u' xmlns='v' p:x='1' x='2'><b xmlns=''/><c xmlns:p='w'><p:d/></c>t</p:a>",
+      "<a>1 &amp; &#65;]] \xC3\xA9 > \"'<!-- & < --></a><!--e-->"};
+  const std::string others[] = {"<a>\r</a>",
+                                "<a>]]></a>",
+                                "<a>\x01</a>",
+                                "<a>\xC0\x80</a>",
+                                "<a x='\t'/>",
+                                "<a x='1' x='2'/>",
+                                "<a x='1'y='2'/>",
+                                "<p:a/>",
+                                "<a xmlns:p=''/>",
+                                "<a><b></a></b>",
+                                "<a/><b/>",
+                                "<a>&b;</a>",
+                                "<a x='<'/>",
+                                "<!DOCTYPE a><a/>",
+                                "<a><![CDATA[x]]></a>",
+                                "<a><!-- -- --></a>",
+                                "<a>",
+                                "x<a/>",
+                                "<a xmlns:p='u' xmlns:q='u' p:x='1' q:x='2'/>",
+                                "<a xmlns='u' xmlns='v'/>",
+                                "<a/>x",
+                                "",
+                                "<a x/>"};
+  for (const std::string& text : plain) {
+    EventLog fast, expat;
+    EXPECT_TRUE(read_plain_xml(text, fast)) << text;
+    EXPECT_EQ(read_xml(text, expat).end, measkit::cxf::XmlEnd::complete) << text;
+    EXPECT_EQ(fast.log, expat.log) << text;
+  }
+  for (const std::string& text : others) {
+    EventLog fast;
+    EXPECT_FALSE(read_plain_xml(text, fast)) << text;
+  }
 }
 
 // Twice the input may take twice the time, not four times.
