@@ -2,7 +2,7 @@
 #ifndef MEASDATA_API_CANCELLATION_H
 #define MEASDATA_API_CANCELLATION_H
 
-#if __has_include(<pthread.h>)
+#if __has_include(<pthread.h>) && !defined(__wasm__)  // no threads there
 #include <pthread.h>
 #endif
 
@@ -10,7 +10,7 @@ namespace vantor::Api {
 
 /// While it lives, a request to cancel the calling thread waits. Reading a file may act on such a
 /// request, and then unwinds the stack, which must not pass an export.
-class NoCancellation {
+class [[maybe_unused]] NoCancellation {
 #if defined(PTHREAD_CANCEL_DISABLE)
  public:
   NoCancellation() { pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &state_before_); }

@@ -8,6 +8,7 @@
 #include "kit/convert/merged_rows.h"
 #include "kit/convert/text_form.h"
 #include "kit/convert/ti3_form.h"
+#include "kit/preflight/delimited_text.h"
 #include "kit/preflight/device_columns.h"
 #include "kit/preflight/line_cursor.h"
 #include "kit/preflight/spectral_columns.h"
@@ -15,11 +16,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <chrono>
-#include <cmath>
 #include <ctime>
-#include <system_error>
 #include <utility>
 
 namespace measkit {
@@ -38,15 +36,9 @@ constexpr std::array<std::pair<std::string_view, ColumnGroup>, 9> kGroups = {
 
 // The number at the start of a text, which is shortened by it and by the colon behind it.
 std::optional<double> take_number(std::string_view& text) {
-  double number = 0.0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  const auto length = static_cast<std::size_t>(end - text.data());
-  const bool is_at_end = length == text.size();
-  if (error != std::errc() || !std::isfinite(number) || (!is_at_end && text[length] != ':')) {
-    return std::nullopt;
-  }
-  text.remove_prefix(is_at_end ? length : length + 1);
-  return number;
+  const std::string_view number = text.substr(0, text.find(':'));
+  text.remove_prefix(std::min(number.size() + 1, text.size()));
+  return is_number(number) ? std::optional(number_in(number)) : std::nullopt;
 }
 
 bool is_text_form(Form form) {

@@ -5,6 +5,7 @@
 #include "kit/convert/row_reader.h"
 #include "kit/convert/text_buffer.h"
 #include "kit/preflight/converted_text.h"
+#include "kit/preflight/header_lines.h"
 #include "kit/write/printable_text.h"
 
 #include <algorithm>
@@ -51,7 +52,9 @@ void add_text(std::string_view text, TextBuffer& out) {
 bool is_usual(const HeaderLine& line) {
   const std::string_view raw = line.raw;
   const std::string quoted = "\"" + line.value + "\"";
-  if (!raw.starts_with(line.keyword) || line.value.find('"') != std::string::npos) return false;
+  if (!is_keyword(line.keyword) || !raw.starts_with(line.keyword) ||
+      line.value.find('"') != std::string::npos)
+    return false;
   const std::string_view rest = raw.substr(line.keyword.size());
   const std::size_t start = rest.find_first_not_of(" \t");
   if (start == 0) return false;

@@ -168,11 +168,13 @@ class ChartHandler {
       add_comment();
       return;
     }
-    if (line_.line.empty()) {
+    const bool is_whole_line = !line_.line.empty();
+    if (!is_whole_line) {
       std::ranges::replace(line_.value, '"', '\'');
       line_.line = line_.keyword + " \"" + line_.value + "\"";
     }
-    const bool is_good = is_keyword(line_.keyword) && add_header_line(table, line_.line, 0);
+    const bool is_good =
+        (is_whole_line || is_keyword(line_.keyword)) && add_header_line(table, line_.line, 0);
     if (!is_good) left_out_keywords_ += 1;
   }
 

@@ -1,5 +1,7 @@
 #include "kit/preflight/decimal_text.h"
 
+#include "measdata/number_reader.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -124,6 +126,29 @@ std::string_view move_point(std::string_view number, int places, TextPool& pool)
   char* const start = pool.room(number.size() + room_for_moved_point(places));
   return pool.keep(static_cast<std::size_t>(write_moved_point(number, places, start) - start));
 }
+
+#if defined(__cpp_lib_to_chars)
+
+std::size_t read_decimal(std::string_view text, double& value) {
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  return error == std::errc() ? static_cast<std::size_t>(end - text.data()) : 0;
+}
+
+#else  // libc++
+
+std::size_t read_decimal(std::string_view text, double& value) {
+  if (text.starts_with('+')) return 0;
+  const std::size_t comma = std::min(text.find(','), text.size());
+  const Parts parts = parts_of(text.substr(0, comma));
+  if (!parts.is_valid) return 0;
+  const std::size_t size = comma - parts.rest.size();
+  const double read = vantor::MeasData::NumberReader().read(text.substr(0, size));
+  if (std::isinf(read)) return 0;
+  value = read;
+  return size;
+}
+
+#endif
 
 std::string_view text_of(double value, TextPool& pool) { return pool.add(text_of(value)); }
 

@@ -21,6 +21,10 @@ constexpr std::size_t room_for_moved_point(int places) {
 /// The same, written to `out`; the end of the text.
 char* write_moved_point(std::string_view number, int places, char* out);
 
+/// Reads the number at the start of a text, with a decimal point in every locale. Returns how many
+/// bytes it takes; 0 for none.
+std::size_t read_decimal(std::string_view text, double& value);
+
 /// The shortest text that reads back as the same number.
 std::string_view text_of(double value, TextPool& pool);
 std::string text_of(double value);

@@ -1,8 +1,9 @@
 #include "kit/preflight/delimited_text.h"
 
+#include "kit/preflight/decimal_text.h"
+
 #include <algorithm>
 #include <cctype>
-#include <charconv>
 #include <string>
 
 namespace measkit {
@@ -169,7 +170,7 @@ double number_in(std::string_view cell) {
   }
   if (cell.starts_with('+')) cell.remove_prefix(1);
   double value = 0.0;
-  std::from_chars(cell.data(), cell.data() + cell.size(), value);
+  read_decimal(cell, value);
   return value;
 }
 

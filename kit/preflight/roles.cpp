@@ -1,5 +1,6 @@
 #include "kit/preflight/roles.h"
 
+#include "kit/preflight/decimal_text.h"
 #include "measdata/known_names.h"
 
 #include <algorithm>
@@ -106,8 +107,7 @@ void find_device(const NameIndex& index, Roles& roles) {
 
 // A number that fills the text.
 bool read_whole(std::string_view text, double& value) {
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  return !text.empty() && error == std::errc() && end == text.data() + text.size();
+  return !text.empty() && read_decimal(text, value) == text.size();
 }
 
 std::string_view spectral_prefix_of(std::string_view name) {
@@ -161,7 +161,7 @@ void find_spectra(const Names& names, const std::vector<bool>& is_taken, Roles& 
     if (is_taken[i] || !names[i].starts_with(prefix)) continue;
     double nm = 0.0;
     const std::string_view number = names[i].substr(prefix.size());
-    std::from_chars(number.data(), number.data() + number.size(), nm);
+    read_decimal(number, nm);
     roles.spectra.push_back({static_cast<int>(i), nm});
   }
 }

@@ -1,0 +1,8 @@
+// Stands for the reader of files on systems without files, such as WebAssembly in a browser.
+#include "measdata/file_text.h"
+
+namespace vantor::MeasData {
+
+FileStatus FileText::read(const char*) { return FileStatus::not_opened; }
+
+}  // namespace vantor::MeasData
