@@ -3,8 +3,8 @@
  *
  *  The header only calls the functions of measdata.h, so the rules there hold here as well:
  *
- *  1. **Ownership.** A measdata::chart owns a handle or borrows one. Everything that it returns is
- * a view: patches, channels, ranges, texts and spectra. Patches, channels and ranges stay valid
+ *  1. **Ownership.** A measdata::chart owns a handle or borrows one. What it returns is a view of
+ *     it: patches, channels, ranges, texts and spectra. Patches, channels and ranges stay valid
  *     until the handle is released, also when the chart is moved, and answer about the file that
  *     was loaded last. Texts and spectra stay valid until the next load or the release. The texts
  *     of "Instrument and sample" stay valid until the next call of a function of that group.
@@ -49,8 +49,8 @@ class load_error : public std::runtime_error {
 };
 #endif
 
-/** The answer of a load that does not throw. It holds the chart also after a failure; that chart is
- *  empty, except that a failure because of a full-tone colour leaves patches and channels. */
+/** The answer of a load that does not throw. After a failure it holds the chart, too, but without
+ *  patches and channels, except when the load failed only because of a full-tone colour. */
 template <class Value>
 class result {
  public:

@@ -50,7 +50,7 @@ class patch {
 };
 
 /** All rows with the same device values, merged into one patch. Texts are those of the first row,
- *  colours are means. */
+ *  Lab and spectra are means. */
 class merged_patch {
  public:
   /** The merged patch at an index of a handle. */
@@ -66,6 +66,7 @@ class merged_patch {
   std::optional<device_values> device() const noexcept {
     return detail::device(handle_, index_, ::get_dev_from_index);
   }
+  /** X, Y and Z, if the file has no rows to merge. They are not averaged. */
   std::optional<xyz_values> xyz() const noexcept { return unique().xyz(); }
   /** L*, a* and b* of the mean spectrum or the mean Lab, by the rules of get_lab_from_patch(). */
   std::optional<lab_values> lab() const noexcept {

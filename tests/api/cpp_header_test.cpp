@@ -1,0 +1,291 @@
+// The C++ header: ownership, ranges, optional answers and errors.
+#include "api/measdata.hpp"
+#include "tests/support/loaded.h"
+
+#ifdef MEASDATA_TEST_KIT
+#include "kit/measkit.h"
+#endif
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using measdata::chart;
+using Values = std::vector<double>;
+
+// Cyan is measured twice, 5 apart; magenta ends at 40.
+const std::string kInks = test::file_of(
+    "SAMPLE_ID SAMPLE_NAME SAMPLE_LOC CMYK_C CMYK_M CMYK_Y CMYK_K LAB_L LAB_A LAB_B XYZ_X XYZ_Y "
+    "XYZ_Z",
+    "1 paper A1 0 0 0 0 90 0 0 80 82 60\n"
+    "2 cyan A2 100 0 0 0 50 0 0 10 20 30\n"
+    "3 cyan A3 100 0 0 0 50 3 4 12 22 32\n"
+    "4 half A4 50 0 0 0 70 0 0 40 45 50\n"
+    "5 tint A5 0 40 0 0 75 9 0 50 55 60\n",
+    "SERIAL 7\nILLUMINANT D50\nCOPYRIGHT free\nCOMPUTATIONAL_PARAMETER one\n"
+    "COMPUTATIONAL_PARAMETER two\n");
+
+template <class Numbers>
+Values values_of(const std::optional<Numbers>& numbers) {
+  return numbers ? Values(numbers->begin(), numbers->end()) : Values();
+}
+
+TEST(CppHeader, ChartsOwnOrBorrowAndMove) {
+  void* handle = init_parser();
+  chart owner = chart::own(handle);
+  ASSERT_TRUE(owner.read_block(kInks));
+  const measdata::patch patch = owner.patches()[1];
+  {
+    const chart borrowed = chart::borrow(handle);
+    EXPECT_TRUE(borrowed && !borrowed.is_owner() && owner.is_owner());
+    EXPECT_EQ(borrowed.patches().size(), 5U);
+  }
+  chart target = chart::create();  // its own handle is released
+  target = std::move(owner);
+  EXPECT_EQ(target.handle(), handle);
+  EXPECT_EQ(patch.name(), "cyan");
+  EXPECT_FALSE(owner || owner.is_owner());  // NOLINT(bugprone-use-after-move)
+  chart& same = target;
+  target = std::move(same);
+  EXPECT_EQ(target.patches().size(), 5U);
+  chart third(std::move(target));
+  EXPECT_EQ(third.release(), handle);
+  EXPECT_FALSE(third || third.is_owner() || chart::own(nullptr).is_owner());
+  cleanup_parser(&handle);
+}
+
+TEST(CppHeader, LoadsThrowOrReturn) {
+  const std::string path = testing::TempDir() + "no-such-file";
+  const auto refused = chart::try_load(path);
+  EXPECT_FALSE(refused.has_value());
+  EXPECT_TRUE(refused->patches().empty());
+  EXPECT_NE(refused.messages().find(path), std::string_view::npos);
+  try {
+    chart::load(path);
+    FAIL() << "no exception";
+  } catch (const measdata::load_error& error) {
+    EXPECT_EQ(error.what(), refused.messages());
+  }
+  EXPECT_THROW(chart::load_block("no chart"), std::runtime_error);
+  const measdata::result<chart> without_memory(chart(), false);
+  EXPECT_EQ(without_memory.messages(), "Out of memory\n");
+
+  const std::string examples = MEASDATA_EXAMPLES;
+  EXPECT_EQ(chart::load(examples + "/cmyk-spectral-310.txt").patches().size(), 310U);
+  constexpr auto table = measdata::parse_mode::semicolon_table;
+  EXPECT_EQ(chart::load_block("A;LAB_L;LAB_A;LAB_B\n1;50;1;2\n", "name", table).mode(), table);
+  EXPECT_TRUE(chart::try_load(examples + "/semicolon-table.csv", table));
+
+  chart again = chart::try_load_block(kInks).value();
+  EXPECT_EQ(again.mode(), measdata::parse_mode::measurement_file);
+  EXPECT_FALSE(again.read(path));
+  EXPECT_TRUE(again.patches().empty() && again.has_keyword("SERIAL"));
+  EXPECT_EQ(again.messages(), refused.messages());
+}
+
+TEST(CppHeader, RangesWorkWithAlgorithms) {
+  const chart inks = chart::load_block(kInks);
+  const auto patches = inks.patches();
+  int sum = 0;
+  for (const measdata::patch& patch : patches) sum += patch.position();
+  EXPECT_EQ(sum, 10);
+  const auto begin = patches.begin();
+  EXPECT_EQ(patches.end() - begin, 5);
+  EXPECT_EQ((2 + begin)->id(), "3");
+  EXPECT_EQ(begin[4].id(), "5");
+  EXPECT_EQ(std::make_reverse_iterator(patches.end())->location(), "A5");
+  EXPECT_TRUE(begin < begin + 1 && begin + 1 >= begin && begin != begin + 1 && begin <= begin);
+  auto at = begin + 2;
+  const Values steps = {(at++)->position() + 0.0, (++at)->position() + 0.0,
+                        (at--)->position() + 0.0, (at -= 2)->position() + 0.0};
+  EXPECT_EQ(steps, Values({2, 4, 4, 1}));
+  // Entries are sorted by name.
+  const auto keywords = inks.keywords();
+  const auto found = std::lower_bound(
+      keywords.begin(), keywords.end(), "SERIAL",
+      [](const measdata::keyword& entry, std::string_view name) { return entry.name < name; });
+  EXPECT_EQ(found->value, "7");
+  const auto darkest = std::ranges::min_element(
+      inks.patches(), {}, [](const measdata::patch& patch) { return patch.lab().value()[0]; });
+  EXPECT_EQ(darkest->id(), "2");
+}
+
+TEST(CppHeader, MergedPatchesAndChannels) {
+  const chart inks = chart::load_block(kInks);
+  const auto merged = inks.merged_patches();
+  ASSERT_EQ(merged.size(), 4U);
+  const measdata::merged_patch cyan = merged[1];
+  EXPECT_EQ(cyan.name(), "cyan");
+  EXPECT_EQ(cyan.id(), "2");
+  EXPECT_EQ(cyan.location(), "A2");
+  EXPECT_EQ(values_of(cyan.device()), Values({100, 0, 0, 0}));
+  EXPECT_EQ(values_of(cyan.lab()), Values({50, 1.5, 2}));
+  EXPECT_FALSE(cyan.xyz());
+  ASSERT_TRUE(cyan.repeat_statistics());
+  EXPECT_EQ(cyan.repeat_statistics()->repeat_count, 2);
+  EXPECT_EQ(cyan.repeat_statistics()->de_max, 5.0);
+  EXPECT_EQ(inks.paper_white().value().index(), 0);
+
+  ASSERT_EQ(inks.channels().size(), 4U);
+  const measdata::channel first = inks.channels()[0];
+  const measdata::channel second = inks.channels()[1];
+  const auto wedge = first.wedge();
+  EXPECT_EQ(wedge[0].index() * 10 + wedge[1].index(), 21);
+  EXPECT_EQ(wedge[2].index(), -1);  // not another patch
+  EXPECT_EQ(first.solid().value().index(), 1);
+  EXPECT_FALSE(second.solid());
+  EXPECT_EQ(first.name(), "Cyan");
+  const auto distinct = first.distinct_values();
+  ASSERT_EQ(distinct.size(), 3U);
+  EXPECT_EQ(distinct[2].value, 100.0);
+  EXPECT_EQ(distinct[2].patches, 2);
+}
+
+TEST(CppHeader, AnswersAreEmptyWithoutData) {
+  const chart ids = chart::load_block(test::file_of("SAMPLE_ID", "1\n"));
+  const chart inks = chart::load_block(kInks);
+  const measdata::patch patches[] = {chart().patches()[0], inks.patches()[5], ids.patches()[0],
+                                     inks.patches()[~std::size_t{0}]};
+  for (const measdata::patch& patch : patches) {
+    EXPECT_FALSE(patch.device() || patch.xyz() || patch.lab() || patch.spectrum());
+    EXPECT_EQ(patch.name(), "");
+  }
+  for (const measdata::merged_patch& patch :
+       {inks.merged_patches()[4], chart().merged_patches()[0]}) {
+    EXPECT_FALSE(patch.device() || patch.xyz() || patch.lab() || patch.spectrum() ||
+                 patch.repeat_statistics());
+  }
+  EXPECT_FALSE(ids.paper_white() || ids.wavelengths() || ids.illuminant() || ids.copyright());
+  EXPECT_TRUE(ids.channels().empty() && chart().keywords().empty() && !inks.channels()[4].name());
+  EXPECT_TRUE(chart().channels()[0].wedge().empty() && chart().messages().empty());
+  // Numbers that the header itself writes before it asks are values like others.
+  const chart marks =
+      chart::load_block(test::file_of("XYZ_X XYZ_Y XYZ_Z", "0 0 0\n1.7976931348623157e308 1 1\n"));
+  EXPECT_EQ(values_of(marks.patches()[0].xyz()), Values({0, 0, 0}));
+  EXPECT_EQ(values_of(marks.patches()[1].xyz()).at(1), 1.0);
+}
+
+TEST(CppHeader, Keywords) {
+  const chart inks = chart::load_block(kInks);
+  const auto values = inks.keyword_values("COMPUTATIONAL_PARAMETERS");
+  EXPECT_EQ(std::vector<std::string_view>(values.begin(), values.end()),
+            std::vector<std::string_view>({"one", "two"}));
+  EXPECT_EQ(inks.keyword_value("COMPUTATIONAL_PARAMETERS"), "one");
+  EXPECT_FALSE(inks.keyword_value("ONE") || inks.has_keyword("ONE"));
+}
+
+TEST(CppHeader, ContentsAreThoseOfTheCInterface) {
+  bool (chart::*const functions[])() const noexcept = {&chart::has_device_data,
+                                                       &chart::has_xyz_data,
+                                                       &chart::has_lab_data,
+                                                       &chart::has_lch_data,
+                                                       &chart::has_spectral_data,
+                                                       &chart::has_color_data,
+                                                       &chart::has_sample_id_data,
+                                                       &chart::has_sample_loc_data,
+                                                       &chart::has_sample_name_data,
+                                                       &chart::is_cmyk,
+                                                       &chart::is_cmy,
+                                                       &chart::is_rgb};
+  int (*const c_functions[])(void*) = {
+      has_device_data,      has_xyz_data,   has_lab_data,       has_lch_data,
+      has_spectral_data,    has_color_data, has_sample_id_data, has_sample_loc_data,
+      has_sample_name_data, dev_is_cmyk,    dev_is_cmy,         dev_is_rgb};
+  for (const std::string fields :
+       {"XYZ_X XYZ_Y XYZ_Z", "LAB_L LAB_A LAB_B", "LAB_L LAB_C LAB_H", "SPECTRAL_NM400",
+        "SAMPLE_ID", "SAMPLE_LOC", "SAMPLE_NAME", "CMYK_C CMYK_M CMYK_Y CMYK_K",
+        "CMY_C CMY_M CMY_Y", "RGB_R RGB_G RGB_B"}) {
+    const auto count = std::count(fields.begin(), fields.end(), ' ');
+    const chart one = chart::load_block(
+        test::file_of(fields, "1" + std::string(&" 2 3 4"[6 - 2 * count]) + "\n"));
+    for (std::size_t i = 0; i < std::size(functions); ++i) {
+      EXPECT_EQ((one.*functions[i])(), c_functions[i](one.handle()) == 1) << fields << i;
+    }
+  }
+}
+
+TEST(CppHeader, MetadataAreThoseOfTheCInterface) {
+  std::optional<std::string_view> (chart::*const functions[])()
+      const noexcept = {&chart::device_manufacturer,
+                        &chart::device_model,
+                        &chart::device_serial_number,
+                        &chart::device_geometry,
+                        &chart::device_filter,
+                        &chart::device_polarization,
+                        &chart::device_measurement_source,
+                        &chart::density_status,
+                        &chart::illuminant,
+                        &chart::observer,
+                        &chart::sample_backing,
+                        &chart::sample_colorant,
+                        &chart::sample_manufacturer,
+                        &chart::sample_material,
+                        &chart::sample_print_conditions,
+                        &chart::sample_production_date,
+                        &chart::sample_serial_number,
+                        &chart::sample_target_type,
+                        &chart::copyright};
+  const char* (*const c_functions[])(void*) = {device_manufacturer,
+                                               device_model,
+                                               device_serial_number,
+                                               device_geometry,
+                                               device_filter,
+                                               device_polarization,
+                                               device_measurement_source,
+                                               density_status,
+                                               illuminant,
+                                               observer,
+                                               sample_backing,
+                                               sample_colorant,
+                                               sample_manufacturer,
+                                               sample_material,
+                                               sample_print_conditions,
+                                               sample_production_date,
+                                               sample_serial_number,
+                                               sample_target_type,
+                                               copyright};
+  const chart named = chart::load_block(test::file_of(
+      "SAMPLE_ID", "1\n",
+      "INSTRUMENTATION \"Maker Model, D50, 2 degree, serial number 42, \"\nFILTER a\n"
+      "POLARIZATION b\nMEASUREMENT_GEOMETRY c\nMEASUREMENT_SOURCE d\nFILTER_STATUS e\n"
+      "SAMPLE_BACKING f\nCOLORANT g\nMANUFACTURER h\nMATERIAL i\nPRINT_CONDITIONS j\n"
+      "PROD_DATE k\nSERIAL l\nTARGET_TYPE m\nCOPYRIGHT n\n"));
+  std::set<std::string> answers;
+  for (std::size_t i = 0; i < std::size(functions); ++i) {
+    const std::string answer((named.*functions[i])().value());
+    EXPECT_EQ(answer, c_functions[i](named.handle()));
+    answers.insert(answer);
+  }
+  EXPECT_EQ(answers.size(), std::size(functions));  // each has its own
+}
+
+TEST(CppHeader, VersionAndDisplayColour) {
+  const int parts[] = {measdata::version_major(), measdata::version_minor(),
+                       measdata::version_bugfix()};
+  std::string version;
+  for (const int part : parts) version += '.' + std::to_string(part);
+  EXPECT_EQ(measdata::version(), version.substr(1));
+  EXPECT_EQ(measdata::lab_to_srgb({0, 0, 0}), measdata::srgb_values({0, 0, 0}));
+  EXPECT_NEAR(measdata::lab_to_srgb({100, 0, 0})[1], 255, 0.5);
+}
+
+#ifdef MEASDATA_TEST_KIT
+TEST(CppHeader, ChartsOfTheKitAreBorrowed) {
+  mk_document* document = mk_open_block(kInks.size(), kInks.data(), "inks", MK_REPAIR);
+  EXPECT_EQ(chart::borrow(mk_chart_handle(document, 0)).patches().size(), 5U);
+  EXPECT_EQ(num_patches(mk_chart_handle(document, 0)), 5);  // not released
+  EXPECT_FALSE(chart::borrow(mk_chart_handle(document, 1)));
+  mk_close(&document);
+}
+#endif
+
+}  // namespace
