@@ -115,7 +115,7 @@ inline std::optional<std::string_view> text(const char* answer) noexcept {
 }
 
 inline std::string_view text_or_empty(const char* answer) noexcept {
-  return text(answer).value_or(std::string_view());
+  return text(answer).value_or("");
 }
 
 inline std::size_t count(int answer) noexcept {
