@@ -6,8 +6,9 @@
  *  1. **Ownership.** A measdata::chart owns a handle or borrows one. What it returns is a view of
  *     it: patches, channels, ranges, texts and spectra. Patches, channels and ranges stay valid
  *     until the handle is released, also when the chart is moved, and answer about the file that
- *     was loaded last. Texts and spectra stay valid until the next load or the release. The texts
- *     of "Instrument and sample" stay valid until the next call of a function of that group.
+ *     was loaded last. Texts and spectra stay valid until the next load or the release, but the
+ *     texts of "Instrument and sample" only until the next call of a function of that group. Texts
+ *     end with a zero byte.
  *  2. **Memory.** No function allocates memory outside the library, except when it throws.
  *  3. **Missing data.** What a file may lack is a std::optional. Names, locations and identifiers
  *     are empty instead. A patch, index or channel that does not exist answers that way, too, and
