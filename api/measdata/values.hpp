@@ -186,8 +186,8 @@ class range {
     iterator& operator-=(std::ptrdiff_t i) noexcept { return at_ -= i, *this; }
     iterator& operator++() noexcept { return *this += 1; }
     iterator& operator--() noexcept { return *this -= 1; }
-    iterator operator++(int) noexcept { return {source_, at_++}; }
-    iterator operator--(int) noexcept { return {source_, at_--}; }
+    iterator operator++(int) noexcept { return {source_, at_++}; }  // NOLINT(cert-dcl21-cpp)
+    iterator operator--(int) noexcept { return {source_, at_--}; }  // NOLINT(cert-dcl21-cpp)
 
     friend iterator operator+(iterator a, std::ptrdiff_t i) noexcept { return a += i; }
     friend iterator operator+(std::ptrdiff_t i, iterator a) noexcept { return a += i; }
