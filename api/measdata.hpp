@@ -1,7 +1,8 @@
 /** @file
  *  @brief measdata.h for C++17 and later: ownership, ranges, optional answers.
  *
- *  The header only calls the functions of measdata.h, so the rules there hold here as well:
+ *  The header only calls the functions of measdata.h, so the rules there hold here as well, and a
+ *  function without a comment is described there under the same name:
  *
  *  1. **Ownership.** A measdata::chart owns a handle or borrows one. What it returns is a view of
  *     it: patches, channels, ranges, texts and spectra. Patches, channels and ranges stay valid

@@ -28,9 +28,11 @@ class patch {
   std::string_view name() const noexcept {
     return detail::text_or_empty(::get_name_from_patch(handle_, position_));
   }
+  /** The value of each channel, in the scale of the file. */
   std::optional<device_values> device() const noexcept {
     return detail::device(handle_, position_, ::get_dev_from_patch);
   }
+  /** X, Y and Z in the scale of the file. */
   std::optional<xyz_values> xyz() const noexcept {
     return detail::numbers<3>(handle_, position_, ::get_xyz_from_patch);
   }
@@ -63,6 +65,7 @@ class merged_patch {
   std::string_view name() const noexcept {
     return detail::text_or_empty(::get_name_from_index(handle_, index_));
   }
+  /** The value of each channel, in the scale of the file. */
   std::optional<device_values> device() const noexcept {
     return detail::device(handle_, index_, ::get_dev_from_index);
   }
