@@ -251,7 +251,7 @@ class chart {
     return ::has_keyword(handle_, name.c_str()) == 1;
   }
   /** The first value of a keyword. */
-  std::optional<std::string_view> keyword_value(zstring name) const noexcept {
+  optional_text keyword_value(zstring name) const noexcept {
     return detail::text(::get_value_of_keyword(handle_, name.c_str()));
   }
   /** All values of a keyword. The range uses `name`, which must stay valid. */
@@ -259,7 +259,7 @@ class chart {
     return {{handle_, name.c_str()}, ::num_keyword_values(handle_, name.c_str())};
   }
   /** The value of COPYRIGHT. */
-  std::optional<std::string_view> copyright() const noexcept { return answer(::copyright); }
+  optional_text copyright() const noexcept { return answer(::copyright); }
 
   /** @} */
 
@@ -270,59 +270,35 @@ class chart {
    *  same handle.
    *  @{ */
 
-  std::optional<std::string_view> device_manufacturer() const noexcept {
-    return answer(::device_manufacturer);
-  }
-  std::optional<std::string_view> device_model() const noexcept { return answer(::device_model); }
-  std::optional<std::string_view> device_serial_number() const noexcept {
-    return answer(::device_serial_number);
-  }
+  optional_text device_manufacturer() const noexcept { return answer(::device_manufacturer); }
+  optional_text device_model() const noexcept { return answer(::device_model); }
+  optional_text device_serial_number() const noexcept { return answer(::device_serial_number); }
   /** The measurement geometry, such as "45/0". */
-  std::optional<std::string_view> device_geometry() const noexcept {
-    return answer(::device_geometry);
-  }
+  optional_text device_geometry() const noexcept { return answer(::device_geometry); }
   /** The filter, such as "UVcut". */
-  std::optional<std::string_view> device_filter() const noexcept { return answer(::device_filter); }
-  std::optional<std::string_view> device_polarization() const noexcept {
-    return answer(::device_polarization);
-  }
-  std::optional<std::string_view> device_measurement_source() const noexcept {
+  optional_text device_filter() const noexcept { return answer(::device_filter); }
+  optional_text device_polarization() const noexcept { return answer(::device_polarization); }
+  optional_text device_measurement_source() const noexcept {
     return answer(::device_measurement_source);
   }
   /** The density status, such as "Status T". */
-  std::optional<std::string_view> density_status() const noexcept {
-    return answer(::density_status);
-  }
+  optional_text density_status() const noexcept { return answer(::density_status); }
   /** The illuminant of the colorimetric values, such as "D50". */
-  std::optional<std::string_view> illuminant() const noexcept { return answer(::illuminant); }
+  optional_text illuminant() const noexcept { return answer(::illuminant); }
   /** The angle of the observer in degrees, such as "2". */
-  std::optional<std::string_view> observer() const noexcept { return answer(::observer); }
+  optional_text observer() const noexcept { return answer(::observer); }
   /** The backing of the sample, such as "black". */
-  std::optional<std::string_view> sample_backing() const noexcept {
-    return answer(::sample_backing);
-  }
-  std::optional<std::string_view> sample_colorant() const noexcept {
-    return answer(::sample_colorant);
-  }
-  std::optional<std::string_view> sample_manufacturer() const noexcept {
-    return answer(::sample_manufacturer);
-  }
-  std::optional<std::string_view> sample_material() const noexcept {
-    return answer(::sample_material);
-  }
-  std::optional<std::string_view> sample_print_conditions() const noexcept {
+  optional_text sample_backing() const noexcept { return answer(::sample_backing); }
+  optional_text sample_colorant() const noexcept { return answer(::sample_colorant); }
+  optional_text sample_manufacturer() const noexcept { return answer(::sample_manufacturer); }
+  optional_text sample_material() const noexcept { return answer(::sample_material); }
+  optional_text sample_print_conditions() const noexcept {
     return answer(::sample_print_conditions);
   }
-  std::optional<std::string_view> sample_production_date() const noexcept {
-    return answer(::sample_production_date);
-  }
-  std::optional<std::string_view> sample_serial_number() const noexcept {
-    return answer(::sample_serial_number);
-  }
+  optional_text sample_production_date() const noexcept { return answer(::sample_production_date); }
+  optional_text sample_serial_number() const noexcept { return answer(::sample_serial_number); }
   /** The type of the test chart. */
-  std::optional<std::string_view> sample_target_type() const noexcept {
-    return answer(::sample_target_type);
-  }
+  optional_text sample_target_type() const noexcept { return answer(::sample_target_type); }
 
   /** @} */
 
@@ -331,7 +307,7 @@ class chart {
       : handle_(handle), is_owner_(is_owner && handle != nullptr) {}
 
   template <class Function>
-  std::optional<std::string_view> answer(Function function) const noexcept {
+  optional_text answer(Function function) const noexcept {
     return detail::text(function(handle_));
   }
 #ifdef __cpp_exceptions

@@ -141,7 +141,7 @@ class channel {
   /** The position among the channels, from 0. */
   int position() const noexcept { return position_; }
   /** The name of the ink or colorant. */
-  std::optional<std::string_view> name() const noexcept {
+  optional_text name() const noexcept {
     return detail::text(::get_device_channel_name(handle_, position_));
   }
   /** The distinct values of the channel over all patches, in ascending order. */

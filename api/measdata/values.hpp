@@ -53,8 +53,9 @@ class span {
 };
 #endif
 
-using lab_values = std::array<double, 3>;  /**< L*, a* and b* */
-using xyz_values = std::array<double, 3>;  /**< X, Y and Z in the scale of the file */
+using optional_text = std::optional<std::string_view>; /**< a text that a file may lack */
+using lab_values = std::array<double, 3>;              /**< L*, a* and b* */
+using xyz_values = std::array<double, 3>;              /**< X, Y and Z in the scale of the file */
 using srgb_values = std::array<double, 3>; /**< red, green and blue of a display, 0 to 255 */
 
 /** A text that ends with a zero byte, or null. Only arguments have this type. */
@@ -109,7 +110,7 @@ struct keyword {
 
 namespace detail {
 
-inline std::optional<std::string_view> text(const char* answer) noexcept {
+inline optional_text text(const char* answer) noexcept {
   if (answer == nullptr) return std::nullopt;
   return answer;
 }
