@@ -23,6 +23,7 @@
 #include <span>
 #endif
 
+// Names such as (std::min) are in brackets because <windows.h> defines macros with these names.
 namespace measdata {
 
 #ifdef __cpp_lib_span
@@ -75,7 +76,7 @@ class device_values {
   static constexpr std::size_t max_size = 15; /**< no file has more channels */
 
   device_values(const std::array<double, max_size>& values, int size) noexcept
-      : values_(values), size_(std::min(static_cast<std::size_t>(size), max_size)) {}
+      : values_(values), size_((std::min)(static_cast<std::size_t>(size), max_size)) {}
 
   const double* data() const noexcept { return values_.data(); }
   std::size_t size() const noexcept { return size_; }
@@ -125,7 +126,7 @@ inline std::size_t count(int answer) noexcept {
 
 /** No position is as large as the largest number. */
 inline int position(std::size_t i) noexcept {
-  constexpr int largest = std::numeric_limits<int>::max();
+  constexpr int largest = (std::numeric_limits<int>::max)();
   return i < static_cast<std::size_t>(largest) ? static_cast<int>(i) : largest;
 }
 
@@ -134,7 +135,7 @@ inline int position(std::size_t i) noexcept {
 template <std::size_t Size, class Get>
 std::optional<std::array<double, Size>> numbers(void* data, int position, Get get) noexcept {
   std::array<double, Size> values{};
-  for (const double mark : {std::numeric_limits<double>::max(), 0.0}) {
+  for (const double mark : {(std::numeric_limits<double>::max)(), 0.0}) {
     values[0] = mark;
     get(data, position, values.data());
     if (!(values[0] == mark)) return values;
