@@ -102,7 +102,8 @@ TEST(CppHeader, RangesWorkWithAlgorithms) {
   EXPECT_EQ(patches.end() - begin, 5);
   EXPECT_EQ((2 + begin)->position() + begin[4].position(), 6);
   EXPECT_EQ(std::make_reverse_iterator(patches.end())->location(), "A5");
-  EXPECT_TRUE(begin < begin + 1 && begin + 1 >= begin && begin != begin + 1 && begin <= begin);
+  EXPECT_TRUE(begin < begin + 1 && begin + 1 > begin && begin >= begin && begin <= begin);
+  EXPECT_FALSE(begin < begin || begin > begin || begin != begin || begin == begin + 1);
   auto at = begin + 2;
   const Values steps = {(at++)->position() + 0.0, (++at)->position() + 0.0,
                         (at--)->position() + 0.0, (at -= 2)->position() + 0.0};
@@ -146,13 +147,19 @@ TEST(CppHeader, MergedPatchesAndChannels) {
   ASSERT_EQ(distinct.size(), 3U);
   EXPECT_EQ(distinct[2].value, 100.0);
   EXPECT_EQ(distinct[2].patches, 2);
+  const chart spectral = chart::load_block(
+      test::file_of("GRAY SPECTRAL_NM400 SPECTRAL_NM410", "0 0.25 0.5\n0 0.75 0.5\n1 0.125 0.5\n"));
+  EXPECT_EQ(values_of(spectral.merged_patches()[0].spectrum()), Values({0.5, 0.5}));
+  EXPECT_EQ(values_of(spectral.patches()[1].spectrum()), Values({0.75, 0.5}));
+  const measdata::wavelength_range range = spectral.wavelengths().value();
+  EXPECT_EQ(Values({range.start, range.end, range.step}), Values({400, 410, 10}));
 }
 
 TEST(CppHeader, AnswersAreEmptyWithoutData) {
   const chart ids = chart::load_block(test::file_of("SAMPLE_ID", "1\n"));
   const chart inks = chart::load_block(kInks);
   const measdata::patch patches[] = {chart().patches()[0], inks.patches()[5], ids.patches()[0],
-                                     inks.patches()[~std::size_t{0}]};
+                                     inks.patches()[~std::size_t{0} / 2 + 2]};
   for (const measdata::patch& patch : patches) {
     EXPECT_FALSE(patch.device() || patch.xyz() || patch.lab() || patch.spectrum());
     EXPECT_EQ(patch.name(), "");
