@@ -1,4 +1,4 @@
-// Prints Lab of the patches of any file.
+// Prints L* of the patches of any file.
 #include <measkit.h>
 
 #include <cstdio>
