@@ -1,37 +1,38 @@
 // Copies results that it needs for longer than the library keeps them.
-#include <measdata.h>
-
 #include <cstdio>
+#include <measdata.hpp>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
 
 // [text]
-// Null means that the file has no such data. It becomes an empty string.
-std::string copy_of(const char* text) { return text == nullptr ? "" : text; }
+// A text that the file does not have becomes an empty string.
+std::string copy_of(std::optional<std::string_view> text) { return std::string(text.value_or("")); }
 // [text]
 
 }  // namespace
 
 int main(int argc, char** argv) {
   if (argc != 3) return 2;
-  void* parser = init_parser();
-  bool is_loaded = parse_file(parser, argv[1]) == 1;
+  auto chart = measdata::chart::create();
+  bool is_loaded = chart.read(argv[1]);
 
   // [buffer]
   // Each call overwrites the result of the previous call.
-  const std::string maker = copy_of(device_manufacturer(parser));
-  const std::string model = copy_of(device_model(parser));
+  const std::string maker = copy_of(chart.device_manufacturer());
+  const std::string model = copy_of(chart.device_model());
   // [buffer]
 
   // [array]
-  is_loaded = is_loaded && parse_file(parser, argv[2]) == 1;
+  is_loaded = is_loaded && chart.read(argv[2]);
   std::vector<double> kept;
-  if (const double* spectrum = get_spectrum_from_patch(parser, 0)) {
-    kept.assign(spectrum, spectrum + spectral_size(parser));
+  if (const auto spectrum = chart.patches()[0].spectrum()) {
+    kept.assign(spectrum->begin(), spectrum->end());
   }
-  cleanup_parser(&parser);  // invalidates `spectrum`, but not `kept`
+  chart = measdata::chart();  // releases the handle: only `kept` stays valid
   // [array]
 
   if (!is_loaded) return 1;

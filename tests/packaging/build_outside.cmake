@@ -53,6 +53,7 @@ elseif(WAY STREQUAL "meson")
   file(CREATE_LINK ${WORK}/meson/outside ${WORK}/outside SYMBOLIC)
 elseif(WAY STREQUAL "plain")
   run(${CC} -I${PREFIX}/include ${outside}/main.c -o outside -L${lib_dir} -lmeasdata)
+  run(${CXX} -std=c++17 -fsyntax-only -include ${PREFIX}/include/measdata.hpp -x c++ /dev/null)
 else()
   # A project around the library may compile as it likes: the library keeps to its own arithmetic,
   # or does not compile.
