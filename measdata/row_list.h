@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <stdexcept>
+#include <new>
 #include <string_view>
 
 namespace vantor::MeasData {
@@ -23,7 +23,7 @@ class RowList {
   std::size_t size() const { return places_.size(); }
   void push_back(std::string_view row) {
     const auto start = static_cast<std::uint64_t>(row.data() - text_.data());
-    if (start >> (64U - kLengthBits) != 0) throw std::length_error("too long a text");
+    if (start >> (64U - kLengthBits) != 0) throw std::bad_alloc();  // 1 TiB
     places_.push_back(start << kLengthBits | std::min<std::uint64_t>(row.size(), kLongLine));
   }
   std::string_view operator[](std::size_t row) const {

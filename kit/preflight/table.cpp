@@ -25,7 +25,7 @@ bool FieldNames::are_those_of(const std::vector<Field>& fields) const {
   if (fields.size() != ends_.size() || fields.empty()) return false;
   std::size_t start = 0;
   for (std::size_t i = 0; i < fields.size(); start = ends_[i++]) {
-    if (std::string_view(letters_).substr(start, ends_[i] - start) != fields[i].name) return false;
+    if (letters_.compare(start, ends_[i] - start, fields[i].name) != 0) return false;
   }
   return true;
 }
