@@ -15,11 +15,13 @@
 namespace vantor::ColorTypes {
 namespace {
 
-// Counts how often each value comes, by open addressing. Many values are sooner counted by sorting
-// them, when the table would outgrow the caches of the processor.
+// Counts how often each value comes, by open addressing. Where most rows have values of their own,
+// sorting them is faster and takes less memory.
 class ValueCounter {
  public:
-  bool isFull() const { return taken_ > kMostValues; }
+  explicit ValueCounter(std::size_t rows) : most_(std::max(kMostOfAnyChart, rows / 4)) {}
+
+  bool isFull() const { return taken_ > most_; }
   void count(double value) {
     Slot& slot = find(slots_, value);
     if (slot.count++ == 0) {
@@ -48,7 +50,7 @@ class ValueCounter {
     std::int32_t count = 0;  // 0: a free slot
   };
 
-  static constexpr std::size_t kMostValues = 10000;
+  static constexpr std::size_t kMostOfAnyChart = 10000;
 
   // The slot of the value, or the free one where it belongs.
   Slot& find(std::vector<Slot>& slots, double value) const {
@@ -68,6 +70,7 @@ class ValueCounter {
   std::uint64_t seed_ = Base::hash_seed();
   std::vector<Slot> slots_ = std::vector<Slot>(64);  // a power of two of them, always some free
   std::size_t taken_ = 0;
+  std::size_t most_;
 };
 
 std::vector<double> numbersOf(const ValueTable& device_values, std::size_t channel) {
@@ -126,7 +129,7 @@ struct Step {
 }  // namespace
 
 DistinctValues collectDistinctValues(const ValueTable& device_values, std::size_t channel) {
-  ValueCounter counter;
+  ValueCounter counter(device_values.rows());
   for (std::size_t row = 0; row < device_values.rows() && !counter.isFull(); ++row) {
     const double value = device_values.row(row)[channel];
     if (!std::isnan(value)) counter.count(value);
