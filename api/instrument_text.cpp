@@ -3,6 +3,7 @@
 #include "api/meta_tokenizer.h"
 
 #include <cstddef>
+#include <utility>
 
 namespace vantor::Api {
 namespace {
@@ -10,9 +11,9 @@ namespace {
 bool is_angle(std::string_view word) { return word == "2" || word == "10"; }
 bool is_degree(std::string_view word) { return word == "degree" || word == "degree,"; }
 
-// True for "2 degree" and the like, of which words[i] is the second word.
-bool ends_observer(const Words& words, std::size_t i) {
-  return is_angle(words[i - 1]) && is_degree(words[i]);
+// True for "2 degree" and the like, the second word of which was met last.
+bool ends_observer(const Words& words) {
+  return is_angle(words.back(1)) && is_degree(words.back());
 }
 
 std::string without_comma(std::string_view word) {
@@ -22,29 +23,37 @@ std::string without_comma(std::string_view word) {
 
 bool has_comma(std::string_view text) { return text.find(',') != std::string_view::npos; }
 
-// words[first] to words[last], joined by blanks.
-std::string join(const Words& words, std::size_t first, std::size_t last) {
-  std::string text(words[first]);
-  for (std::size_t i = first + 1; i <= last; ++i) text.append(" ").append(words[i]);
-  return text;
+// Walks all words of a text that has exactly three; false for another text.
+bool walk_three(Words& words) {
+  return words.next() && words.next() && words.next() && !words.next();
+}
+
+// The words from the first-th to the last-th, counted from 1, joined by blanks.
+std::string join(std::string_view text, std::size_t first, std::size_t last) {
+  Words words(text);
+  while (words.count() < first && words.next()) {
+  }
+  std::string joined(words.back());
+  while (words.count() < last && words.next()) joined.append(" ").append(words.back());
+  return joined;
 }
 
 // Without commas the model is everything behind the maker, up to a lone semicolon.
-Answer find_model_before_semicolon(const Words& words) {
-  if (words.empty()) return std::nullopt;
-  const std::size_t first = words.size() >= 2 ? 1 : 0;
-  std::size_t last = first;
-  while (last + 1 < words.size() && words[last + 1] != ";") ++last;
-  return join(words, first, last);
+Answer find_model_before_semicolon(std::string_view text) {
+  Words words(text);
+  if (!words.next()) return std::nullopt;
+  words.next();
+  std::string model(words.back());
+  while (words.next() && words.back() != ";") model.append(" ").append(words.back());
+  return model;
 }
 
 // The model stands between the maker and the illuminant in front of an observer.
-Answer find_model_before_observer(const Words& words) {
-  for (std::size_t i = 3; i < words.size(); ++i) {
-    const std::size_t last = i - 3;
-    if (!ends_observer(words, i) || !words[last].ends_with(',')) continue;
-    const std::size_t first = i > 3 ? 1 : 0;
-    return without_comma(join(words, first, last));
+Answer find_model_before_observer(std::string_view text) {
+  for (Words words(text); words.next();) {
+    const std::size_t count = words.count();
+    if (count < 4 || !ends_observer(words) || !words.back(3).ends_with(',')) continue;
+    return without_comma(join(text, count > 4 ? 2 : 1, count - 3));
   }
   return std::nullopt;
 }
@@ -52,9 +61,10 @@ Answer find_model_before_observer(const Words& words) {
 }  // namespace
 
 Answer find_geometry(std::string_view text) {
-  const Words words(text);
-  for (std::size_t i = 0; i + 1 < words.size(); ++i) {
-    if (words[i] == "geometry" && words[i + 1].ends_with(',')) return without_comma(words[i + 1]);
+  for (Words words(text); words.next();) {
+    if (words.count() >= 2 && words.back(1) == "geometry" && words.back().ends_with(',')) {
+      return without_comma(words.back());
+    }
   }
   return std::nullopt;
 }
@@ -65,86 +75,88 @@ bool denies_polarization(std::string_view text) {
 }
 
 Answer find_backing(std::string_view text) {
-  const Words words(text);
-  for (std::size_t i = 1; i < words.size(); ++i) {
-    if (words[i] == "backing" || words[i] == "backing,") return std::string(words[i - 1]);
+  for (Words words(text); words.next();) {
+    const bool is_backing = words.back() == "backing" || words.back() == "backing,";
+    if (words.count() >= 2 && is_backing) return std::string(words.back(1));
   }
   return std::nullopt;
 }
 
 Answer find_manufacturer(std::string_view text) {
-  const Words words(text);
-  if (!has_comma(text)) return words.size() >= 2 ? Answer(std::string(words[0])) : std::nullopt;
-  for (std::size_t i = 4; i < words.size(); ++i) {
-    if (ends_observer(words, i) && !words[0].ends_with(',')) return std::string(words[0]);
+  Words words(text);
+  if (!words.next()) return std::nullopt;
+  std::string first(words.back());
+  if (!has_comma(text)) return words.next() ? Answer(std::move(first)) : std::nullopt;
+  if (first.ends_with(',')) return std::nullopt;
+  while (words.next()) {
+    if (words.count() >= 5 && ends_observer(words)) return first;
   }
   return std::nullopt;
 }
 
 Answer find_model(std::string_view text) {
-  const Words words(text);
-  if (!has_comma(text)) return find_model_before_semicolon(words);
-  if (words.size() != 3) return find_model_before_observer(words);
-  if (is_angle(words[2]) && words[0].ends_with(',')) return without_comma(words[0]);
+  if (!has_comma(text)) return find_model_before_semicolon(text);
+  Words words(text);
+  if (!walk_three(words)) return find_model_before_observer(text);
+  if (is_angle(words.back()) && words.back(2).ends_with(',')) return without_comma(words.back(2));
   return std::nullopt;
 }
 
 Answer find_serial_number(std::string_view text) {
-  const Words words(text);
-  for (std::size_t i = 0; i + 2 < words.size(); ++i) {
-    if ((words[i] == "Serial" || words[i] == "serial") && words[i + 1] == "number") {
-      return without_comma(words[i + 2]);
-    }
+  for (Words words(text); words.next();) {
+    if (words.count() < 3 || words.back(1) != "number") continue;
+    if (words.back(2) == "Serial" || words.back(2) == "serial") return without_comma(words.back());
   }
   return std::nullopt;
 }
 
 Answer find_illuminant(std::string_view text) {
-  const Words words(text);
-  if (words.size() < 3) return std::nullopt;
-  if (words.size() == 3 && words[0].ends_with(',') && words[1].ends_with(',')) {
-    return without_comma(words[1]);
+  Words three(text);
+  if (walk_three(three) && three.back(2).ends_with(',') && three.back(1).ends_with(',')) {
+    return without_comma(three.back(1));
   }
-  for (std::size_t i = 2; i < words.size(); ++i) {
-    if (ends_observer(words, i) && words[i - 2].ends_with(',')) return without_comma(words[i - 2]);
+  for (Words words(text); words.next();) {
+    if (words.count() >= 3 && ends_observer(words) && words.back(2).ends_with(',')) {
+      return without_comma(words.back(2));
+    }
   }
   return std::nullopt;
 }
 
 Answer find_observer(std::string_view text) {
-  const Words words(text);
-  if (words.size() == 3 && words[0].ends_with(',') && is_angle(words[2]))
-    return std::string(words[2]);
-  for (std::size_t i = 1; i < words.size(); ++i) {
-    if (is_degree(words[i])) return std::string(words[i - 1]);
+  Words three(text);
+  if (walk_three(three) && three.back(2).ends_with(',') && is_angle(three.back())) {
+    return std::string(three.back());
+  }
+  for (Words words(text); words.next();) {
+    if (words.count() >= 2 && is_degree(words.back())) return std::string(words.back(1));
   }
   return std::nullopt;
 }
 
 Answer find_setting(std::string_view text, std::string_view key) {
-  for (const std::string_view word : Words(text)) {
-    if (word.starts_with(key)) return std::string(word.substr(key.size()));
+  for (Words words(text); words.next();) {
+    if (words.back().starts_with(key)) return std::string(words.back().substr(key.size()));
   }
   return std::nullopt;
 }
 
 Answer find_density_standard(std::string_view text) {
-  const Words words(text);
-  for (std::size_t i = 0; i < words.size(); ++i) {
+  for (Words words(text); words.next();) {
     for (const std::string_view key : {"DensityStd=", "Density="}) {
-      if (!words[i].starts_with(key)) continue;
-      const std::string standard(words[i].substr(key.size()));
-      const bool takes_next = standard == "Status" && i + 1 < words.size();
-      return takes_next ? "Status " + std::string(words[i + 1]) : standard;
+      if (!words.back().starts_with(key)) continue;
+      std::string standard(words.back().substr(key.size()));
+      if (standard == "Status" && words.next()) standard.append(" ").append(words.back());
+      return standard;
     }
   }
   return std::nullopt;
 }
 
 Answer find_weighting(std::string_view text, std::string_view key) {
-  const Words words(text);
-  if (words.size() < 2 || !words[0].starts_with(key)) return std::nullopt;
-  return std::string(words[1]);
+  Words words(text);
+  if (!words.next() || !words.back().starts_with(key) || !words.next()) return std::nullopt;
+  return std::string(words.back());
 }
 
 }  // namespace vantor::Api

@@ -1,7 +1,5 @@
 #include "api/meta_tokenizer.h"
 
-#include "measdata/tokenizer.h"
-
 namespace vantor::Api {
 namespace {
 
@@ -18,15 +16,15 @@ std::string without_doubled_quotes(std::string_view word) {
 
 }  // namespace
 
-Words::Words(std::string_view text) {
-  words_.reserve(MeasData::count_tokens(text, MeasData::kBlankSeparated));
-  MeasData::Tokenizer tokenizer(text, MeasData::kBlankSeparated);
-  for (std::string_view word; tokenizer.next(word);) {
-    if (tokenizer.is_quoted() && word.find(kDoubledQuote) != std::string_view::npos) {
-      word = unescaped_.emplace_back(without_doubled_quotes(word));
-    }
-    words_.push_back(word);
+bool Words::next() {
+  std::string_view word;
+  if (!tokenizer_.next(word)) return false;
+  const std::size_t place = count_++ % kKept;
+  if (tokenizer_.is_quoted() && word.find(kDoubledQuote) != std::string_view::npos) {
+    word = unescaped_[place] = without_doubled_quotes(word);
   }
+  words_[place] = word;
+  return true;
 }
 
 }  // namespace vantor::Api

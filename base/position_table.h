@@ -20,7 +20,7 @@ class PositionTable {
 
   /// Makes room for `count` things.
   void reserve(std::size_t count) {
-    if (slots_.size() < 2 * count) rehash(std::bit_ceil(2 * count));
+    if (is_crowded(count)) rehash(std::bit_ceil(count + count / 3 + 1));
   }
   void clear() { *this = PositionTable(); }
 
@@ -42,7 +42,7 @@ class PositionTable {
   /// The same, but when there is none the thing is added at `new_position`.
   template <typename IsEqual>
   Position find_or_add(std::uint64_t hash, std::size_t new_position, const IsEqual& is_equal) {
-    if (slots_.size() < 2 * (count_ + 1)) grow();
+    if (is_crowded(count_ + 1)) grow();
     Slot& slot = slots_[find_slot(key_of(hash), is_equal)];
     if (slot.position == kNone) {
       if (new_position >= kNone) throw std::length_error("too many entries");
@@ -60,6 +60,8 @@ class PositionTable {
   using Slots = std::vector<Slot>;
   static constexpr std::size_t kFewestSlots = 16;
 
+  // At most three quarters of the slots are taken.
+  bool is_crowded(std::size_t count) const { return 4 * count > 3 * slots_.size(); }
   static std::uint32_t key_of(std::uint64_t hash) { return static_cast<std::uint32_t>(hash); }
 
   template <typename IsEqual>
@@ -86,7 +88,7 @@ class PositionTable {
     slots_.swap(slots);
   }
 
-  Slots slots_;  // a power of two of them, at most half of them taken
+  Slots slots_;  // none, or a power of two of them
   std::size_t count_ = 0;
 };
 

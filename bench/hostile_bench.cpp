@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <ctime>
 #include <functional>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -251,15 +252,24 @@ void load_and_ask(const std::string& text, int mode, Statistics statistics = Sta
 
 using Work = std::function<void(const std::string& text, int mode)>;
 
-// Processor time, the least of three runs.
+// Processor time.
 double milliseconds(const std::string& text, int mode, const Work& work) {
-  double best = 1e9;
-  for (int round = 0; round < 3; ++round) {
-    const std::clock_t start = std::clock();
-    work(text, mode);
-    best = std::min(best, static_cast<double>(std::clock() - start) * 1e3 / CLOCKS_PER_SEC);
+  const std::clock_t start = std::clock();
+  work(text, mode);
+  return static_cast<double>(std::clock() - start) * 1e3 / CLOCKS_PER_SEC;
+}
+
+// The least of five times for each text. The texts take turns, so that what else runs on the
+// machine disturbs all of them alike.
+std::vector<double> least_milliseconds(const std::vector<std::string>& texts, int mode,
+                                       const Work& work) {
+  std::vector<double> least(texts.size(), std::numeric_limits<double>::infinity());
+  for (int round = 0; round < 5; ++round) {
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      least[i] = std::min(least[i], milliseconds(texts[i], mode, work));
+    }
   }
-  return best;
+  return least;
 }
 
 // A line for each kind whose name contains `wanted`.
@@ -269,13 +279,11 @@ void print_kinds(const char* title, const std::string& wanted, const Work& work)
   for (const Kind& kind : kinds()) {
     if (std::string(kind.name).find(wanted) == std::string::npos) continue;
     const double size = static_cast<double>(kMegabytes.back() * kMegabyte);
-    // First of all: a child begins with what this process holds.
     const double peak =
         bench::peak_bytes([&] { work(kind.make(kMegabytes.back() * kMegabyte), kind.mode); });
-    std::array<double, kMegabytes.size()> times{};
-    for (std::size_t i = 0; i < times.size(); ++i) {
-      times[i] = milliseconds(kind.make(kMegabytes[i] * kMegabyte), kind.mode, work);
-    }
+    std::vector<std::string> texts;
+    for (const std::size_t count : kMegabytes) texts.push_back(kind.make(count * kMegabyte));
+    const std::vector<double> times = least_milliseconds(texts, kind.mode, work);
     table.push_back({kind.name, format("%.1f ms", times[0]), format("%.1f ms", times[1]),
                      format("%.1f ms", times[2]), format("%.1f", times[2] / times[1]),
                      format("%.1f", peak / size)});
@@ -317,7 +325,8 @@ int main(int argc, char** argv) {
   const Work ask = [](const std::string& text, int mode) {
     load_and_ask(text, mode, Statistics::ask);
   };
-  const double time = milliseconds(repeats, 0, ask) - milliseconds(repeats, 0, load);
+  const double time =
+      least_milliseconds({repeats}, 0, ask)[0] - least_milliseconds({repeats}, 0, load)[0];
   std::printf("\n%d measurements of one patch: %.0f ms, %.0f million pairs per second.\n", kRepeats,
               time, kPairs / time / 1e3);
   print_loads_of_one_handle();

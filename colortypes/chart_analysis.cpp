@@ -10,13 +10,18 @@
 #include <iterator>
 #include <limits>
 #include <span>
+#include <utility>
 
 namespace vantor::ColorTypes {
 namespace {
 
-// Counts how often each value comes, by open addressing.
+// Counts how often each value comes, by open addressing. Where most rows have values of their own,
+// sorting them is faster and takes less memory.
 class ValueCounter {
  public:
+  explicit ValueCounter(std::size_t rows) : most_(std::max(kMostOfAnyChart, rows / 4)) {}
+
+  bool isFull() const { return taken_ > most_; }
   void count(double value) {
     Slot& slot = find(slots_, value);
     if (slot.count++ == 0) {
@@ -25,16 +30,14 @@ class ValueCounter {
     }
   }
 
-  DistinctValues result() const {
-    std::vector<Slot> sorted;
-    sorted.reserve(taken_);
-    std::ranges::copy_if(slots_, std::back_inserter(sorted),
-                         [](const Slot& slot) { return slot.count != 0; });
-    std::ranges::sort(sorted, {}, &Slot::value);
+  /// Ends the counting.
+  DistinctValues takeResult() {
+    std::erase_if(slots_, [](const Slot& slot) { return slot.count == 0; });
+    std::ranges::sort(slots_, {}, &Slot::value);
     DistinctValues distinct;
-    distinct.values.reserve(sorted.size());
-    distinct.counts.reserve(sorted.size());
-    for (const Slot& slot : sorted) {
+    distinct.values.reserve(slots_.size());
+    distinct.counts.reserve(slots_.size());
+    for (const Slot& slot : slots_) {
       distinct.values.push_back(slot.value);
       distinct.counts.push_back(slot.count);
     }
@@ -46,6 +49,8 @@ class ValueCounter {
     double value = 0.0;
     std::int32_t count = 0;  // 0: a free slot
   };
+
+  static constexpr std::size_t kMostOfAnyChart = 10000;
 
   // The slot of the value, or the free one where it belongs.
   Slot& find(std::vector<Slot>& slots, double value) const {
@@ -65,7 +70,38 @@ class ValueCounter {
   std::uint64_t seed_ = Base::hash_seed();
   std::vector<Slot> slots_ = std::vector<Slot>(64);  // a power of two of them, always some free
   std::size_t taken_ = 0;
+  std::size_t most_;
 };
+
+std::vector<double> numbersOf(const ValueTable& device_values, std::size_t channel) {
+  std::vector<double> numbers;
+  numbers.reserve(device_values.rows());
+  for (std::size_t row = 0; row < device_values.rows(); ++row) {
+    const double value = device_values.row(row)[channel];
+    if (!std::isnan(value)) numbers.push_back(value);
+  }
+  return numbers;
+}
+
+DistinctValues countSorted(std::vector<double> numbers) {
+  // 0.0 and -0.0 are equal: the first of them stands for all.
+  const auto zero = std::ranges::find(numbers, 0.0);
+  if (zero != numbers.end()) std::ranges::replace(zero, numbers.end(), 0.0, double{*zero});
+  if (!std::ranges::is_sorted(numbers)) std::ranges::sort(numbers);
+  DistinctValues distinct;
+  std::size_t size = 0;
+  for (const double value : numbers) {
+    if (size == 0 || numbers[size - 1] != value) {
+      numbers[size++] = value;
+      distinct.counts.push_back(0);
+    }
+    ++distinct.counts.back();
+  }
+  numbers.resize(size);
+  numbers.shrink_to_fit();
+  distinct.values = std::move(numbers);
+  return distinct;
+}
 
 bool isInWedge(std::span<const double> row, std::size_t channel, ZeroSteps zeros) {
   for (std::size_t other = 0; other < row.size(); ++other) {
@@ -93,12 +129,12 @@ struct Step {
 }  // namespace
 
 DistinctValues collectDistinctValues(const ValueTable& device_values, std::size_t channel) {
-  ValueCounter counter;
-  for (std::size_t row = 0; row < device_values.rows(); ++row) {
+  ValueCounter counter(device_values.rows());
+  for (std::size_t row = 0; row < device_values.rows() && !counter.isFull(); ++row) {
     const double value = device_values.row(row)[channel];
     if (!std::isnan(value)) counter.count(value);
   }
-  return counter.result();
+  return counter.isFull() ? countSorted(numbersOf(device_values, channel)) : counter.takeResult();
 }
 
 std::vector<std::int32_t> rowsOfOneInk(const ValueTable& device_values) {

@@ -97,7 +97,7 @@ RepeatGroups::RepeatGroups(const ValueTable& rows) {
   starts_.assign(size_ + 1, 0);
   for (const std::uint32_t entry : entry_of_row) ++starts_[entry + 1];
   for (std::size_t entry = 0; entry < size_; ++entry) starts_[entry + 1] += starts_[entry];
-  std::vector<std::uint32_t> next(starts_.begin(), starts_.end() - 1);
+  std::vector<std::uint32_t> next = starts_;
   members_.resize(entry_of_row.size());
   for (std::size_t row = 0; row < entry_of_row.size(); ++row) {
     members_[next[entry_of_row[row]]++] = static_cast<std::uint32_t>(row);

@@ -16,8 +16,9 @@ using MeasData::MeasFileParser;
 // The cells of one row at a time.
 class RowCells {
  public:
+  // A file without rows may name any number of fields.
   explicit RowCells(const MeasFileParser& reader) : reader_(reader) {
-    cutter_.reserve(static_cast<std::size_t>(reader.field_count()));
+    if (reader.row_count() != 0) cutter_.reserve(static_cast<std::size_t>(reader.field_count()));
   }
 
   void move_to(int row) { cells_ = reader_.cells_of_row(row, cutter_); }

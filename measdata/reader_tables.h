@@ -2,12 +2,12 @@
 #ifndef MEASDATA_MEASDATA_READER_TABLES_H
 #define MEASDATA_MEASDATA_READER_TABLES_H
 
-#include "base/growing_list.h"
 #include "measdata/field_list.h"
 #include "measdata/keyword_list.h"
 #include "measdata/known_names.h"
 #include "measdata/message_log.h"
 #include "measdata/name_hash.h"
+#include "measdata/row_list.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -32,7 +32,7 @@ struct ReaderTables {
   /// those of the first govern the columns.
   std::vector<ColumnKind> column_kinds;
   /// The raw lines of the data block; cells are cut when they are asked for.
-  Base::GrowingList<std::string_view> rows;
+  RowList rows;
   KeywordList keywords;
   std::string_view identifier;
   FileKind file_kind = FileKind::other;

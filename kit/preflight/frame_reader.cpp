@@ -44,6 +44,21 @@ std::size_t count_breaks(std::string_view text) {
   return count;
 }
 
+// How many lines a header keeps, nearly: no blank ones, and comments that follow each other count
+// once.
+std::size_t count_kept_lines(std::string_view header) {
+  std::size_t count = 0;
+  bool was_comment = false;
+  for (LineCursor lines(header); lines.next();) {
+    const std::size_t start = lines.line().find_first_not_of(kBlanks);
+    if (start == std::string_view::npos) continue;
+    const bool is_comment = lines.line()[start] == kCommentChar;
+    count += is_comment && was_comment ? 0 : 1;
+    was_comment = is_comment;
+  }
+  return count;
+}
+
 bool is_standard_identifier(std::string_view name) {
   return name == "ISO28178" || name == "CGATS.17";
 }
@@ -153,6 +168,8 @@ void FrameReader::read_header(Table& table) {
   LineCursor lines(text_.substr(position_), line_);
   Items items;
   bool is_first = true;
+  const std::size_t end = find_marker_line(text_, "BEGIN_DATA", position_);
+  table.header.reserve(count_kept_lines(text_.substr(position_, end - position_)));
   while (!has_data_ && lines.next()) {
     vantor::MeasData::split_items(lines.line(), kBlankSeparated, kCommentChar, items);
     if (items.empty()) {
@@ -210,6 +227,7 @@ void FrameReader::read_field_list(Table& table, LineCursor& lines) {
       continue;
     }
     table.field_list = ++list_lines == 1 ? lines.line() : std::string_view();
+    if (table.fields.empty()) table.fields.reserve(items.size());
     for (const std::string_view item : items) {
       table.fields.push_back({std::string(item), static_cast<int>(table.fields.size())});
     }

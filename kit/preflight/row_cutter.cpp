@@ -39,6 +39,13 @@ struct RaggedRows {
   std::size_t size() const { return ends.size(); }
   std::size_t start(std::size_t row) const { return row == 0 ? 0 : ends[row - 1]; }
   std::size_t width(std::size_t row) const { return ends[row] - start(row); }
+  /// Makes room for rows of `width` cells, of which a text holds no more than every second byte.
+  void reserve_for(std::string_view data, std::size_t width) {
+    const auto breaks = static_cast<std::size_t>(std::count(data.begin(), data.end(), '\n'));
+    texts.reserve(std::min((breaks + 1) * width, data.size() / 2 + 1));
+    ends.reserve(breaks + 1);
+    lines.reserve(breaks + 1);
+  }
   bool all_have(std::size_t width) const {
     for (std::size_t row = 0; row < size(); ++row) {
       if (ends[row] != (row + 1) * width) return false;
@@ -54,6 +61,7 @@ RaggedRows cut_at_blanks(std::string_view data, std::size_t first_line,
   for (LineCursor lines(data, first_line); lines.next();) {
     const auto cells = cutter.cut(data, lines.line(), kBlankSeparated, comment_char);
     if (cells.empty()) continue;
+    if (rows.size() == 0) rows.reserve_for(data, cells.size());
     rows.texts.insert(rows.texts.end(), cells.begin(), cells.end());
     rows.ends.push_back(rows.texts.size());
     rows.lines.push_back(lines.number());

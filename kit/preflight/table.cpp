@@ -13,6 +13,23 @@ namespace measkit {
 using vantor::MeasData::Comma;
 using vantor::MeasData::NumberReader;
 
+FieldNames::FieldNames(const std::vector<Field>& fields) {
+  ends_.reserve(fields.size());
+  for (const Field& field : fields) {
+    letters_ += field.name;
+    ends_.push_back(letters_.size());
+  }
+}
+
+bool FieldNames::are_those_of(const std::vector<Field>& fields) const {
+  if (fields.size() != ends_.size() || fields.empty()) return false;
+  std::size_t start = 0;
+  for (std::size_t i = 0; i < fields.size(); start = ends_[i++]) {
+    if (letters_.compare(start, ends_[i] - start, fields[i].name) != 0) return false;
+  }
+  return true;
+}
+
 void Table::set_loaded(LoadedText loaded, int spectral_shift) {
   loaded_ = std::move(loaded);
   loaded_shift_ = spectral_shift;
@@ -72,18 +89,15 @@ std::vector<double> Table::numbers(int field) {
 
 std::vector<std::string_view> Table::field_names() const {
   std::vector<std::string_view> names;
+  names.reserve(fields.size());
   for (const Field& field : fields) names.emplace_back(field.name);
   return names;
 }
 
 const Roles& Table::roles() const {
-  const auto is_known = [this] {
-    return std::ranges::equal(fields, names_of_roles_, {}, &Field::name);
-  };
-  if (!is_known() || fields.empty()) {
+  if (!names_of_roles_.are_those_of(fields)) {
     roles_ = roles_of(field_names());
-    names_of_roles_.clear();
-    for (const Field& field : fields) names_of_roles_.push_back(field.name);
+    names_of_roles_ = FieldNames(fields);
   }
   return roles_;
 }

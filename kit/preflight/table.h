@@ -31,6 +31,19 @@ struct Field {
   int shift = 0;                             ///< places by which the decimal point moves right
 };
 
+/// A copy of the names of fields in two blocks of memory, since there may be millions.
+class FieldNames {
+ public:
+  FieldNames() = default;
+  explicit FieldNames(const std::vector<Field>& fields);
+  /// False when there are none, too.
+  bool are_those_of(const std::vector<Field>& fields) const;
+
+ private:
+  std::string letters_;
+  std::vector<std::size_t> ends_;
+};
+
 /// What a table is about, as its identifier says.
 enum class Content { measurement, correction_matrix, calibration_curves, emission_spectra };
 
@@ -133,7 +146,7 @@ class Table {
   Roles loaded_roles_;
   // What roles() answered last, and the names that it answered for.
   mutable Roles roles_;
-  mutable std::vector<std::string> names_of_roles_;
+  mutable FieldNames names_of_roles_;
 };
 
 /// The spectra of a table, row by row, from wherever they are at hand.

@@ -107,8 +107,9 @@ TEST(Metadata, FromTheMeasurementSource) {
 TEST(Metadata, WordsOfFreeText) {
   using Texts = std::vector<std::string>;
   const auto words_of = [](const char* text) {
-    const vantor::Api::Words words(text);
-    return Texts(words.begin(), words.end());
+    Texts texts;
+    for (vantor::Api::Words words(text); words.next();) texts.emplace_back(words.back());
+    return texts;
   };
   EXPECT_EQ(words_of(" a\tb  c "), (Texts{"a", "b", "c"}));
   EXPECT_EQ(words_of(R"("a ""b""" d)"), (Texts{R"(a "b")", "d"}));

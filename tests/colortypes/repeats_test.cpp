@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <numeric>
 #include <vector>
@@ -104,6 +105,14 @@ TEST(ChartAnalysis, DistinctValuesAscendWithTheirCounts) {
   EXPECT_EQ(many.values[299], 74.75);
   EXPECT_EQ(many.counts[99], 4);
   EXPECT_EQ(many.counts[100], 3);
+  rows = {{kNan}, {-0.0}, {0}};  // more than are counted without sorting
+  for (int i = 0; i < 21000; ++i) rows.push_back({i % 10500 * -0.25});
+  const DistinctValues sorted = collectDistinctValues(table_of(rows), 0);
+  ASSERT_EQ(sorted.values.size(), 10500U);
+  EXPECT_EQ(sorted.values[0], -0.25 * 10499);
+  EXPECT_TRUE(std::signbit(sorted.values[10499]));  // as the first zero
+  EXPECT_EQ(sorted.counts[10498], 2);
+  EXPECT_EQ(sorted.counts[10499], 4);
 }
 
 }  // namespace

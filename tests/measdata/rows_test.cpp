@@ -82,6 +82,12 @@ TEST(Rows, LongRowsAndManyCells) {
     }
     EXPECT_EQ(rows_of("A B\n" + row, kPlainTable), cells + "/");
   }
+  // About the length from which the list of rows keeps no length.
+  for (std::size_t size = (1U << 24U) - 2; size <= 1U << 24U; ++size) {
+    const std::string name(size - 2, 'x');
+    EXPECT_TRUE(rows_of("A B\n0 1\n" + name + " 1\r\na 2\n", kPlainTable) ==
+                "0|1/" + name + "|1/a|2/");
+  }
 }
 
 }  // namespace
