@@ -2,6 +2,7 @@
 #include "kit/convert/conversion.h"
 #include "tests/support/answers.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -28,10 +29,9 @@ std::string answers_to_text(Document& document, std::size_t chart) {
 }
 
 bool holds_control_bytes(std::string_view text) {
-  for (const char c : text) {
-    if (static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r') return true;
-  }
-  return false;
+  return std::ranges::any_of(text, [](char c) {
+    return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r';
+  });
 }
 
 void check(Document& document, std::size_t chart) {

@@ -117,7 +117,7 @@ Form form_of(const CommandLine& line, const std::string& output) {
 // several.
 std::string file_name(const Document& document, std::size_t chart, bool is_one_of_several,
                       Form form) {
-  std::string path = document.name();
+  const std::string& path = document.name();
   std::string name = path.substr(path.find_last_of("/\\") + 1);
   name = name.substr(0, std::min(name.rfind('.'), name.size()));
   if (name.empty()) name = "chart";

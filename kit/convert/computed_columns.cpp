@@ -121,6 +121,7 @@ RefusalWords use_grid(Table& table, const WavelengthRange& range, int digits) {
   if (wavelengths.size() < 2) return "the chart has no spectra to average";
   if (RefusalWords refusal = check_range(range, wavelengths); !refusal.empty()) return refusal;
   std::vector<std::vector<double>> old_values;
+  old_values.reserve(old_fields.size());
   for (const int field : old_fields) old_values.push_back(table.numbers(field));
   const double reach = std::max(range.step, widest_step(wavelengths));
   std::vector<std::pair<std::string, Column>> made;

@@ -307,7 +307,7 @@ Conversion convert(Document& document, std::span<const std::size_t> charts, Form
         Converter(document, chart, form, options, conversion).text(std::move(conversion.text));
     if (!conversion.refusal.empty()) return {{}, {}, std::move(conversion.refusal)};
     for (std::string& sentence : conversion.left_behind) {
-      if (charts.size() > 1) sentence = document.chart_name(chart) + ": " + sentence;
+      if (charts.size() > 1) sentence.insert(0, document.chart_name(chart) + ": ");
       left_behind.push_back(std::move(sentence));
     }
   }

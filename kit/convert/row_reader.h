@@ -27,7 +27,7 @@ class RowReader {
   std::span<const std::string_view> cells() const { return cells_; }
 
  private:
-  std::string_view changed(std::size_t field, std::size_t row, std::string_view cell);
+  std::string_view changed(std::size_t i, std::size_t row, std::string_view cell);
 
   Table& table_;
   std::vector<bool> is_changed_;  // fields whose cells may differ from those of the file

@@ -58,6 +58,7 @@ void use_spectra_in_percent(Table& table, std::vector<std::string>& left_behind)
   if (spectra.empty()) return;
   if (spectra.size() < 2 || !is_regular(spectra)) {
     std::vector<int> fields;
+    fields.reserve(spectra.size());
     for (const SpectralField& spectral : spectra) fields.push_back(spectral.field);
     table.remove_fields(std::move(fields));
     left_behind.emplace_back(

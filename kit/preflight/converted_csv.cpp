@@ -83,8 +83,9 @@ class CsvReader {
     const std::vector<bool> is_numeric = numeric_fields(table_, table_.roles());
     for (std::size_t i = 0; i < cells_.texts.size(); ++i) {
       std::string_view& cell = cells_.texts[i];
-      const std::size_t comma = is_numeric[i % cells_.width] ? cell.find(',') : cell.npos;
-      if (comma == cell.npos) continue;
+      const std::size_t comma =
+          is_numeric[i % cells_.width] ? cell.find(',') : std::string_view::npos;
+      if (comma == std::string_view::npos) continue;
       std::string number(cell);
       number[comma] = '.';
       cell = table_.pool.add(number);
