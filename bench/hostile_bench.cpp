@@ -31,7 +31,9 @@ std::string filled(std::size_t size, const std::string& head, const Part& part,
                    const std::string& tail) {
   std::string text = head;
   for (std::size_t i = 0; text.size() + tail.size() < size; ++i) text += part(i);
-  return text + tail;
+  text += tail;
+  text.shrink_to_fit();
+  return text;
 }
 
 std::string number(std::size_t value) { return std::to_string(value); }
@@ -279,10 +281,12 @@ void print_kinds(const char* title, const std::string& wanted, const Work& work)
   for (const Kind& kind : kinds()) {
     if (std::string(kind.name).find(wanted) == std::string::npos) continue;
     const double size = static_cast<double>(kMegabytes.back() * kMegabyte);
-    const double peak =
-        bench::peak_bytes([&] { work(kind.make(kMegabytes.back() * kMegabyte), kind.mode); });
-    std::vector<std::string> texts;
-    for (const std::size_t count : kMegabytes) texts.push_back(kind.make(count * kMegabyte));
+    std::vector<std::string> texts(kMegabytes.size());
+    texts.back() = kind.make(kMegabytes.back() * kMegabyte);
+    const double peak = bench::peak_bytes([&] { work(texts.back(), kind.mode); });
+    for (std::size_t i = 0; i + 1 < texts.size(); ++i) {
+      texts[i] = kind.make(kMegabytes[i] * kMegabyte);
+    }
     const std::vector<double> times = least_milliseconds(texts, kind.mode, work);
     table.push_back({kind.name, format("%.1f ms", times[0]), format("%.1f ms", times[1]),
                      format("%.1f ms", times[2]), format("%.1f", times[2] / times[1]),

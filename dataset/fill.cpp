@@ -150,8 +150,7 @@ void copy_header(const MeasFileParser& reader, PatchDataSet& data_set) {
   copy_texts(reader.spot_color_ids(), data_set.spot_color_ids);
 }
 
-bool take_failure(PatchDataSet& data_set, MeasFileParser& reader) {
-  reader.release_rows();
+bool take_failure(PatchDataSet& data_set, const MeasFileParser& reader) {
   data_set.messages = reader.messages();
   return false;
 }
@@ -161,6 +160,7 @@ bool take_failure(PatchDataSet& data_set, MeasFileParser& reader) {
 bool read_file(PatchDataSet& data_set, const char* path, MeasFileParser& reader,
                const SpectralRequest& range, const SpectralRequest& grid) {
   data_set.reset();
+  reader.drop_rows_of_wrong_width();
   if (!reader.load_file(path)) return take_failure(data_set, reader);
   data_set.file_name = path;
   return fill(data_set, reader, range, grid);
@@ -169,6 +169,7 @@ bool read_file(PatchDataSet& data_set, const char* path, MeasFileParser& reader,
 bool read_memory(PatchDataSet& data_set, std::string_view text, MeasFileParser& reader,
                  const SpectralRequest& range, const SpectralRequest& grid) {
   data_set.reset();
+  reader.drop_rows_of_wrong_width();
   if (!reader.load_view(text)) return take_failure(data_set, reader);
   return fill(data_set, reader, range, grid);
 }

@@ -81,6 +81,7 @@ void DataFormatReader::append_row(std::string_view line, std::size_t width,
     last_bad_row_width_ = width;
     tables_.log.error("In DATA block : line % has % fields, but % are required!\n",
                       {line_index, width, required});
+    if (!tables_.keeps_rows_of_wrong_width) tables_.rows.keep_size_alone();
   }
   tables_.rows.push_back(line);
 }

@@ -75,6 +75,7 @@ bool MeasFileParser::parse(std::string_view text) {
       settings_.mode == ReaderMode::lenient_silent || settings_.mode == ReaderMode::plain_table;
   tables_.log.reset(is_silent ? Warnings::drop : Warnings::write, text);
   tables_.rows = RowList(text);
+  tables_.keeps_rows_of_wrong_width = keeps_rows_of_wrong_width_;
   numbers_ = NumberReader();  // the locale may have changed since the last load
   if (is_semicolon_table()) {
     read_semicolon_table(text, read_with_.comment_char, tables_);

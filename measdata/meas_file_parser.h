@@ -25,8 +25,9 @@ class MeasFileParser final : public DataTableInterface {
  public:
   /// `mode` as in ReaderMode; every load in another mode fails without a message.
   explicit MeasFileParser(int mode);
-  /// Lets go of the rows, whose memory may be needed for their messages.
-  void release_rows() { tables_.rows = {}; }
+  /// Lets go of the rows as soon as one has a wrong width, which fails the load: their memory may
+  /// be needed for the messages about them.
+  void drop_rows_of_wrong_width() { keeps_rows_of_wrong_width_ = false; }
   /// Chooses the mode of the next load. The plain table (4) keeps the separators of the mode
   /// before.
   void set_mode(int mode);
@@ -94,6 +95,7 @@ class MeasFileParser final : public DataTableInterface {
 
   ReaderSettings settings_;   // of the next load
   ReaderSettings read_with_;  // of the last one, whose rows are cut when they are asked for
+  bool keeps_rows_of_wrong_width_ = true;
   FileText file_;
   std::string copy_;
   std::string_view text_;  // all that was read

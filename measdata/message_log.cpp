@@ -17,6 +17,10 @@ constexpr unsigned kKindMask = (1U << kKindBits) - 1;
 
 constexpr char kPlaceholder = '%';
 
+// Bytes.
+constexpr std::size_t kFullBlock = 1U << 16U;
+constexpr std::size_t kUsualRecord = 64;
+
 bool is_inside(std::string_view source, std::string_view text) {
   const std::less<> is_before;
   return !text.empty() && !is_before(text.data(), source.data()) &&
@@ -60,6 +64,10 @@ void MessageLog::grave(const char* format, Arguments arguments) {
 }
 
 void MessageLog::append(const char* format, Arguments arguments) {
+  if (blocks_.empty() || blocks_.back().size() >= kFullBlock) {
+    const bool is_first = blocks_.empty();  // most logs are short
+    blocks_.emplace_back().reserve(is_first ? 0 : kFullBlock + kUsualRecord);
+  }
   const auto known = std::ranges::find(formats_, format);
   append_number(static_cast<std::uint64_t>(known - formats_.begin()));
   if (known == formats_.end()) formats_.push_back(format);
@@ -76,22 +84,28 @@ void MessageLog::append_argument(const Argument& argument) {
     append_number(static_cast<std::uint64_t>(text.data() - source_.data()));
   } else {
     append_number(length | Kind::text_in_record);
-    records_.insert(records_.end(), text.begin(), text.end());
+    blocks_.back().insert(blocks_.back().end(), text.begin(), text.end());
   }
 }
 
 void MessageLog::append_number(std::uint64_t number) {
+  std::vector<unsigned char>& record = blocks_.back();
   for (; number >= 0x80U; number >>= 7U) {
-    records_.push_back(static_cast<unsigned char>(number | 0x80U));
+    record.push_back(static_cast<unsigned char>(number | 0x80U));
   }
-  records_.push_back(static_cast<unsigned char>(number));
+  record.push_back(static_cast<unsigned char>(number));
 }
 
 // Calls `take` with the pieces of the text, in order.
 template <typename Take>
 void MessageLog::for_each_piece(Take take) const {
-  const unsigned char* next = records_.data();
-  const unsigned char* const end = next + records_.size();
+  for (const std::vector<unsigned char>& block : blocks_) for_each_piece_of(block, take);
+}
+
+template <typename Take>
+void MessageLog::for_each_piece_of(std::span<const unsigned char> block, Take& take) const {
+  const unsigned char* next = block.data();
+  const unsigned char* const end = next + block.size();
   while (next != end) {
     std::string_view rest = formats_[static_cast<std::size_t>(take_number(next))];
     for (std::size_t at = rest.find(kPlaceholder); at != std::string_view::npos;

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,11 +53,14 @@ class MessageLog {
   void append_number(std::uint64_t number);
   template <typename Take>
   void for_each_piece(Take take) const;
+  template <typename Take>
+  void for_each_piece_of(std::span<const unsigned char> block, Take& take) const;
 
   std::string_view source_;
   std::vector<const char*> formats_;  // those in use, each once
-  // For each message the position of its format and its arguments.
-  std::vector<unsigned char> records_;
+  // For each message the position of its format and its arguments. No message lies in two blocks,
+  // and no block is moved when others come.
+  std::vector<std::vector<unsigned char>> blocks_;
   Warnings warnings_ = Warnings::write;
   bool no_errors_ = true;
   bool no_warnings_ = true;

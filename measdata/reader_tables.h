@@ -33,6 +33,7 @@ struct ReaderTables {
   std::vector<ColumnKind> column_kinds;
   /// The raw lines of the data block; cells are cut when they are asked for.
   RowList rows;
+  bool keeps_rows_of_wrong_width = true;
   KeywordList keywords;
   std::string_view identifier;
   FileKind file_kind = FileKind::other;

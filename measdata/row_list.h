@@ -20,8 +20,16 @@ class RowList {
   /// For lines of `text`, which must outlive the list.
   explicit RowList(std::string_view text) : text_(text) {}
 
-  std::size_t size() const { return places_.size(); }
+  std::size_t size() const { return size_; }
+  /// Forgets the rows and those to come, but for their number.
+  void keep_size_alone() {
+    if (!keeps_places_) return;
+    places_ = {};
+    keeps_places_ = false;
+  }
   void push_back(std::string_view row) {
+    ++size_;
+    if (!keeps_places_) return;
     const auto start = static_cast<std::uint64_t>(row.data() - text_.data());
     if (start >> (64U - kLengthBits) != 0) throw std::bad_alloc();  // 1 TiB
     places_.push_back(start << kLengthBits | std::min<std::uint64_t>(row.size(), kLongLine));
@@ -46,6 +54,8 @@ class RowList {
 
   std::string_view text_;
   Base::GrowingList<std::uint64_t> places_;
+  std::size_t size_ = 0;
+  bool keeps_places_ = true;
 };
 
 }  // namespace vantor::MeasData
